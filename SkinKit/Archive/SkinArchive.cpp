@@ -1,0 +1,190 @@
+#include "SkinKit/Archive/SkinArchive.h"
+
+#include "SkinKit/Platform/Check.h"
+#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Platform/Inflate.h"
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Platform/ZipFile.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace SkinKit {
+namespace {
+
+// The part after the last slash, trailing slashes not counted. A backslash is no separator.
+std::string_view lastPathComponent(std::string_view path)
+{
+    while (path.ends_with('/'))
+        path.remove_suffix(1);
+    const auto slash = path.rfind('/');
+    return slash == path.npos ? path : path.substr(slash + 1);
+}
+
+// The part after the last dot; nothing without one.
+std::optional<std::string_view> pathExtension(std::string_view name)
+{
+    const auto dot = name.rfind('.');
+    if (dot == name.npos)
+        return std::nullopt;
+    return name.substr(dot + 1);
+}
+
+// The table while it is being filled: the rules that archives and folders share.
+class Intake {
+public:
+    explicit Intake(const SkinArchive::Limits& limits) : limits_(limits)
+    {
+        check(limits.maxEntryBytes >= 0 && limits.maxTotalBytes >= 0,
+              "archive limits must not be negative");
+    }
+
+    bool isFull() const { return total_ >= limits_.maxTotalBytes; }
+
+    // The name under which a file would be kept, or nothing when it is not wanted: no name, a name
+    // already taken, an extension that is not read, or too large by its own account.
+    std::optional<std::string> wantedName(std::string_view path, std::int64_t declaredBytes) const
+    {
+        std::string name = Unicode::lowercased(lastPathComponent(path));
+        if (name.empty() || files_.contains(name))
+            return std::nullopt;
+        const auto extension = pathExtension(name);
+        if (!extension || !limits_.allowedExtensions.contains(*extension))
+            return std::nullopt;
+        if (declaredBytes > limits_.maxEntryBytes)
+            return std::nullopt;
+        return name;
+    }
+
+    // How large the next file may really be.
+    std::int64_t room() const
+    {
+        return std::min(limits_.maxEntryBytes, limits_.maxTotalBytes - total_);
+    }
+
+    // Nothing to keep (it could not be had, or had no room) changes nothing.
+    void keep(std::string name, std::optional<ByteBuffer> bytes)
+    {
+        if (!bytes)
+            return;
+        total_ += std::ssize(*bytes);
+        files_.emplace(std::move(name), std::move(*bytes));
+    }
+
+    SkinArchive::Table takeFiles() { return std::move(files_); }
+
+private:
+    const SkinArchive::Limits& limits_;
+    SkinArchive::Table files_;
+    std::int64_t total_ = 0;
+};
+
+// The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.
+std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
+                                  const ZipFile::Entry& entry, std::int64_t room)
+{
+    if (entry.isEncrypted)
+        return std::nullopt;
+    if (entry.method == ZipFile::Method::stored)
+        return entry.compressedBytes <= room ? zip.rawBytes(index, entry.compressedBytes)
+                                             : std::nullopt;
+    if (entry.method != ZipFile::Method::deflated)
+        return std::nullopt;
+
+    // Deflated data is never longer than this unless it is padded with empty blocks; the bound keeps
+    // a false size in the directory from asking for memory.
+    const std::int64_t longest = 2 * room + 65'536;
+    if (entry.compressedBytes > longest)
+        return std::nullopt;
+    const auto deflated = zip.rawBytes(index, entry.compressedBytes);
+    return deflated ? inflate(*deflated, entry.uncompressedBytes, room) : std::nullopt;
+}
+
+SkinArchive::Table readEntries(const ZipFile& zip, const SkinArchive::Limits& limits)
+{
+    Intake intake(limits);
+    for (std::int64_t i = 0; i < zip.entryCount(); ++i) {
+        const auto entry = zip.entry(i);
+        if (!entry || !entry->isRegularFile)
+            continue;
+        if (intake.isFull())
+            break;
+        if (auto name = intake.wantedName(entry->path, entry->uncompressedBytes))
+            intake.keep(std::move(*name), extract(zip, i, *entry, intake.room()));
+    }
+    return intake.takeFiles();
+}
+
+SkinArchive::Table readFolder(const std::filesystem::path& folder,
+                              const std::vector<Files::FolderEntry>& entries,
+                              const SkinArchive::Limits& limits)
+{
+    Intake intake(limits);
+    for (const auto& entry : entries) {
+        if (!entry.isRegularFile)
+            continue;
+        if (intake.isFull())
+            break;
+        const std::string readable = Unicode::repaired(asBytes(entry.name));
+        if (auto name = intake.wantedName(readable, entry.size)) {
+            auto bytes = Files::read(folder / entry.name, intake.room());
+            intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);
+        }
+    }
+    return intake.takeFiles();
+}
+
+}
+
+SkinArchive::SkinArchive(const Table& files) : entryCount_(std::ssize(files))
+{
+    for (const auto& [name, bytes] : files)
+        files_.emplace(Unicode::lowercased(name), bytes);
+}
+
+std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::path& path,
+                                                        const Limits& limits)
+{
+    SkinArchive archive;
+    const auto kind = Files::kind(path);
+    if (kind && *kind == Files::Kind::folder) {
+        const auto entries = Files::list(path);
+        if (!entries)
+            return std::unexpected(SkinError::unreadableArchive(entries.error().message()));
+        archive.entryCount_ = std::ssize(*entries);
+        archive.files_ = readFolder(path, *entries, limits);
+        return archive;
+    }
+
+    const auto zip = ZipFile::open(path);
+    if (!zip)
+        return std::unexpected(SkinError::unreadableArchive(zip.error()));
+    archive.entryCount_ = zip->entryCount();
+    archive.files_ = readEntries(*zip, limits);
+    return archive;
+}
+
+std::expected<SkinArchive, SkinError> SkinArchive::open(ByteView bytes, const Limits& limits)
+{
+    const auto zip = ZipFile::open(bytes);
+    if (!zip)
+        return std::unexpected(SkinError::unreadableArchive(zip.error()));
+    SkinArchive archive;
+    archive.entryCount_ = zip->entryCount();
+    archive.files_ = readEntries(*zip, limits);
+    return archive;
+}
+
+std::optional<ByteView> SkinArchive::file(std::string_view base,
+                                          std::initializer_list<std::string_view> extensions) const
+{
+    const std::string stem = Unicode::lowercased(base) + ".";
+    for (const auto extension : extensions) {
+        const auto found = files_.find(stem + Unicode::lowercased(extension));
+        if (found != files_.end())
+            return ByteView(found->second);
+    }
+    return std::nullopt;
+}
+
+}

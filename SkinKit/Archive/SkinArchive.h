@@ -1,0 +1,74 @@
+#pragma once
+
+#include "SkinKit/Platform/Bytes.h"
+#include "SkinKit/SkinError.h"
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <initializer_list>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace SkinKit {
+
+// The files of one skin, keyed by lower-cased name without folders, as decompressed bytes. Read in
+// whole when it is opened; nothing is open afterwards. Never changes, so threads may share it.
+class SkinArchive {
+public:
+    using Table = std::map<std::string, ByteBuffer, std::less<>>;
+
+    // What one archive may cost. An entry that breaks a limit is left out; that is not an error.
+    // Negative limits are a programming error.
+    struct Limits {
+        std::int64_t maxEntryBytes = 8 << 20;  // of one file, decompressed
+        std::int64_t maxTotalBytes = 64 << 20; // of all accepted files together
+        // Lower case, without the dot; files with any other are not read at all.
+        std::set<std::string, std::less<>> allowedExtensions = {"bmp", "png", "txt", "cur",
+                                                                "ani", "ini", "xml"};
+
+        bool operator==(const Limits&) const = default;
+    };
+
+    // Reads a ZIP file, or a folder whose regular files (no links, no sub-folders) stand for the
+    // entries in ascending byte order of their names. Fails only when it is neither, or cannot be
+    // read as what it is. Checksums are not verified: a file that decompresses counts.
+    static std::expected<SkinArchive, SkinError> open(const std::filesystem::path& path,
+                                                      const Limits& limits);
+    static std::expected<SkinArchive, SkinError> open(const std::filesystem::path& path)
+    {
+        return open(path, Limits{});
+    }
+    // Reads a ZIP file held in memory.
+    static std::expected<SkinArchive, SkinError> open(ByteView bytes, const Limits& limits);
+    static std::expected<SkinArchive, SkinError> open(ByteView bytes)
+    {
+        return open(bytes, Limits{});
+    }
+
+    // An archive of files that somebody already has; names are lower-cased, no limits apply. Of two
+    // names that differ only in case the first in byte order is kept.
+    explicit SkinArchive(const Table& files);
+
+    const Table& files() const { return files_; }
+
+    // The bytes of base.extension for the first extension that is present, whatever the case of the
+    // names. The view is valid while this archive lives.
+    std::optional<ByteView> file(std::string_view base,
+                                 std::initializer_list<std::string_view> extensions) const;
+
+    // How many entries the container had, of whatever kind, and how many of them `files` lacks.
+    std::int64_t entryCount() const { return entryCount_; }
+    std::int64_t leftOutCount() const { return entryCount_ - std::ssize(files_); }
+
+private:
+    SkinArchive() = default;
+
+    Table files_;
+    std::int64_t entryCount_ = 0;
+};
+
+}

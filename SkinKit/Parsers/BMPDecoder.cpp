@@ -1,0 +1,379 @@
+#include "SkinKit/Parsers/BMPDecoder.h"
+
+#include "SkinKit/Parsers/ByteReader.h"
+#include "SkinKit/Platform/Simd.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <utility>
+
+// A bitmap file:
+//
+//     0  "BM", file size, reserved        14 bytes; the pixels' offset at 10
+//    14  header                           its size first: 12 (OS/2), 40, 52, 56, 108 or 124
+//    54  red, green, blue masks           compression 3 only; inside the header when that is larger
+//        palette                          blue, green, red (, reserved) each
+//        pixels                           rows padded to 4 bytes, bottom row first unless the
+//                                         height is negative
+namespace SkinKit::BMPDecoder {
+namespace {
+
+constexpr std::int64_t fileHeaderBytes = 14;
+constexpr std::int64_t pixelOffsetField = 10;
+constexpr std::uint32_t coreHeaderBytes = 12;
+constexpr std::uint32_t infoHeaderBytes = 40;
+constexpr std::uint32_t headerSizes[] = {12, 40, 52, 56, 108, 124};
+constexpr std::int64_t masksOffset = 54;
+constexpr std::int64_t masksBytes = 12;
+constexpr Pixel black = packPixel(0, 0, 0);
+
+enum Compression : std::uint32_t { uncompressed = 0, rle8 = 1, rle4 = 2, bitFields = 3 };
+
+struct Header {
+    std::uint32_t headerBytes = 0;
+    std::uint32_t pixelOffset = 0;
+    int width = 0;
+    int rows = 0;
+    bool isTopDown = false;
+    int bitCount = 0;
+    std::uint32_t compression = uncompressed;
+    std::uint32_t colorsUsed = 0;
+};
+
+// Indices the file's palette lacks are black.
+struct Palette {
+    std::array<Pixel, 256> colors;
+    std::int64_t end = 0; // offset in the file
+};
+
+bool isSide(std::int64_t length)
+{
+    return length >= 1 && length <= maxSide;
+}
+
+// One row of the table of what may go together.
+bool isKnownFormat(const Header& header)
+{
+    switch (header.compression) {
+    case uncompressed:
+        return header.bitCount == 1 || header.bitCount == 4 || header.bitCount == 8 ||
+               header.bitCount == 16 || header.bitCount == 24 || header.bitCount == 32;
+    case rle8: return header.bitCount == 8 && !header.isTopDown;
+    case rle4: return header.bitCount == 4 && !header.isTopDown;
+    case bitFields: return header.bitCount == 16 || header.bitCount == 32;
+    default: return false;
+    }
+}
+
+// The caller has seen to it that the bytes of these fields are there.
+void readCoreFields(ByteReader& reader, Header& header)
+{
+    header.width = *reader.u16();
+    header.rows = *reader.u16();
+    reader.u16(); // planes
+    header.bitCount = *reader.u16();
+}
+
+void readInfoFields(ByteReader& reader, Header& header)
+{
+    const auto signedField = [&reader] { return std::bit_cast<std::int32_t>(*reader.u32()); };
+    header.width = signedField();
+    const std::int64_t height = signedField();
+    header.isTopDown = height < 0;
+    header.rows = static_cast<int>(std::min<std::int64_t>(std::abs(height), maxSide + 1));
+    reader.u16(); // planes
+    header.bitCount = *reader.u16();
+    header.compression = *reader.u32();
+    reader.bytes(12); // image size and the two resolutions
+    header.colorsUsed = *reader.u32();
+}
+
+std::optional<Header> readHeader(ByteView bytes)
+{
+    ByteReader reader(bytes);
+    const auto magic = reader.bytes(2);
+    if (std::ssize(bytes) < fileHeaderBytes || asText(*magic) != "BM")
+        return std::nullopt;
+
+    Header header;
+    reader = ByteReader(bytes, pixelOffsetField);
+    header.pixelOffset = reader.u32().value_or(0);
+    header.headerBytes = reader.u32().value_or(0);
+    if (std::ranges::find(headerSizes, header.headerBytes) == std::end(headerSizes) ||
+        std::ssize(bytes) < fileHeaderBytes + header.headerBytes)
+        return std::nullopt;
+
+    if (header.headerBytes == coreHeaderBytes)
+        readCoreFields(reader, header);
+    else
+        readInfoFields(reader, header);
+    if (!isSide(header.width) || !isSide(header.rows) ||
+        std::int64_t{header.width} * header.rows > maxPixels || !isKnownFormat(header))
+        return std::nullopt;
+    return header;
+}
+
+std::optional<Palette> readPalette(ByteView bytes, const Header& header)
+{
+    const bool isCore = header.headerBytes == coreHeaderBytes;
+    const std::int64_t entryBytes = isCore ? 3 : 4;
+    std::int64_t position = fileHeaderBytes + header.headerBytes;
+    if (header.compression == bitFields && header.headerBytes == infoHeaderBytes)
+        position = masksOffset + masksBytes;
+
+    std::uint32_t entries = 0;
+    if (header.bitCount <= 8) {
+        const std::uint32_t most = 1U << header.bitCount;
+        entries = header.colorsUsed != 0 && header.colorsUsed <= most ? header.colorsUsed : most;
+    }
+    ByteReader reader(bytes, position);
+    const auto colors = reader.bytes(entries * entryBytes);
+    if (!colors)
+        return std::nullopt;
+
+    Palette palette;
+    palette.end = reader.offset();
+    if (header.bitCount <= 8)
+        palette.colors.fill(black);
+    for (std::size_t i = 0; i < entries; ++i) {
+        const auto color = colors->subspan(i * static_cast<std::size_t>(entryBytes), 3);
+        palette.colors[i] = packPixel(color[2], color[1], color[0]);
+    }
+    return palette;
+}
+
+// One channel of a pixel that is read as a number.
+struct Channel {
+    std::uint32_t mask = 0;
+
+    unsigned operator()(std::uint32_t pixel) const
+    {
+        if (mask == 0)
+            return 0;
+        const std::uint64_t most = (std::uint64_t{1} << std::popcount(mask)) - 1;
+        const std::uint64_t value = (pixel & mask) >> std::countr_zero(mask);
+        return static_cast<unsigned>(std::min<std::uint64_t>(255, value * 255 / most));
+    }
+};
+
+struct Masks {
+    Channel red, green, blue;
+
+    Pixel operator()(std::uint32_t pixel) const
+    {
+        return packPixel(red(pixel), green(pixel), blue(pixel));
+    }
+};
+
+constexpr Masks fiveBitMasks{{0x7C00}, {0x03E0}, {0x001F}};
+constexpr Masks eightBitMasks{{0x00FF0000}, {0x0000FF00}, {0x000000FF}};
+
+std::optional<Masks> readMasks(ByteView bytes, const Header& header)
+{
+    if (header.compression != bitFields)
+        return header.bitCount == 16 ? fiveBitMasks : eightBitMasks;
+    ByteReader reader(bytes, masksOffset);
+    const auto red = reader.u32();
+    const auto green = reader.u32();
+    const auto blue = reader.u32();
+    if (!blue)
+        return std::nullopt;
+    return Masks{{*red}, {*green}, {*blue}};
+}
+
+// A depth of 1 or 4 bits: the most significant bits of a byte are its first pixel.
+template <int bitCount>
+void decodePackedRow(const std::uint8_t* source, const Palette& palette, std::span<Pixel> target)
+{
+    constexpr int perByte = 8 / bitCount;
+    constexpr unsigned mask = (1U << bitCount) - 1;
+    Pixel* pixel = target.data();
+    const auto whole = static_cast<std::ptrdiff_t>(target.size()) / perByte;
+    for (std::ptrdiff_t i = 0; i < whole; ++i)
+        for (int shift = 8 - bitCount; shift >= 0; shift -= bitCount)
+            *pixel++ = palette.colors[static_cast<unsigned>(source[i]) >> shift & mask];
+    for (int shift = 8 - bitCount; pixel != target.data() + target.size(); shift -= bitCount)
+        *pixel++ = palette.colors[static_cast<unsigned>(source[whole]) >> shift & mask];
+}
+
+void decodeRow(const std::uint8_t* source, const Header& header, const Palette& palette,
+               const Masks& masks, std::span<Pixel> target)
+{
+    switch (header.bitCount) {
+    case 1: return decodePackedRow<1>(source, palette, target);
+    case 4: return decodePackedRow<4>(source, palette, target);
+    case 8:
+        for (std::size_t x = 0; x < target.size(); ++x)
+            target[x] = palette.colors[source[x]];
+        return;
+    case 16:
+        for (std::size_t x = 0; x < target.size(); ++x)
+            target[x] =
+                masks(source[2 * x] | static_cast<std::uint32_t>(source[2 * x + 1]) << 8);
+        return;
+    case 24: return Simd::expandBGR(source, target.data(), target.size());
+    default:
+        for (std::size_t x = 0; x < target.size(); ++x)
+            target[x] = masks(source[4 * x] | static_cast<std::uint32_t>(source[4 * x + 1]) << 8 |
+                              static_cast<std::uint32_t>(source[4 * x + 2]) << 16 |
+                              static_cast<std::uint32_t>(source[4 * x + 3]) << 24);
+    }
+}
+
+std::optional<Image> decodeRows(ByteView bytes, std::int64_t start, const Header& header,
+                                const Palette& palette, const Masks& masks)
+{
+    const std::int64_t stride = (std::int64_t{header.width} * header.bitCount + 31) / 32 * 4;
+    if (std::ssize(bytes) < start + stride * header.rows)
+        return std::nullopt;
+
+    auto pixels = PixelBuffer::uncleared({header.width, header.rows});
+    for (int row = 0; row < header.rows; ++row)
+        decodeRow(bytes.data() + start + row * stride, header, palette, masks,
+                  pixels.row(header.isTopDown ? row : header.rows - 1 - row));
+    return Image(std::move(pixels), Image::Alpha::opaque);
+}
+
+// Writes runs into the raster; what falls outside is dropped, lines never wrap.
+class RunPlotter {
+public:
+    RunPlotter(PixelBuffer& pixels, const Palette& palette, bool isRLE4)
+        : pixels_(pixels), palette_(palette), isRLE4_(isRLE4)
+    {
+    }
+
+    bool isBelowImage() const { return y_ >= pixels_.size().height; }
+
+    void endLine()
+    {
+        ++y_;
+        x_ = 0;
+    }
+    void move(std::int64_t dx, std::int64_t dy)
+    {
+        x_ += dx;
+        y_ += dy;
+    }
+    // `count` pixels of one colour, or with RLE4 of two in turn.
+    void encodedRun(std::size_t count, std::uint8_t value)
+    {
+        const auto target = take(count);
+        if (!isRLE4_) {
+            std::ranges::fill(target, palette_.colors[value]);
+            return;
+        }
+        const Pixel nibbles[] = {palette_.colors[value >> 4], palette_.colors[value & 0xF]};
+        for (std::size_t i = 0; i < target.size(); ++i)
+            target[i] = nibbles[i % 2];
+    }
+    void absoluteRun(std::size_t count, ByteView values)
+    {
+        const auto target = take(count);
+        for (std::size_t i = 0; i < target.size(); ++i)
+            target[i] = palette_.colors[isRLE4_ ? values[i / 2] >> (i % 2 == 0 ? 4 : 0) & 0xF
+                                                : values[i]];
+    }
+
+private:
+    // The part of the next `count` pixels that lies in the image.
+    std::span<Pixel> take(std::size_t count)
+    {
+        const auto begin = static_cast<std::size_t>(x_);
+        x_ += static_cast<std::int64_t>(count);
+        const auto [width, height] = pixels_.size();
+        const auto inRow = static_cast<std::size_t>(width);
+        if (begin >= inRow)
+            return {};
+        return pixels_.row(height - 1 - static_cast<int>(y_))
+            .subspan(begin, std::min(count, inRow - begin));
+    }
+
+    PixelBuffer& pixels_;
+    const Palette& palette_;
+    bool isRLE4_;
+    std::int64_t x_ = 0;
+    std::int64_t y_ = 0; // 0 is the bottom line; always inside the image when a run is plotted
+};
+
+// Two bytes at a time: a count and a value, or 0 and what to do instead.
+bool decodeRuns(ByteReader& reader, RunPlotter& plotter, bool isRLE4)
+{
+    enum : std::uint8_t { endOfLine = 0, endOfBitmap = 1, delta = 2 };
+    while (true) {
+        const auto pair = reader.bytes(2);
+        if (!pair)
+            return false;
+        const std::uint8_t count = (*pair)[0];
+        const std::uint8_t value = (*pair)[1];
+
+        if (count == 0 && value == endOfBitmap)
+            return true;
+        if (count == 0 && value == endOfLine) {
+            plotter.endLine();
+            if (plotter.isBelowImage())
+                return true;
+            continue;
+        }
+        if (count == 0 && value == delta) {
+            const auto distance = reader.bytes(2);
+            if (!distance)
+                return false;
+            plotter.move((*distance)[0], (*distance)[1]);
+            if (plotter.isBelowImage())
+                return true;
+            continue;
+        }
+
+        if (count > 0) {
+            plotter.encodedRun(count, value);
+        } else {
+            const std::int64_t runBytes = isRLE4 ? (value + 1) / 2 : value;
+            const auto run = reader.bytes(runBytes);
+            if (!run)
+                return false;
+            plotter.absoluteRun(value, *run);
+            if (runBytes % 2 != 0 && reader.remaining() > 0)
+                reader.bytes(1);
+        }
+        // A stream must not end with a run.
+        if (reader.remaining() == 0)
+            return false;
+    }
+}
+
+std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Header& header,
+                               const Palette& palette)
+{
+    auto pixels = PixelBuffer::uncleared({header.width, header.rows});
+    std::fill_n(pixels.data(), pixels.count(), palette.colors[0]);
+    ByteReader reader(bytes, start);
+    const bool isRLE4 = header.compression == rle4;
+    RunPlotter plotter(pixels, palette, isRLE4);
+    if (!decodeRuns(reader, plotter, isRLE4))
+        return std::nullopt;
+    return Image(std::move(pixels), Image::Alpha::opaque);
+}
+
+}
+
+std::optional<Image> decode(ByteView bytes)
+{
+    const auto header = readHeader(bytes);
+    if (!header)
+        return std::nullopt;
+    const auto masks = readMasks(bytes, *header);
+    const auto palette = readPalette(bytes, *header);
+    if (!masks || !palette)
+        return std::nullopt;
+
+    // An offset that points into the header or past the end is wrong; the pixels follow the palette.
+    const bool offsetIsGood =
+        header->pixelOffset >= palette->end && header->pixelOffset < std::ssize(bytes);
+    const std::int64_t start = offsetIsGood ? header->pixelOffset : palette->end;
+    if (header->compression == rle8 || header->compression == rle4)
+        return decodeRLE(bytes, start, *header, *palette);
+    return decodeRows(bytes, start, *header, *palette, *masks);
+}
+
+}

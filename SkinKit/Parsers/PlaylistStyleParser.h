@@ -1,0 +1,23 @@
+#pragma once
+
+#include "SkinKit/Parsers/PlaylistStyle.h"
+#include "SkinKit/Platform/Bytes.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Reads "pledit.txt": the [Text] section of an INI file, colours written #RRGGBB.
+namespace SkinKit::PlaylistStyleParser {
+
+struct Result {
+    PlaylistStyle style;
+    std::vector<std::string> fallbacks; // a note for each colour that is there but unusable
+};
+
+// Never fails: a colour that is absent or unusable keeps its default, as does an empty font.
+Result parse(std::string_view text);
+// Bytes that are not UTF-8 become U+FFFD.
+Result parse(ByteView bytes);
+
+}

@@ -1,0 +1,255 @@
+#include "SkinKit/Platform/Files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace SkinKit::Files {
+namespace {
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+std::unexpected<std::error_code> failure(std::errc code)
+{
+    return std::unexpected(std::make_error_code(code));
+}
+
+// Reads until `bytes` is full or the file ends; the number of bytes read, or nothing on an error.
+std::optional<std::size_t> readFully(int descriptor, std::span<std::uint8_t> bytes)
+{
+    std::size_t done = 0;
+    while (done < bytes.size()) {
+        const ssize_t count = ::read(descriptor, bytes.data() + done, bytes.size() - done);
+        if (count == 0)
+            break;
+        if (count > 0)
+            done += static_cast<std::size_t>(count);
+        else if (errno != EINTR)
+            return std::nullopt;
+    }
+    return done;
+}
+
+std::error_code writeFully(int descriptor, ByteView bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+        if (count >= 0)
+            bytes = bytes.subspan(static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            return lastError();
+    }
+    return {};
+}
+
+// Writes and closes, telling of the first thing that failed: some file systems report a full disk
+// only on closing.
+std::error_code writeAndClose(int descriptor, ByteView bytes)
+{
+    const std::error_code error = writeFully(descriptor, bytes);
+    const bool closed = ::close(descriptor) == 0;
+    return error ? error : closed ? std::error_code{} : lastError();
+}
+
+// The descriptor of standard output or standard error, when `path` is a name of it.
+std::optional<int> standardStream(const struct ::stat& file)
+{
+    for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO}) {
+        struct ::stat stream {};
+        if (::fstat(descriptor, &stream) == 0 && stream.st_dev == file.st_dev &&
+            stream.st_ino == file.st_ino)
+            return descriptor;
+    }
+    return std::nullopt;
+}
+
+std::error_code writeInPlace(const char* path, ByteView bytes)
+{
+    const int descriptor = ::open(path, O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    return descriptor < 0 ? lastError() : writeAndClose(descriptor, bytes);
+}
+
+// Where `path` leads in the end, through links whose target need not exist yet.
+Result<std::filesystem::path> followLinks(std::filesystem::path path)
+{
+    constexpr int mostLinks = 40; // as the system itself allows
+    for (int i = 0; i < mostLinks; ++i) {
+        std::error_code error;
+        const auto target = std::filesystem::read_symlink(path, error);
+        if (error)
+            return path;
+        path = path.parent_path() / target;
+    }
+    return failure(std::errc::too_many_symbolic_link_levels);
+}
+
+// A new file beside `target`; its name goes to `name`.
+int makeNeighbour(const std::filesystem::path& target, std::string& name)
+{
+    constexpr int mostTries = 100;
+    for (int i = 0; i < mostTries; ++i) {
+        name = target.string() + "." + std::to_string(::getpid()) + "." + std::to_string(i) + ".tmp";
+        const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (descriptor >= 0 || errno != EEXIST)
+            return descriptor;
+    }
+    return -1;
+}
+
+std::error_code replace(const std::filesystem::path& target, ByteView bytes,
+                        std::optional<mode_t> mode)
+{
+    std::string neighbour;
+    const int descriptor = makeNeighbour(target, neighbour);
+    if (descriptor < 0)
+        return lastError();
+
+    std::error_code error;
+    if (mode && ::fchmod(descriptor, *mode) != 0)
+        error = lastError();
+    const auto written = writeAndClose(descriptor, bytes);
+    if (!error)
+        error = written;
+    if (!error && ::rename(neighbour.c_str(), target.c_str()) != 0)
+        error = lastError();
+    if (error)
+        ::unlink(neighbour.c_str());
+    return error;
+}
+
+}
+
+Result<Kind> kind(const std::filesystem::path& path)
+{
+    struct ::stat file {};
+    if (::stat(path.c_str(), &file) != 0)
+        return std::unexpected(lastError());
+    return S_ISREG(file.st_mode) ? Kind::regularFile
+           : S_ISDIR(file.st_mode) ? Kind::folder
+                                   : Kind::other;
+}
+
+Result<InputFile> InputFile::open(const std::filesystem::path& path)
+{
+    // Looked at before it is opened, since opening a device can have effects of its own; not waiting
+    // covers a file that turns into a pipe in between.
+    const auto found = kind(path);
+    if (!found)
+        return std::unexpected(found.error());
+    if (*found == Kind::folder)
+        return failure(std::errc::is_a_directory);
+    if (*found != Kind::regularFile)
+        return failure(std::errc::not_supported);
+
+    InputFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY), 0);
+    struct ::stat status {};
+    if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0)
+        return std::unexpected(lastError());
+    if (!S_ISREG(status.st_mode))
+        return failure(std::errc::not_supported);
+    file.size_ = status.st_size;
+    return file;
+}
+
+InputFile::InputFile(InputFile&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_)
+{
+}
+
+InputFile::~InputFile()
+{
+    if (descriptor_ >= 0)
+        ::close(descriptor_);
+}
+
+int InputFile::release()
+{
+    return std::exchange(descriptor_, -1);
+}
+
+Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
+{
+    // The size said is only where to start: a file may grow while it is read, and those under /proc
+    // say 0. One byte over it tells whether there is more.
+    constexpr std::int64_t smallestStep = 4096;
+    ByteBuffer bytes;
+    std::int64_t wanted = std::min(std::max(size_, smallestStep), maxBytes) + 1;
+    while (true) {
+        const std::size_t done = bytes.size();
+        bytes.resize(static_cast<std::size_t>(wanted));
+        const auto count = readFully(descriptor_, std::span(bytes).subspan(done));
+        if (!count)
+            return std::unexpected(lastError());
+        bytes.resize(done + *count);
+        if (std::ssize(bytes) > maxBytes)
+            return failure(std::errc::file_too_large);
+        if (std::ssize(bytes) < wanted)
+            return bytes;
+        wanted = std::min(2 * wanted, maxBytes + 1);
+    }
+}
+
+Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes)
+{
+    auto file = InputFile::open(path);
+    if (!file)
+        return std::unexpected(file.error());
+    return file->read(maxBytes);
+}
+
+Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
+{
+    const auto close = [](DIR* directory) { ::closedir(directory); };
+    const std::unique_ptr<DIR, decltype(close)> directory(::opendir(folder.c_str()), close);
+    if (!directory)
+        return std::unexpected(lastError());
+
+    std::vector<FolderEntry> entries;
+    while (true) {
+        errno = 0;
+        const dirent* const found = ::readdir(directory.get());
+        if (!found && errno != 0)
+            return std::unexpected(lastError());
+        if (!found)
+            break;
+        const std::string name = found->d_name;
+        if (name == "." || name == "..")
+            continue;
+        struct ::stat status {};
+        const bool known = ::fstatat(::dirfd(directory.get()), name.c_str(), &status,
+                                     AT_SYMLINK_NOFOLLOW) == 0;
+        entries.push_back({name, known && S_ISREG(status.st_mode), known ? status.st_size : 0});
+    }
+    std::ranges::sort(entries, {}, &FolderEntry::name);
+    return entries;
+}
+
+std::error_code write(const std::filesystem::path& path, ByteView bytes)
+{
+    struct ::stat file {};
+    if (::stat(path.c_str(), &file) != 0) {
+        if (errno != ENOENT)
+            return lastError();
+        const auto target = followLinks(path);
+        return target ? replace(*target, bytes, std::nullopt) : target.error();
+    }
+    if (const auto stream = standardStream(file))
+        return writeFully(*stream, bytes);
+    if (!S_ISREG(file.st_mode))
+        return writeInPlace(path.c_str(), bytes);
+
+    const auto target = followLinks(path);
+    return target ? replace(*target, bytes, file.st_mode & 07777) : target.error();
+}
+
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "SkinKit/Platform/Bytes.h"
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
+
+// Reading and writing files. Names are bytes, as the system has them. Only regular files and folders
+// are ever opened for reading: a pipe, a device or a socket is refused without waiting for it.
+namespace SkinKit::Files {
+
+template <typename T>
+using Result = std::expected<T, std::error_code>;
+
+enum class Kind { regularFile, folder, other };
+
+// What `path` leads to, links followed.
+Result<Kind> kind(const std::filesystem::path& path);
+
+// A regular file open for reading, closed at the end of its life.
+class InputFile {
+public:
+    static Result<InputFile> open(const std::filesystem::path& path);
+
+    InputFile(InputFile&& other) noexcept;
+    InputFile& operator=(InputFile&&) = delete;
+    ~InputFile();
+
+    // Its size when it was opened, in bytes.
+    std::int64_t size() const { return size_; }
+
+    // The whole file. Fails with std::errc::file_too_large when it holds more than `maxBytes`,
+    // whatever its size was said to be.
+    Result<ByteBuffer> read(std::int64_t maxBytes);
+
+    // Gives the descriptor to the caller, who then closes it.
+    int release();
+
+private:
+    InputFile(int descriptor, std::int64_t size) : descriptor_(descriptor), size_(size) {}
+
+    int descriptor_;
+    std::int64_t size_;
+};
+
+Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes);
+
+struct FolderEntry {
+    std::string name;
+    bool isRegularFile = false; // itself, not what a link leads to
+    std::int64_t size = 0;
+
+    bool operator==(const FolderEntry&) const = default;
+};
+
+// What stands directly in a folder, in ascending byte order of the names.
+Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder);
+
+// Writes `bytes` to `path`, links followed. A regular file, or one yet to be made, is replaced in
+// one step, so that nobody ever sees half of it and a failure leaves it as it was; a new file gets
+// the permissions that the umask leaves, an old one keeps its own. Anything else (a device, a pipe,
+// standard output by name) is written in place.
+std::error_code write(const std::filesystem::path& path, ByteView bytes);
+
+}

@@ -1,0 +1,18 @@
+#include "SkinKit/Platform/Numbers.h"
+
+#include <cmath>
+
+namespace SkinKit::Numbers {
+
+std::optional<double> parseDecimal(std::string_view text)
+{
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-')
+        text.remove_prefix(1);
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+}

@@ -1,0 +1,243 @@
+#include "SkinKit/Platform/PNGCodec.h"
+
+#include "SkinKit/Platform/Check.h"
+
+#include <libdeflate.h>
+#include <png.h>
+
+#include <algorithm>
+#include <csetjmp>
+#include <cstring>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace SkinKit::PNGCodec {
+namespace {
+
+constexpr std::size_t signatureBytes = 8;
+constexpr int bytesPerPixel = 4;
+
+// libpng reports an error by jumping out of its call. Everything a call leaves behind is therefore
+// held by these structs, which the jump does not unwind, and each function that makes such calls
+// has nothing of its own to destroy.
+void onError(png_structp png, png_const_charp)
+{
+    png_longjmp(png, 1);
+}
+void onWarning(png_structp, png_const_charp) {}
+
+struct Reader {
+    explicit Reader(ByteView source) : rest(source)
+    {
+        png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning);
+        info = png ? png_create_info_struct(png) : nullptr;
+        check(info != nullptr, "no memory for the PNG reader");
+    }
+    ~Reader() { png_destroy_read_struct(&png, &info, nullptr); }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    static void read(png_structp png, png_bytep target, std::size_t count)
+    {
+        auto& rest = static_cast<Reader*>(png_get_io_ptr(png))->rest;
+        if (count > rest.size())
+            png_error(png, "cut short");
+        std::memcpy(target, rest.data(), count);
+        rest = rest.subspan(count);
+    }
+
+    png_structp png = nullptr;
+    png_infop info = nullptr;
+    ByteView rest;
+    Size size;
+    bool hasAlpha = false;
+};
+
+// Reads up to the first row and asks for 8-bit RGBA rows.
+bool readHeader(Reader& reader, const Limits& limits)
+{
+    if (setjmp(png_jmpbuf(reader.png)))
+        return false;
+    png_set_read_fn(reader.png, &reader, Reader::read);
+    png_set_user_limits(reader.png, static_cast<png_uint_32>(limits.maxSide),
+                        static_cast<png_uint_32>(limits.maxSide));
+    png_read_info(reader.png, reader.info);
+
+    const auto width = png_get_image_width(reader.png, reader.info);
+    const auto height = png_get_image_height(reader.png, reader.info);
+    if (static_cast<std::int64_t>(width) * static_cast<std::int64_t>(height) > limits.maxPixels)
+        return false;
+    reader.size = {static_cast<int>(width), static_cast<int>(height)};
+    reader.hasAlpha = (png_get_color_type(reader.png, reader.info) & PNG_COLOR_MASK_ALPHA) != 0 ||
+                      png_get_valid(reader.png, reader.info, PNG_INFO_tRNS) != 0;
+
+    png_set_strip_16(reader.png);
+    png_set_expand(reader.png);
+    png_set_gray_to_rgb(reader.png);
+    png_set_add_alpha(reader.png, 0xFF, PNG_FILLER_AFTER);
+    png_set_interlace_handling(reader.png);
+    png_read_update_info(reader.png, reader.info);
+    return png_get_rowbytes(reader.png, reader.info) ==
+           static_cast<std::size_t>(reader.size.width) * bytesPerPixel;
+}
+
+bool readRows(Reader& reader, png_bytepp rows)
+{
+    if (setjmp(png_jmpbuf(reader.png)))
+        return false;
+    png_read_image(reader.png, rows);
+    png_read_end(reader.png, nullptr);
+    return true;
+}
+
+// Premultiplies in place and tells whether every pixel was opaque.
+Image::Alpha premultiplyAll(PixelBuffer& pixels)
+{
+    bool opaque = true;
+    for (Pixel& pixel : std::span(pixels.data(), pixels.count())) {
+        if (alphaOf(pixel) == 255)
+            continue;
+        opaque = false;
+        pixel = premultiply(pixel);
+    }
+    return opaque ? Image::Alpha::opaque : Image::Alpha::any;
+}
+
+// The writing side: libpng frames the chunks, into `bytes`.
+struct Writer {
+    Writer()
+    {
+        png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning);
+        info = png ? png_create_info_struct(png) : nullptr;
+        check(info != nullptr, "no memory for the PNG writer");
+    }
+    ~Writer() { png_destroy_write_struct(&png, &info); }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+
+    static void write(png_structp png, png_bytep source, std::size_t count)
+    {
+        auto& bytes = static_cast<Writer*>(png_get_io_ptr(png))->bytes;
+        bytes.insert(bytes.end(), source, source + count);
+    }
+    static void flush(png_structp) {}
+
+    png_structp png = nullptr;
+    png_infop info = nullptr;
+    ByteBuffer bytes;
+};
+
+bool writeFile(Writer& writer, Size size, ByteView compressedRows)
+{
+    if (setjmp(png_jmpbuf(writer.png)))
+        return false;
+    png_set_write_fn(writer.png, &writer, Writer::write, Writer::flush);
+    png_set_user_limits(writer.png, maxEncodedSide, maxEncodedSide);
+    png_set_IHDR(writer.png, writer.info, static_cast<png_uint_32>(size.width),
+                 static_cast<png_uint_32>(size.height), 8, PNG_COLOR_TYPE_RGB_ALPHA,
+                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_write_info(writer.png, writer.info);
+    constexpr png_byte dataChunk[] = "IDAT";
+    constexpr png_byte endChunk[] = "IEND";
+    png_write_chunk(writer.png, dataChunk, compressedRows.data(), compressedRows.size());
+    png_write_chunk(writer.png, endChunk, nullptr, 0);
+    return true;
+}
+
+// The row in straight alpha, as PNG wants it; `scratch` holds it where that differs.
+std::span<const Pixel> straightRow(std::span<const Pixel> row, bool opaque,
+                                   std::vector<Pixel>& scratch)
+{
+    const auto isPlain = [](Pixel pixel) { return alphaOf(pixel) == 255 || alphaOf(pixel) == 0; };
+    if (opaque || std::ranges::all_of(row, isPlain))
+        return row;
+    scratch.resize(row.size());
+    std::ranges::transform(row, scratch.begin(), unpremultiply);
+    return scratch;
+}
+
+enum Filter : std::uint8_t { none = 0, sub = 1, up = 2 };
+
+// A filter byte and the filtered row, at `target`. A row that repeats the one above it, as all but
+// one in `scale` do, becomes zeros; in a fresh one, a pixel that repeats its left neighbour does.
+void filterRow(std::span<const Pixel> row, std::span<const Pixel> above, std::uint8_t* target)
+{
+    const std::size_t count = row.size_bytes();
+    if (std::ranges::equal(row, above)) {
+        target[0] = up;
+        std::memset(target + 1, 0, count);
+        return;
+    }
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(row.data());
+    target[0] = sub;
+    std::memcpy(target + 1, bytes, bytesPerPixel);
+    for (std::size_t i = bytesPerPixel; i < count; ++i)
+        target[1 + i] = static_cast<std::uint8_t>(bytes[i] - bytes[i - bytesPerPixel]);
+}
+
+ByteBuffer filteredRows(const Image& image)
+{
+    const std::size_t rowBytes = 1 + static_cast<std::size_t>(image.width()) * bytesPerPixel;
+    ByteBuffer filtered(rowBytes * static_cast<std::size_t>(image.height()));
+    std::vector<Pixel> scratch, aboveScratch;
+    std::span<const Pixel> above;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto row = straightRow(image.row(y), image.isOpaque(), scratch);
+        filterRow(row, above, filtered.data() + static_cast<std::size_t>(y) * rowBytes);
+        if (row.data() == scratch.data())
+            std::swap(scratch, aboveScratch);
+        above = row;
+    }
+    return filtered;
+}
+
+struct FreeCompressor {
+    void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
+};
+
+ByteBuffer compressed(ByteView bytes)
+{
+    constexpr int level = 3;
+    thread_local const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
+        libdeflate_alloc_compressor(level));
+    check(compressor != nullptr, "no memory for a compressor");
+    ByteBuffer target(libdeflate_zlib_compress_bound(compressor.get(), bytes.size()));
+    target.resize(libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(),
+                                           target.data(), target.size()));
+    return target;
+}
+
+}
+
+std::optional<Image> decode(ByteView bytes, const Limits& limits)
+{
+    if (bytes.size() < signatureBytes || png_sig_cmp(bytes.data(), 0, signatureBytes) != 0)
+        return std::nullopt;
+    Reader reader(bytes);
+    if (!readHeader(reader, limits))
+        return std::nullopt;
+
+    auto pixels = PixelBuffer::uncleared(reader.size);
+    std::vector<png_bytep> rows;
+    for (int y = 0; y < reader.size.height; ++y)
+        rows.push_back(reinterpret_cast<png_bytep>(pixels.row(y).data()));
+    if (!readRows(reader, rows.data()))
+        return std::nullopt;
+    const auto alpha = reader.hasAlpha ? premultiplyAll(pixels) : Image::Alpha::opaque;
+    return Image(std::move(pixels), alpha);
+}
+
+std::optional<ByteBuffer> encode(const Image& image)
+{
+    if (image.width() > maxEncodedSide || image.height() > maxEncodedSide)
+        return std::nullopt;
+    const ByteBuffer rows = compressed(filteredRows(image));
+    Writer writer;
+    writer.bytes.reserve(rows.size() + 64);
+    if (!writeFile(writer, image.size(), rows))
+        return std::nullopt;
+    return std::move(writer.bytes);
+}
+
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "SkinKit/Platform/Bytes.h"
+#include "SkinKit/Raster/Image.h"
+
+#include <cstdint>
+#include <optional>
+
+// PNG files in memory. Gamma, colour profiles and text are ignored.
+namespace SkinKit::PNGCodec {
+
+// What one decode may cost; a larger picture is refused before any memory is asked for.
+struct Limits {
+    int maxSide = 4096;
+    std::int64_t maxPixels = 8'388'608;
+};
+
+// The picture in a PNG file of any colour type, depth and interlacing; 16-bit channels keep their
+// high byte. Nothing when the bytes are no PNG, are damaged or cut short, or break a limit.
+std::optional<Image> decode(ByteView bytes, const Limits& limits);
+
+// The largest side of a picture that can be encoded.
+inline constexpr int maxEncodedSide = 1'000'000;
+
+// The image as an 8-bit RGBA PNG file. Nothing when a side exceeds `maxEncodedSide`.
+std::optional<ByteBuffer> encode(const Image& image);
+
+}

@@ -1,0 +1,205 @@
+#include "SkinKit/Platform/Unicode.h"
+
+#include <utf8proc.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace SkinKit::Unicode {
+namespace {
+
+bool isASCII(std::string_view text)
+{
+    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+constexpr bool isWithin(std::uint8_t byte, std::uint8_t low, std::uint8_t high)
+{
+    return byte >= low && byte <= high;
+}
+
+// What may follow a first byte: the well-formed sequences, as a table of byte ranges.
+struct Sequence {
+    std::uint8_t firstLow, firstHigh;
+    std::uint8_t secondLow, secondHigh; // later bytes are 80 … BF
+    int length;
+};
+// clang-format off
+constexpr Sequence sequences[] = {
+    // first       second      length
+    {0x00, 0x7F,  0x00, 0x00,  1},
+    {0xC2, 0xDF,  0x80, 0xBF,  2},
+    {0xE0, 0xE0,  0xA0, 0xBF,  3},  // shorter forms refused
+    {0xE1, 0xEC,  0x80, 0xBF,  3},
+    {0xED, 0xED,  0x80, 0x9F,  3},  // surrogates refused
+    {0xEE, 0xEF,  0x80, 0xBF,  3},
+    {0xF0, 0xF0,  0x90, 0xBF,  4},  // shorter forms refused
+    {0xF1, 0xF3,  0x80, 0xBF,  4},
+    {0xF4, 0xF4,  0x80, 0x8F,  4},  // beyond U+10FFFF refused
+};
+// clang-format on
+
+struct Part {
+    std::size_t length; // bytes taken, at least 1
+    bool wellFormed;
+};
+
+// The well-formed sequence, or the longest start of one, at the front of non-empty bytes.
+Part firstPart(ByteView bytes)
+{
+    const auto sequence = std::ranges::find_if(sequences, [first = bytes[0]](const Sequence& s) {
+        return isWithin(first, s.firstLow, s.firstHigh);
+    });
+    if (sequence == std::end(sequences))
+        return {1, false};
+
+    const auto length = static_cast<std::size_t>(sequence->length);
+    for (std::size_t i = 1; i < length; ++i) {
+        const bool fits = i < bytes.size() &&
+                          (i == 1 ? isWithin(bytes[1], sequence->secondLow, sequence->secondHigh)
+                                  : isWithin(bytes[i], 0x80, 0xBF));
+        if (!fits)
+            return {i, false};
+    }
+    return {length, true};
+}
+
+}
+
+std::string repaired(ByteView bytes)
+{
+    if (isASCII(asText(bytes)))
+        return std::string(asText(bytes));
+
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const Part part = firstPart(bytes);
+        if (part.wellFormed)
+            text += asText(bytes.first(part.length));
+        else
+            append(text, replacementCharacter);
+        bytes = bytes.subspan(part.length);
+    }
+    return text;
+}
+
+char32_t takeFirst(std::string_view& text)
+{
+    utf8proc_int32_t codePoint = 0;
+    const auto length =
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+    if (length <= 0) {
+        text.remove_prefix(1);
+        return replacementCharacter;
+    }
+    text.remove_prefix(static_cast<std::size_t>(length));
+    return static_cast<char32_t>(codePoint);
+}
+
+void append(std::string& text, char32_t codePoint)
+{
+    utf8proc_uint8_t bytes[4];
+    const auto length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(codePoint), bytes);
+    text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
+}
+
+std::string lowercased(std::string_view text)
+{
+    std::string lower;
+    lower.reserve(text.size());
+    if (isASCII(text)) {
+        for (const char c : text)
+            lower += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        return lower;
+    }
+    while (!text.empty()) {
+        const char32_t codePoint = takeFirst(text);
+        if (codePoint == U'\u0130') // the one letter whose lower case is two code points
+            lower += "i\u0307";
+        else
+            append(lower, static_cast<char32_t>(
+                              utf8proc_tolower(static_cast<utf8proc_int32_t>(codePoint))));
+    }
+    return lower;
+}
+
+std::string composed(std::string_view text)
+{
+    if (isASCII(text))
+        return std::string(text);
+
+    utf8proc_uint8_t* mapped = nullptr;
+    const auto length = utf8proc_map(
+        reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+        static_cast<utf8proc_ssize_t>(text.size()), &mapped,
+        static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
+    if (length < 0) {
+        if (length == UTF8PROC_ERROR_NOMEM)
+            throw std::bad_alloc();
+        return std::string(text);
+    }
+    std::string result(reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(length));
+    std::free(mapped);
+    return result;
+}
+
+std::u16string toUTF16(std::string_view text)
+{
+    std::u16string units;
+    units.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t codePoint = takeFirst(text);
+        if (codePoint < 0x10000) {
+            units += static_cast<char16_t>(codePoint);
+        } else {
+            units += static_cast<char16_t>(0xD800 + ((codePoint - 0x10000) >> 10));
+            units += static_cast<char16_t>(0xDC00 + (codePoint & 0x3FF));
+        }
+    }
+    return units;
+}
+
+bool isWhiteSpace(char32_t codePoint)
+{
+    if (codePoint < 0x80)
+        return codePoint == ' ' || (codePoint >= '\t' && codePoint <= '\r');
+    switch (utf8proc_category(static_cast<utf8proc_int32_t>(codePoint))) {
+    case UTF8PROC_CATEGORY_ZS:
+    case UTF8PROC_CATEGORY_ZL:
+    case UTF8PROC_CATEGORY_ZP: return true;
+    default: return codePoint == 0x85;
+    }
+}
+
+bool isDigit(char32_t codePoint)
+{
+    if (codePoint < 0x80)
+        return codePoint >= '0' && codePoint <= '9';
+    return utf8proc_category(static_cast<utf8proc_int32_t>(codePoint)) == UTF8PROC_CATEGORY_ND;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+    while (!text.empty()) {
+        std::string_view rest = text;
+        if (!isWhiteSpace(takeFirst(rest)))
+            break;
+        text = rest;
+    }
+    while (!text.empty()) {
+        std::size_t start = text.size() - 1;
+        while (start > 0 && isContinuation(text[start]))
+            --start;
+        std::string_view last = text.substr(start);
+        if (!isWhiteSpace(takeFirst(last)))
+            break;
+        text = text.substr(0, start);
+    }
+    return text;
+}
+
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "SkinKit/Platform/Bytes.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Text is UTF-8 in std::string throughout; these are the few things that need to look inside it.
+// Plain ASCII, which most of it is, takes a short way through each.
+namespace SkinKit::Unicode {
+
+inline constexpr char32_t replacementCharacter = U'\uFFFD';
+
+// The bytes read as UTF-8, each ill-formed sequence replaced by U+FFFD (one for each maximal part
+// of a well-formed one). A byte order mark is a character like any other.
+std::string repaired(ByteView bytes);
+
+// Takes the first code point off well-formed, non-empty text.
+char32_t takeFirst(std::string_view& text);
+void append(std::string& text, char32_t codePoint);
+
+// Unicode lower case, independent of language.
+std::string lowercased(std::string_view text);
+// Canonical composition (NFC).
+std::string composed(std::string_view text);
+std::u16string toUTF16(std::string_view text);
+
+// The Unicode classes White_Space and decimal digit (Nd).
+bool isWhiteSpace(char32_t codePoint);
+bool isDigit(char32_t codePoint);
+
+// Without white space, line ends among it, at both ends.
+std::string_view trimmed(std::string_view text);
+
+}

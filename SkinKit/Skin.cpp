@@ -1,0 +1,58 @@
+#include "SkinKit/Skin.h"
+
+namespace SkinKit {
+namespace {
+
+constexpr int framePitch = 15;
+constexpr int frameRows = 13;
+
+constexpr int bandFrameCount = 28;
+constexpr int bandFramesInRow = 14;
+constexpr int bandFramePitch = 15;
+constexpr int bandRowPitch = 65;
+constexpr Size bandFrameSize{14, 63};
+
+}
+
+std::optional<SpriteFallbacks::Resolved> Skin::resolve(std::string_view sprite) const
+{
+    return SpriteFallbacks::resolve(
+        sprite, [this](std::string_view sheet) { return sheets.contains(sheet); });
+}
+
+std::optional<Image> Skin::image(std::string_view sprite) const
+{
+    const auto resolved = resolve(sprite);
+    if (!resolved)
+        return std::nullopt;
+    return sheets.find(resolved->sheet)->second.crop(resolved->rect);
+}
+
+std::optional<Image> Skin::image(std::string_view sprite, Frame frame) const
+{
+    const auto resolved = resolve(sprite);
+    if (!resolved || frame.number < 0 || frame.number > resolved->rect.height / framePitch)
+        return std::nullopt;
+    const Image& sheet = sheets.find(resolved->sheet)->second;
+    const Rect rect{resolved->rect.x, resolved->rect.y + framePitch * frame.number,
+                    resolved->rect.width, frameRows};
+    if (rect.bottom() > sheet.height() || rect.bottom() > resolved->rect.bottom())
+        return std::nullopt;
+    return sheet.crop(rect);
+}
+
+std::optional<Image> Skin::image(std::string_view sprite, BandFrame frame) const
+{
+    const auto resolved = resolve(sprite);
+    if (!resolved || frame.number < 0 || frame.number >= bandFrameCount)
+        return std::nullopt;
+    const Image& sheet = sheets.find(resolved->sheet)->second;
+    const Rect rect{resolved->rect.x + frame.number % bandFramesInRow * bandFramePitch,
+                    resolved->rect.y + frame.number / bandFramesInRow * bandRowPitch,
+                    bandFrameSize.width, bandFrameSize.height};
+    if (rect.right() > sheet.width() || rect.bottom() > sheet.height())
+        return std::nullopt;
+    return sheet.crop(rect);
+}
+
+}

@@ -1,0 +1,170 @@
+#include "SkinKit/SkinParser.h"
+
+#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Parsers/PlaylistStyleParser.h"
+#include "SkinKit/Parsers/RegionParser.h"
+#include "SkinKit/Parsers/VisColorParser.h"
+#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Sprites/GeneratedBaseSkin.h"
+#include "SkinKit/Sprites/SkinSprites.h"
+
+#include <string>
+
+namespace SkinKit::SkinParser {
+namespace {
+
+using Names = std::set<std::string_view>;
+
+constexpr PNGCodec::Limits sheetLimits{BMPDecoder::maxSide, BMPDecoder::maxPixels};
+
+std::string bitmapName(std::string_view sheet)
+{
+    return Unicode::lowercased(sheet) + ".bmp";
+}
+
+// Files are taken for what they hold, not for what they are called.
+std::optional<Image> decodeSheet(ByteView bytes)
+{
+    auto image = PNGCodec::decode(bytes, sheetLimits);
+    return image ? image : BMPDecoder::decode(bytes);
+}
+
+// The skin while it is being put together. Each step adds its notes, so their order is the order of
+// the steps.
+class Assembly {
+public:
+    explicit Assembly(const SkinArchive& archive) : archive_(archive) {}
+
+    void loadSheets()
+    {
+        for (const auto& sheet : SkinSprites::sheets()) {
+            const auto bytes = archive_.file(sheet.name, {"bmp", "png"});
+            if (!bytes) {
+                missing_.insert(sheet.name);
+            } else if (auto image = decodeSheet(*bytes)) {
+                skin_.sheets.emplace(sheet.name, std::move(*image));
+            } else {
+                undecodable_.insert(sheet.name);
+                skin_.warnings.push_back("Undecodable " + bitmapName(sheet.name));
+            }
+        }
+    }
+
+    bool hasSheets() const { return !skin_.sheets.empty(); }
+
+    void generateSheets()
+    {
+        for (const auto& sheet : SkinSprites::sheets()) {
+            if (has(sheet.name) || (sheet.name == "NUMBERS" && has("NUMS_EX")))
+                continue;
+            auto image = GeneratedBaseSkin::sheet(sheet.name);
+            if (!image)
+                continue;
+            skin_.sheets.emplace(sheet.name, std::move(*image));
+            skin_.generatedSheets.emplace(sheet.name);
+            skin_.fallbacks.push_back(
+                bitmapName(sheet.name) +
+                (undecodable_.contains(sheet.name) ? " undecodable" : " missing") +
+                "; generated base");
+        }
+    }
+
+    void noteMissingSheets()
+    {
+        for (const auto name : missing_)
+            if (!SkinSprites::isOptionalSheet(name))
+                skin_.warnings.push_back("Missing " + bitmapName(name));
+    }
+
+    void noteOptionalSheets()
+    {
+        if (isMissing("BALANCE") && has("VOLUME"))
+            addFallback("balance.bmp missing; balance slider uses volume.bmp");
+        if (isMissing("NUMBERS") && isMissing("NUMS_EX"))
+            skin_.warnings.emplace_back("Missing numbers.bmp and nums_ex.bmp");
+        else if (isMissing("NUMS_EX"))
+            addFallback("nums_ex.bmp missing; digits use numbers.bmp");
+        else if (isMissing("NUMBERS"))
+            addFallback("numbers.bmp missing; digits use nums_ex.bmp");
+        if (isMissing("EQ_EX"))
+            addFallback("eq_ex.bmp missing; EQ maximize button uses eqmain.bmp");
+        if (isMissing("GEN"))
+            addFallback("gen.bmp missing (not used in v1)");
+    }
+
+    void readVisColors()
+    {
+        const auto bytes = archive_.file("viscolor", {"txt"});
+        if (!bytes)
+            return addFallback("viscolor.txt missing; Webamp defaults");
+        const auto [colors, count] = VisColorParser::parseCounted(*bytes);
+        skin_.visColors = colors;
+        if (count == VisColorParser::colorCount)
+            return;
+        constexpr int last = VisColorParser::colorCount - 1;
+        const std::string number = std::to_string(count);
+        addFallback("viscolor.txt has " + number + " of 24 colours; defaults for " +
+                    (count == last ? number : number + "\u2013" + std::to_string(last)));
+    }
+
+    void readRegion()
+    {
+        if (const auto bytes = archive_.file("region", {"txt"}))
+            skin_.region = RegionParser::parse(*bytes);
+    }
+
+    void readPlaylistStyle()
+    {
+        const auto bytes = archive_.file("pledit", {"txt"});
+        if (!bytes)
+            return addFallback("pledit.txt missing; Webamp default playlist colours");
+        auto [style, notes] = PlaylistStyleParser::parse(*bytes);
+        skin_.playlistStyle = std::move(style);
+        for (auto& note : notes)
+            addFallback(std::move(note));
+    }
+
+    Skin take() { return std::move(skin_); }
+
+private:
+    bool has(std::string_view sheet) const { return skin_.sheets.contains(sheet); }
+    bool isMissing(std::string_view sheet) const { return missing_.contains(sheet); }
+    void addFallback(std::string note) { skin_.fallbacks.push_back(std::move(note)); }
+
+    const SkinArchive& archive_;
+    Skin skin_;
+    Names missing_;
+    Names undecodable_;
+};
+
+}
+
+std::expected<Skin, SkinError> parse(const std::filesystem::path& path,
+                                     const SkinArchive::Limits& limits)
+{
+    const auto archive = SkinArchive::open(path, limits);
+    if (!archive)
+        return std::unexpected(archive.error());
+    return parse(*archive);
+}
+
+std::expected<Skin, SkinError> parse(const SkinArchive& archive)
+{
+    if (archive.file("skin", {"xml"}))
+        return std::unexpected(SkinError::modernSkin());
+
+    Assembly assembly(archive);
+    assembly.loadSheets();
+    if (!assembly.hasSheets())
+        return std::unexpected(SkinError::noBitmaps());
+    assembly.generateSheets();
+    assembly.noteMissingSheets();
+    assembly.noteOptionalSheets();
+    assembly.readVisColors();
+    assembly.readRegion();
+    assembly.readPlaylistStyle();
+    return assembly.take();
+}
+
+}

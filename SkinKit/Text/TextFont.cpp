@@ -1,0 +1,126 @@
+#include "SkinKit/Text/TextFont.h"
+
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Sprites/SkinSprites.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace SkinKit::TextFont {
+namespace {
+
+struct Fold {
+    std::string_view letters;
+    std::u16string_view units; // folded to them
+};
+// clang-format off
+constexpr Fold folds[] = {
+    {"A",  u"ÀÁÂÃÄÅĀĂĄ"},    {"a",  u"àáâãäåāăą"},
+    {"C",  u"ÇĆĈĊČ"},        {"c",  u"çćĉċč"},
+    {"D",  u"ÐĎĐ"},          {"d",  u"ðďđ"},
+    {"E",  u"ÈÉÊËĒĔĖĘĚ"},    {"e",  u"èéêëēĕėęě"},
+    {"G",  u"ĜĞĠĢ"},         {"g",  u"ĝğġģ"},
+    {"H",  u"ĤĦ"},           {"h",  u"ĥħ"},
+    {"I",  u"ÌÍÎÏĨĪĬĮİ"},    {"i",  u"ìíîïĩīĭįı"},
+    {"J",  u"Ĵ"},            {"j",  u"ĵ"},
+    {"K",  u"Ķ"},            {"k",  u"ķĸ"},
+    {"L",  u"ĹĻĽĿŁ"},        {"l",  u"ĺļľŀł"},
+    {"N",  u"ÑŃŅŇŊ"},        {"n",  u"ñńņňŋ"},
+    {"O",  u"ÒÓÔÕÖØŌŎŐ"},    {"o",  u"òóôõöøōŏő"},
+    {"R",  u"ŔŖŘ"},          {"r",  u"ŕŗř"},
+    {"S",  u"ŚŜŞŠ"},         {"s",  u"śŝşšſ"},
+    {"T",  u"ŢŤŦ"},          {"t",  u"ţťŧ"},
+    {"U",  u"ÙÚÛÜŨŪŬŮŰŲ"},   {"u",  u"ùúûüũūŭůűų"},
+    {"W",  u"Ŵ"},            {"w",  u"ŵ"},
+    {"Y",  u"ÝŶŸ"},          {"y",  u"ýÿŷ"},
+    {"Z",  u"ŹŻŽ"},          {"z",  u"źżž"},
+    {"Ae", u"Æ"},            {"ae", u"æ"},
+    {"Oe", u"Œ"},            {"oe", u"œ"},
+    {"IJ", u"Ĳ"},            {"ij", u"ĳ"},
+    {"Th", u"Þ"},            {"th", u"þ"},
+    {"ss", u"ß"},
+    {"'n", u"ŉ"},
+};
+// clang-format on
+
+static_assert([] {
+    std::size_t count = 0;
+    for (const Fold& fold : folds)
+        count += fold.units.size();
+    return count;
+}() == 190);
+
+bool isCombiningMark(char16_t unit)
+{
+    return (unit >= 0x0300 && unit <= 0x036F) || (unit >= 0xFE20 && unit <= 0xFE2F) ||
+           (unit >= 0x20D0 && unit <= 0x20FF);
+}
+
+bool isSurrogate(char16_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+std::optional<Sprite> find(char16_t unit)
+{
+    if (isSurrogate(unit))
+        return std::nullopt;
+    std::string text;
+    if (const auto letters = deburr(unit))
+        text = *letters;
+    else if (isCombiningMark(unit))
+        return std::nullopt;
+    else
+        Unicode::append(text, unit);
+
+    const auto first = Unicode::toUTF16(Unicode::lowercased(text)).front();
+    const auto placed =
+        SkinSprites::byName("CHARACTER_" + std::to_string(static_cast<unsigned>(first)));
+    return placed ? std::optional(placed->sprite) : std::nullopt;
+}
+
+constexpr std::size_t asciiCount = 128;
+
+// Nearly all text is ASCII; looking each character up once makes a title cost next to nothing.
+std::array<std::optional<Sprite>, asciiCount> findASCII()
+{
+    std::array<std::optional<Sprite>, asciiCount> found;
+    for (std::size_t unit = 0; unit < asciiCount; ++unit)
+        found[unit] = find(static_cast<char16_t>(unit));
+    return found;
+}
+
+}
+
+std::optional<std::string_view> deburr(char16_t unit)
+{
+    constexpr char16_t firstFolded = u'À';
+    if (unit < firstFolded)
+        return std::nullopt;
+    const auto fold = std::ranges::find_if(
+        folds, [unit](const Fold& candidate) { return candidate.units.contains(unit); });
+    return fold == std::end(folds) ? std::nullopt : std::optional(fold->letters);
+}
+
+std::optional<Sprite> sprite(char16_t unit)
+{
+    static const auto ascii = findASCII();
+    return unit < asciiCount ? ascii[unit] : find(unit);
+}
+
+std::optional<std::string_view> spriteName(char16_t unit)
+{
+    const auto found = sprite(unit);
+    return found ? std::optional(found->name) : std::nullopt;
+}
+
+std::vector<std::optional<std::string_view>> cells(std::string_view text)
+{
+    std::vector<std::optional<std::string_view>> names;
+    for (const char16_t unit : Unicode::toUTF16(text))
+        names.push_back(spriteName(unit));
+    return names;
+}
+
+}

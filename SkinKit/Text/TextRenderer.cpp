@@ -1,0 +1,67 @@
+#include "SkinKit/Text/TextRenderer.h"
+
+#include "SkinKit/Layout/MainShadeLayout.h"
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Raster/Canvas.h"
+#include "SkinKit/Text/TextFont.h"
+
+#include <utility>
+
+namespace SkinKit {
+namespace {
+
+const Image* textSheet(const Skin& skin)
+{
+    const auto found = skin.sheets.find(TextFont::sheet);
+    return found == skin.sheets.end() ? nullptr : &found->second;
+}
+
+// The unit's cell with its left edge at `x`; a crop cut short by a small sheet is stretched.
+void drawCell(Canvas& canvas, const Image& sheet, char16_t unit, int x)
+{
+    const auto sprite = TextFont::sprite(unit);
+    const auto cell = sprite ? sheet.crop(sprite->rect()) : std::nullopt;
+    if (cell)
+        canvas.draw(*cell, Rect{x, 0, TextFont::cellWidth, TextFont::cellHeight});
+}
+
+}
+
+std::optional<Image> textImage(const Skin& skin, std::string_view text)
+{
+    const Image* const sheet = textSheet(skin);
+    if (!sheet || text.empty())
+        return std::nullopt;
+
+    const auto units = Unicode::toUTF16(Unicode::composed(text));
+    Canvas canvas(
+        {TextFont::cellWidth * static_cast<int>(units.size()), TextFont::cellHeight});
+    int x = 0;
+    for (const char16_t unit : units) {
+        drawCell(canvas, *sheet, unit, x);
+        x += TextFont::cellWidth;
+    }
+    return std::move(canvas).image();
+}
+
+std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters)
+{
+    const Image* const sheet = textSheet(skin);
+    if (!sheet)
+        return std::nullopt;
+
+    Canvas canvas({MainShadeLayout::miniTimeImageWidth, TextFont::cellHeight});
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        const auto units = Unicode::toUTF16(Unicode::composed(characters[i]));
+        if (!units.empty())
+            drawCell(canvas, *sheet, units.front(), MainShadeLayout::miniTimeCellX[i]);
+    }
+    return std::move(canvas).image();
+}
+
+Rect minusFrame(const Skin& skin)
+{
+    return skin.usesNumsEx() ? Rect{38, 26, 9, 13} : Rect{38, 32, 5, 1};
+}
+
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "SkinKit/Display/MiniTime.h"
+#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Skin.h"
+
+#include <optional>
+#include <string_view>
+
+// What a skin can do with text.
+namespace SkinKit {
+
+// The text in the skin's font, 5 × 6 pixels a cell, transparent where the font has no cell for a
+// character. Nothing without a text sheet or for an empty text.
+std::optional<Image> textImage(const Skin& skin, std::string_view text);
+
+// The shaded window's clock, 30 × 6 pixels, with a gap for the colon of the skin's own background.
+// Nothing without a text sheet.
+std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters);
+
+// Where the clock's sign stands: the extended digits have a full-sized one, the plain ones a dash.
+Rect minusFrame(const Skin& skin);
+
+}
