@@ -1,0 +1,35 @@
+#pragma once
+
+#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Raster/RGBColor.h"
+#include "tests/support/Bytes.h"
+
+#include <cstdint>
+#include <vector>
+
+// Bitmap files, written from the format's tables and from nothing in the decoder.
+namespace support {
+
+// The fields of a 40-byte header, to be set wrong at will, and what follows it.
+struct BMPFile {
+    std::int32_t width = 1;
+    std::int32_t height = 1; // negative: top row first
+    int bitCount = 24;
+    std::uint32_t compression = 0;
+    std::uint32_t colorsUsed = 0;
+    std::vector<SkinKit::RGBColor> palette;
+    ByteBuffer pixels; // as they lie in the file, rows padded
+
+    ByteBuffer bytes() const;
+};
+
+// A picture as a file of the given depth. Below 24 bits its colours make the palette, in the order
+// they appear in; there must not be more of them than the depth allows.
+ByteBuffer encodeBMP(const SkinKit::Image& image, int bitCount);
+// The same as RLE8 or RLE4 (bitCount 8 or 4): runs, absolute stretches, and an end of bitmap.
+ByteBuffer encodeRLE(const SkinKit::Image& image, int bitCount);
+
+// A picture all of one colour.
+SkinKit::Image solidImage(SkinKit::Size size, SkinKit::RGBColor color);
+
+}
