@@ -22,6 +22,7 @@
 #include "SkinKit/Raster/Geometry.h"
 #include "SkinKit/Raster/Image.h"
 #include "SkinKit/Raster/RGBColor.h"
+#include "SkinKit/Rendering/ImageDiff.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Rendering/MainWindowState.h"
