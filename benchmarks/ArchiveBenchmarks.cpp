@@ -8,8 +8,8 @@
 #include <cstdlib>
 #include <vector>
 
-// Reading an archive, beside what libdeflate alone needs to inflate the same entries from memory into
-// buffers that are there already.
+// Reading an archive, beside what libdeflate alone needs to inflate the same entries from memory
+// into buffers that are there already.
 namespace benchmarks {
 namespace {
 
@@ -28,8 +28,7 @@ std::vector<Packed> packedEntries(const SkinFile& skin)
         const auto entry = zip->entry(i);
         const auto dot = entry->path.rfind('.');
         if (entry->method != SkinKit::ZipFile::Method::deflated || dot == entry->path.npos ||
-            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(
-                entry->path.substr(dot + 1)))
+            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(entry->path.substr(dot + 1)))
             continue;
         entries.push_back(
             {*zip->rawBytes(i, entry->compressedBytes),
@@ -53,9 +52,10 @@ void registerArchive(const SkinFile& skin)
             const auto decompressor = libdeflate_alloc_decompressor();
             for (auto _ : state)
                 for (auto& entry : entries)
-                    if (libdeflate_deflate_decompress(
-                            decompressor, entry.deflated.data(), entry.deflated.size(),
-                            entry.target.data(), entry.target.size(), nullptr) != LIBDEFLATE_SUCCESS)
+                    if (libdeflate_deflate_decompress(decompressor, entry.deflated.data(),
+                                                      entry.deflated.size(), entry.target.data(),
+                                                      entry.target.size(),
+                                                      nullptr) != LIBDEFLATE_SUCCESS)
                         std::abort();
             libdeflate_free_decompressor(decompressor);
         });

@@ -10,8 +10,8 @@
 #include <map>
 #include <vector>
 
-// Decoding a skin's bitmaps by depth, beside SDL2 doing the same (load and conversion to RGBA32), and
-// beside a memcpy of the pixels that come out.
+// Decoding a skin's bitmaps by depth, beside SDL2 doing the same (load and conversion to RGBA32),
+// and beside a memcpy of the pixels that come out.
 namespace benchmarks {
 namespace {
 

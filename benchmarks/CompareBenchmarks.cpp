@@ -9,8 +9,8 @@
 #include <cstring>
 #include <vector>
 
-// Comparing two pictures of 1100 × 464 pixels of which one in a hundred differs, beside memcmp, which
-// has nothing to count.
+// Comparing two pictures of 1100 × 464 pixels of which one in a hundred differs, beside memcmp,
+// which has nothing to count.
 namespace benchmarks {
 namespace {
 
@@ -38,18 +38,18 @@ void registerCompare(const SkinFile& skin)
         [image, other = withDifferences(image), pixelCount](benchmark::State& state) {
             for (auto _ : state)
                 benchmark::DoNotOptimize(ImageDiff::compare(image, other));
-            state.counters["Mpx/s"] = benchmark::Counter(
-                pixelCount * static_cast<double>(state.iterations()) / 1e6,
-                benchmark::Counter::kIsRate);
+            state.counters["Mpx/s"] =
+                benchmark::Counter(pixelCount * static_cast<double>(state.iterations()) / 1e6,
+                                   benchmark::Counter::kIsRate);
         });
     benchmark::RegisterBenchmark(
         caseName("compare", skin.name, "memcmp").c_str(),
         [image, pixelCount](benchmark::State& state) {
-            const std::vector<Pixel> same(image.row(0).data(),
-                                          image.row(0).data() + static_cast<std::size_t>(pixelCount));
+            const std::vector<Pixel> same(
+                image.row(0).data(), image.row(0).data() + static_cast<std::size_t>(pixelCount));
             for (auto _ : state)
-                benchmark::DoNotOptimize(std::memcmp(image.row(0).data(), same.data(),
-                                                     same.size() * sizeof(Pixel)));
+                benchmark::DoNotOptimize(
+                    std::memcmp(image.row(0).data(), same.data(), same.size() * sizeof(Pixel)));
         });
 }
 

@@ -47,9 +47,8 @@ void registerPNG(const SkinFile& skin)
     const auto parsed = SkinParser::parse(skin.path);
     for (const int scale : {1, 4}) {
         const std::string what = "encode " + std::to_string(scale) + "x";
-        const Image image =
-            MainWindowRenderer::render(*parsed, MainWindowState::webampScreenshot(), scale,
-                                       MainWindowRenderer::Clip::none);
+        const Image image = MainWindowRenderer::render(*parsed, MainWindowState::webampScreenshot(),
+                                                       scale, MainWindowRenderer::Clip::none);
         benchmark::RegisterBenchmark(caseName(what, skin.name, "ours").c_str(),
                                      [image](benchmark::State& state) {
                                          std::size_t size = 0;

@@ -26,9 +26,8 @@ void registerPipeline(const SkinFile& skin)
     const auto parsed = SkinParser::parse(*archive);
     const Image image = render(*parsed);
 
-    add("ours", [path = skin.path, render] {
-        return PNGWriter::data(render(*SkinParser::parse(path)));
-    });
+    add("ours",
+        [path = skin.path, render] { return PNGWriter::data(render(*SkinParser::parse(path))); });
     add("part: open", [path = skin.path] { return SkinArchive::open(path); });
     add("part: parse", [archive] { return SkinParser::parse(*archive); });
     add("part: render", [parsed, render] { return render(*parsed); });

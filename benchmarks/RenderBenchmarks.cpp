@@ -18,8 +18,7 @@ void registerRender(const SkinFile& skin)
     for (const int scale : {1, 2, 4, 8}) {
         const std::string what = "render " + std::to_string(scale) + "x";
         benchmark::RegisterBenchmark(
-            caseName(what, skin.name, "ours").c_str(),
-            [parsed, scale](benchmark::State& state) {
+            caseName(what, skin.name, "ours").c_str(), [parsed, scale](benchmark::State& state) {
                 Canvas canvas(*MainWindowRenderer::size(scale));
                 const auto window = MainWindowState::webampScreenshot();
                 for (auto _ : state) {

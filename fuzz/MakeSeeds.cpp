@@ -69,7 +69,8 @@ void writeArchives(const SeedFolder& folder)
 {
     ZipWriter plain;
     plain.add("main.bmp", encodeBMP(smallPicture(), 24));
-    plain.add({.name = "Skin/Pledit.TXT", .data = bytes("[Text]\r\nNormal=#00FF00\r\n"), .method = 0});
+    plain.add(
+        {.name = "Skin/Pledit.TXT", .data = bytes("[Text]\r\nNormal=#00FF00\r\n"), .method = 0});
     plain.add({.name = "folder/", .data = {}, .method = 0});
     folder.write("plain.zip", plain.bytes());
     ZipWriter lying;
@@ -82,9 +83,11 @@ void writeArchives(const SeedFolder& folder)
 void writePNGs(const SeedFolder& folder)
 {
     folder.write("opaque.png", *SkinKit::PNGCodec::encode(smallPicture()));
-    folder.write("alpha.png",
-                 *SkinKit::PNGCodec::encode(*SkinKit::SkinRegion::maskImage(
-                     {{{0, 0}, {9, 2}, {3, 8}}}, {10, 9}, 1)));
+    folder.write("alpha.png", *SkinKit::PNGCodec::encode(*SkinKit::SkinRegion::maskImage(
+                                  {
+                                      {{0, 0}, {9, 2}, {3, 8}}
+    },
+                                  {10, 9}, 1)));
 }
 
 void writeSkins(const SeedFolder& folder)

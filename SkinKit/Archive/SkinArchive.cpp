@@ -91,8 +91,8 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
     if (entry.method != ZipFile::Method::deflated)
         return std::nullopt;
 
-    // Deflated data is never longer than this unless it is padded with empty blocks; the bound keeps
-    // a false size in the directory from asking for memory.
+    // Deflated data is never longer than this unless it is padded with empty blocks; the bound
+    // keeps a false size in the directory from asking for memory.
     const std::int64_t longest = 2 * room + 65'536;
     if (entry.compressedBytes > longest)
         return std::nullopt;

@@ -39,8 +39,8 @@ DifferenceCounts countDifferencesPlain(const std::uint32_t* ours, const std::uin
 #if defined(__x86_64__)
 namespace {
 
-// Each pixel's three bytes turned round, a gap for alpha: four pixels from the first 12 of 16 bytes,
-// and four from the last 12.
+// Each pixel's three bytes turned round, a gap for alpha: four pixels from the first 12 of 16
+// bytes, and four from the last 12.
 // clang-format off
 alignas(32) constexpr std::int8_t turnPixels[32] = {
     2, 1, 0, -1,   5,  4,  3, -1,   8,  7,  6, -1,  11, 10,  9, -1,
@@ -115,10 +115,9 @@ countDifferencesAvx2(const std::uint32_t* ours, const std::uint32_t* reference, 
             alphaBits, _mm256_or_si256(_mm256_subs_epu8(a, b), _mm256_subs_epu8(b, a)));
         const auto beyond = _mm256_subs_epu8(distance, tolerated);
         transparent = _mm256_sub_epi32(transparent, skipped);
-        same = _mm256_sub_epi32(same,
-                                _mm256_or_si256(skipped, _mm256_cmpeq_epi32(distance, zero)));
-        within = _mm256_sub_epi32(within,
-                                  _mm256_or_si256(skipped, _mm256_cmpeq_epi32(beyond, zero)));
+        same = _mm256_sub_epi32(same, _mm256_or_si256(skipped, _mm256_cmpeq_epi32(distance, zero)));
+        within =
+            _mm256_sub_epi32(within, _mm256_or_si256(skipped, _mm256_cmpeq_epi32(beyond, zero)));
     }
 
     alignas(32) std::uint32_t lanes[3][8];
@@ -126,8 +125,7 @@ countDifferencesAvx2(const std::uint32_t* ours, const std::uint32_t* reference, 
     _mm256_store_si256(reinterpret_cast<__m256i*>(lanes[1]), same);
     _mm256_store_si256(reinterpret_cast<__m256i*>(lanes[2]), within);
     const auto pixels = static_cast<std::int64_t>(whole);
-    auto counts =
-        countDifferencesPlain(ours + whole, reference + whole, count - whole, tolerance);
+    auto counts = countDifferencesPlain(ours + whole, reference + whole, count - whole, tolerance);
     counts.compared += pixels - sum(lanes[0]);
     counts.differing += pixels - sum(lanes[1]);
     counts.beyondTolerance += pixels - sum(lanes[2]);

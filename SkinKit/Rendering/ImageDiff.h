@@ -7,8 +7,8 @@
 #include <span>
 
 // Compares a render with a reference picture of the same window, pixel by pixel. Our picture's size
-// is the canvas: both lie at its top left unscaled, what the reference has beyond it is cut off, and
-// where the reference has nothing it is transparent. Pure; any thread.
+// is the canvas: both lie at its top left unscaled, what the reference has beyond it is cut off,
+// and where the reference has nothing it is transparent. Pure; any thread.
 namespace SkinKit::ImageDiff {
 
 // Counts of pixels.
