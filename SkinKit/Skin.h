@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SkinKit/Cursors/SkinCursors.h"
 #include "SkinKit/Parsers/PlaylistStyle.h"
 #include "SkinKit/Parsers/VisColorParser.h"
 #include "SkinKit/Raster/Image.h"
@@ -14,11 +15,6 @@
 #include <vector>
 
 namespace SkinKit {
-
-// A skin's decoded cursors.
-struct SkinCursors {
-    bool operator==(const SkinCursors&) const = default;
-};
 
 // A frame of a slider's background strip, 0 the topmost.
 struct Frame {

@@ -3,6 +3,11 @@
 // The whole public face of the library.
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Cursors/AniDecoder.h"
+#include "SkinKit/Cursors/CurDecoder.h"
+#include "SkinKit/Cursors/Cursor.h"
+#include "SkinKit/Cursors/CursorPicture.h"
+#include "SkinKit/Cursors/SkinCursors.h"
 #include "SkinKit/Display/DigitFont.h"
 #include "SkinKit/Display/MainWindowStatus.h"
 #include "SkinKit/Display/MediaInfoText.h"
