@@ -20,6 +20,12 @@ std::string hex(const RGBColor& color)
     return text;
 }
 
+// "1 step", "2 steps".
+std::string counted(std::int64_t count, std::string_view what)
+{
+    return std::to_string(count).append(" ").append(what).append(count == 1 ? "" : "s");
+}
+
 std::string sizeText(Size size)
 {
     return std::to_string(size.width) + " x " + std::to_string(size.height);
@@ -58,8 +64,7 @@ struct RegionBounds {
 
     std::string text() const
     {
-        std::string counts =
-            std::to_string(polygons) + " polygons, " + std::to_string(points) + " points";
+        const std::string counts = counted(polygons, "polygon") + ", " + counted(points, "point");
         if (points == 0)
             return counts;
         return counts + ", from " + std::to_string(left) + ", " + std::to_string(top) + " to " +
@@ -104,9 +109,8 @@ struct CursorFacts {
     {
         return std::string(kind) + ", " + sizeText(picture.image.size()) + ", hot spot " +
                std::to_string(picture.hotSpot.x) + ", " + std::to_string(picture.hotSpot.y) + ", " +
-               (frames > 0
-                    ? std::to_string(frames) + " frames in " + std::to_string(steps) + " steps"
-                    : std::to_string(images) + " images");
+               (frames > 0 ? counted(frames, "frame") + " in " + counted(steps, "step")
+                           : counted(images, "image"));
     }
 
     JSON json() const
@@ -139,9 +143,10 @@ public:
     void row(std::string_view label, std::string_view value)
     {
         constexpr std::size_t column = 20;
-        std::string line = "  " + std::string(label);
+        std::string line("  ");
+        line.append(label);
         line.resize(std::max(line.size() + 1, column), ' ');
-        lines_.push_back(line + std::string(value));
+        lines_.push_back(line.append(value));
     }
     void line(std::string text) { lines_.push_back(std::move(text)); }
 
@@ -194,9 +199,9 @@ std::string_view SkinInfo::status() const
 
 std::string SkinInfo::summary() const
 {
-    const std::size_t generated = skin.generatedSheets.size();
+    const std::int64_t generated = std::ssize(skin.generatedSheets);
     const std::size_t lacking = RequiredSprites::missing(skin).size();
-    return std::to_string(skin.sheets.size() - generated) + " sheets found, " +
+    return counted(std::ssize(skin.sheets) - generated, "sheet") + " found, " +
            std::to_string(generated) + " generated; " + std::to_string(entryCount - leftOutCount) +
            " of " + std::to_string(entryCount) + " entries kept; main window " +
            (lacking == 0
@@ -218,7 +223,7 @@ std::vector<std::string> SkinInfo::lines() const
     if (const auto missing = RequiredSprites::missing(skin); !missing.empty()) {
         table.heading("Required sprites missing");
         for (const auto sprite : missing)
-            table.line("  " + std::string(sprite));
+            table.line(std::string("  ").append(sprite));
     }
     if (!skin.warnings.empty() || !skin.fallbacks.empty())
         table.heading("Notes");
@@ -232,7 +237,7 @@ std::vector<std::string> SkinInfo::lines() const
     for (std::size_t first = 0; first < skin.visColors.size(); first += colorsInRow) {
         std::string colors;
         for (std::size_t i = first; i < first + colorsInRow; ++i)
-            colors += (i == first ? "" : " ") + hex(skin.visColors[i]);
+            colors.append(i == first ? "" : " ").append(hex(skin.visColors[i]));
         table.row(std::to_string(first), colors);
     }
     if (!skin.region.sections.empty())
