@@ -1,32 +1,26 @@
 #include "SkinKit/Platform/Simd.h"
 
+#include <vector>
+
 #if defined(__x86_64__)
 #include <immintrin.h>
 #endif
 
 namespace SkinKit::Simd {
-
-void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
-{
-    for (std::size_t i = 0; i < count; ++i, source += 3)
-        target[i] = 0xFF000000U | static_cast<std::uint32_t>(source[0]) << 16 |
-                    static_cast<std::uint32_t>(source[1]) << 8 | source[2];
-}
-
-#if defined(__x86_64__)
 namespace {
 
-using Expand = void (*)(const std::uint8_t*, std::uint32_t*, std::size_t);
+#if defined(__x86_64__)
 
 // Four pixels from the low 12 of 16 bytes: each one's three bytes turned round, a gap for alpha.
-// clang-format off
-#define FOUR_PIXELS 2, 1, 0, -1,  5, 4, 3, -1,  8, 7, 6, -1,  11, 10, 9, -1
-// clang-format on
+__attribute__((target("ssse3"))) __m128i fourPixelsOrder()
+{
+    return _mm_setr_epi8(2, 1, 0, -1, 5, 4, 3, -1, 8, 7, 6, -1, 11, 10, 9, -1);
+}
 
 __attribute__((target("ssse3"))) void expandBGRSsse3(const std::uint8_t* source,
                                                      std::uint32_t* target, std::size_t count)
 {
-    const __m128i order = _mm_setr_epi8(FOUR_PIXELS);
+    const __m128i order = fourPixelsOrder();
     const __m128i opaque = _mm_set1_epi32(static_cast<int>(0xFF000000U));
     // A load reads 16 bytes for the 12 it uses, so the last pixels are left to the plain loop.
     for (; count >= 6; count -= 4, source += 12, target += 4) {
@@ -40,7 +34,7 @@ __attribute__((target("ssse3"))) void expandBGRSsse3(const std::uint8_t* source,
 __attribute__((target("avx2"))) void expandBGRAvx2(const std::uint8_t* source,
                                                    std::uint32_t* target, std::size_t count)
 {
-    const __m256i order = _mm256_setr_epi8(FOUR_PIXELS, FOUR_PIXELS);
+    const __m256i order = _mm256_broadcastsi128_si256(fourPixelsOrder());
     const __m256i opaque = _mm256_set1_epi32(static_cast<int>(0xFF000000U));
     for (; count >= 10; count -= 8, source += 24, target += 8) {
         const auto low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source));
@@ -52,30 +46,39 @@ __attribute__((target("avx2"))) void expandBGRAvx2(const std::uint8_t* source,
     expandBGRPlain(source, target, count);
 }
 
-Expand chooseExpand()
-{
-    if (__builtin_cpu_supports("avx2"))
-        return expandBGRAvx2;
-    if (__builtin_cpu_supports("ssse3"))
-        return expandBGRSsse3;
-    return expandBGRPlain;
-}
-
-}
-
-void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
-{
-    static const Expand chosen = chooseExpand();
-    chosen(source, target, count);
-}
-
-#else
-
-void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
-{
-    expandBGRPlain(source, target, count);
-}
-
 #endif
+
+std::vector<ExpandBGR> findForms()
+{
+    std::vector<ExpandBGR> forms{expandBGRPlain};
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("ssse3"))
+        forms.push_back(expandBGRSsse3);
+    if (__builtin_cpu_supports("avx2"))
+        forms.push_back(expandBGRAvx2);
+#endif
+    return forms;
+}
+
+}
+
+void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i, source += 3)
+        target[i] = 0xFF000000U | static_cast<std::uint32_t>(source[0]) << 16 |
+                    static_cast<std::uint32_t>(source[1]) << 8 | source[2];
+}
+
+void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
+{
+    static const ExpandBGR best = expandBGRForms().back();
+    best(source, target, count);
+}
+
+std::span<const ExpandBGR> expandBGRForms()
+{
+    static const auto forms = findForms();
+    return forms;
+}
 
 }
