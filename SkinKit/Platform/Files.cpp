@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -93,13 +94,13 @@ Result<std::filesystem::path> followLinks(std::filesystem::path path)
     return failure(std::errc::too_many_symbolic_link_levels);
 }
 
-// A new file beside `target`; its name goes to `name`.
+// A new file beside `target`; its name, short however long the target's is, goes to `name`.
 int makeNeighbour(const std::filesystem::path& target, std::string& name)
 {
     constexpr int mostTries = 100;
     for (int i = 0; i < mostTries; ++i) {
-        name =
-            target.string() + "." + std::to_string(::getpid()) + "." + std::to_string(i) + ".tmp";
+        name = target.parent_path() /
+               (".skinkit-" + std::to_string(::getpid()) + "." + std::to_string(i) + ".tmp");
         const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (descriptor >= 0 || errno != EEXIST)
             return descriptor;
@@ -183,6 +184,7 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
     // The size said is only where to start: a file may grow while it is read, and those under /proc
     // say 0. One byte over it tells whether there is more.
     constexpr std::int64_t smallestStep = 4096;
+    maxBytes = std::min(maxBytes, std::numeric_limits<std::int64_t>::max() - 1);
     ByteBuffer bytes;
     std::int64_t wanted = std::min(std::max(size_, smallestStep), maxBytes) + 1;
     while (true) {

@@ -4,12 +4,14 @@
 #include <cstdlib>
 #include <iterator>
 #include <numeric>
+#include <vector>
 
 #if defined(__x86_64__)
 #include <immintrin.h>
 #endif
 
 namespace SkinKit::Simd {
+namespace {
 
 void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
 {
@@ -37,7 +39,6 @@ DifferenceCounts countDifferencesPlain(const std::uint32_t* ours, const std::uin
 }
 
 #if defined(__x86_64__)
-namespace {
 
 // Each pixel's three bytes turned round, a gap for alpha: four pixels from the first 12 of 16
 // bytes, and four from the last 12.
@@ -132,51 +133,55 @@ countDifferencesAvx2(const std::uint32_t* ours, const std::uint32_t* reference, 
     return counts;
 }
 
-using Expand = decltype(&expandBGRPlain);
-using Count = decltype(&countDifferencesPlain);
-
-Expand chooseExpand()
-{
-    if (__builtin_cpu_supports("avx2"))
-        return expandBGRAvx2;
-    if (__builtin_cpu_supports("ssse3"))
-        return expandBGRSsse3;
-    return expandBGRPlain;
-}
-
-Count chooseCount()
-{
-    return __builtin_cpu_supports("avx2") ? countDifferencesAvx2 : countDifferencesPlain;
-}
-
-}
-
-void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
-{
-    static const Expand chosen = chooseExpand();
-    chosen(source, target, count);
-}
-
-DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
-                                  std::size_t count, std::uint8_t tolerance)
-{
-    static const Count chosen = chooseCount();
-    return chosen(ours, reference, count, tolerance);
-}
-
-#else
-
-void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
-{
-    expandBGRPlain(source, target, count);
-}
-
-DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
-                                  std::size_t count, std::uint8_t tolerance)
-{
-    return countDifferencesPlain(ours, reference, count, tolerance);
-}
-
 #endif
+
+std::vector<ExpandBGR> findExpandBGRForms()
+{
+    std::vector<ExpandBGR> forms{expandBGRPlain};
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("ssse3"))
+        forms.push_back(expandBGRSsse3);
+    if (__builtin_cpu_supports("avx2"))
+        forms.push_back(expandBGRAvx2);
+#endif
+    return forms;
+}
+
+std::vector<CountDifferences> findCountDifferencesForms()
+{
+    std::vector<CountDifferences> forms{countDifferencesPlain};
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("avx2"))
+        forms.push_back(countDifferencesAvx2);
+#endif
+    return forms;
+}
+
+}
+
+void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
+{
+    static const ExpandBGR best = expandBGRForms().back();
+    best(source, target, count);
+}
+
+std::span<const ExpandBGR> expandBGRForms()
+{
+    static const auto forms = findExpandBGRForms();
+    return forms;
+}
+
+DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
+                                  std::size_t count, std::uint8_t tolerance)
+{
+    static const CountDifferences best = countDifferencesForms().back();
+    return best(ours, reference, count, tolerance);
+}
+
+std::span<const CountDifferences> countDifferencesForms()
+{
+    static const auto forms = findCountDifferencesForms();
+    return forms;
+}
 
 }

@@ -76,6 +76,7 @@ std::expected<ZipFile, std::string> ZipFile::open(const std::filesystem::path& p
         return archive;
     }
 
+    const std::int64_t size = file->size();
     std::FILE* const stream = ::fdopen(file->release(), "rb");
     zip_error_t error;
     zip_error_init(&error);
@@ -84,12 +85,17 @@ std::expected<ZipFile, std::string> ZipFile::open(const std::filesystem::path& p
         return std::unexpected(archive.error());
     ZipFile result;
     result.archive_.reset(*archive);
+    result.size_ = size;
     return result;
 }
 
 std::expected<ZipFile, std::string> ZipFile::open(ByteView bytes)
 {
     zip_error_t error;
+    if (bytes.empty()) { // which the library takes for an archive without entries
+        zip_error_init_with_code(&error, ZIP_ER_NOZIP);
+        return std::unexpected(takeText(error));
+    }
     zip_error_init(&error);
     const auto archive =
         openSource(zip_source_buffer_create(bytes.data(), bytes.size(), 0, &error), error);
@@ -97,6 +103,7 @@ std::expected<ZipFile, std::string> ZipFile::open(ByteView bytes)
         return std::unexpected(archive.error());
     ZipFile result;
     result.archive_.reset(*archive);
+    result.size_ = std::ssize(bytes);
     return result;
 }
 
@@ -129,6 +136,8 @@ std::optional<ZipFile::Entry> ZipFile::entry(std::int64_t index) const
 
 std::optional<ByteBuffer> ZipFile::rawBytes(std::int64_t index, std::int64_t count) const
 {
+    if (count > size_) // a false size must not ask for memory
+        return std::nullopt;
     zip_file_t* const file =
         zip_fopen_index(archive_.get(), static_cast<zip_uint64_t>(index), ZIP_FL_COMPRESSED);
     if (!file)

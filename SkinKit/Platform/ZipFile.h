@@ -45,7 +45,8 @@ private:
         void operator()(zip* archive) const;
     };
 
-    ByteBuffer bytes_; // of a file that was read in whole
+    ByteBuffer bytes_;      // of a file that was read in whole
+    std::int64_t size_ = 0; // of the container
     std::unique_ptr<zip, Close> archive_;
 };
 

@@ -122,9 +122,7 @@ void drawThumb(Painter painter, const Look& look, Grip grip, bool isPressed)
         for (const int dy : {-2, 0, 2})
             painter.fill({margin, (size.height - 1) / 2 + dy, size.width - 2 * margin, 1}, mark);
         break;
-    case Grip::small:
-        painter.fill({1, 2, size.width - 2, size.height - 4}, mark);
-        break;
+    case Grip::small: painter.fill({1, 2, size.width - 2, size.height - 4}, mark); break;
     }
 }
 

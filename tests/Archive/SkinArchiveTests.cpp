@@ -1,0 +1,355 @@
+#include "SkinKit/Archive/SkinArchive.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <cstdint>
+
+using namespace SkinKit;
+using support::bytes;
+using support::TemporaryFolder;
+using support::ZipEntry;
+using support::ZipWriter;
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+Names namesOf(const SkinArchive& archive)
+{
+    Names names;
+    for (const auto& [name, content] : archive.files())
+        names.push_back(name);
+    return names;
+}
+
+SkinArchive opened(const ZipWriter& writer, const SkinArchive::Limits& limits = {})
+{
+    auto archive = SkinArchive::open(writer.bytes(), limits);
+    EXPECT_TRUE(archive);
+    return archive ? *archive : SkinArchive(SkinArchive::Table{});
+}
+
+std::optional<std::string> textOf(const SkinArchive& archive, std::string_view name)
+{
+    const auto found = archive.files().find(name);
+    return found == archive.files().end() ? std::nullopt
+                                          : std::optional(std::string(asText(found->second)));
+}
+
+ByteBuffer ofSize(std::size_t count)
+{
+    return ByteBuffer(count, 'x');
+}
+
+// One entry, and a file behind it that must come through whatever the entry is.
+struct Lone {
+    ZipEntry entry;
+    bool isKept;
+};
+
+void expectKept(const Lone& lone, const SkinArchive::Limits& limits = {})
+{
+    ZipWriter writer;
+    writer.add(lone.entry).add("after.txt", bytes("after"));
+    const auto archive = opened(writer, limits);
+    EXPECT_EQ(textOf(archive, "after.txt"), "after") << lone.entry.name;
+    EXPECT_EQ(archive.files().size(), lone.isKept ? 2U : 1U) << lone.entry.name;
+    EXPECT_EQ(archive.entryCount(), 2);
+    EXPECT_EQ(archive.leftOutCount(), lone.isKept ? 0 : 1);
+}
+
+constexpr std::uint16_t unixSystem = 3 << 8;
+
+}
+
+TEST(SkinArchive, KeepsFilesUnderTheirLowerCasedNamesWithoutFolders)
+{
+    ZipWriter writer;
+    writer.add("MySkin/Main.BMP", bytes("1"))
+        .add("a/b/c/region.TXT", bytes("2"))
+        .add("x\\y.txt", bytes("3")) // a backslash is no separator
+        .add("ÄÖ.png", bytes("4"))
+        .add("/abs.ini", bytes("5"))
+        .add("many.dots.txt", bytes("6"))
+        .add("empty.txt", {});
+    EXPECT_EQ(namesOf(opened(writer)), (Names{"abs.ini", "empty.txt", "main.bmp", "many.dots.txt",
+                                              "region.txt", "x\\y.txt", "äö.png"}));
+}
+
+TEST(SkinArchive, TakesTheFirstOfEachNameWhereverItLies)
+{
+    ZipWriter writer;
+    writer.add("sub/MAIN.BMP", bytes("first")).add("main.bmp", bytes("second"));
+    const auto archive = opened(writer);
+    EXPECT_EQ(textOf(archive, "main.bmp"), "first");
+    EXPECT_EQ(archive.entryCount(), 2);
+    EXPECT_EQ(archive.leftOutCount(), 1);
+    // Unless the first could not be read.
+    ZipWriter damaged;
+    damaged.add({.name = "main.bmp", .data = bytes("first"), .stored = bytes("no deflate stream")})
+        .add("MAIN.bmp", bytes("second"));
+    EXPECT_EQ(textOf(opened(damaged), "main.bmp"), "second");
+}
+
+TEST(SkinArchive, LeavesOutWhatItDoesNotRead)
+{
+    const Lone rows[] = {
+        {{.name = "readme", .data = bytes("x")},                                             false},
+        {{.name = "skin.jpg", .data = bytes("x")},                                           false},
+        {{.name = "main.bmp.exe", .data = bytes("x")},                                       false},
+        {{.name = "folder.bmp/readme", .data = bytes("x")},                                  false},
+        {{.name = "main.", .data = bytes("x")},                                              false},
+        {{.name = ".bmp", .data = bytes("x")},                                               true },
+        {{.name = "a.cur", .data = bytes("x")},                                              true },
+        {{.name = "a.Ani", .data = bytes("x")},                                              true },
+        {{.name = "skin.xml", .data = bytes("x")},                                           true },
+        // folders, by name and by attribute
+        {{.name = "main.bmp/", .data = {}, .method = 0},                                     false},
+        {{.name = "main.bmp//", .data = {}, .method = 0},                                    false},
+        {{.name = "main.bmp", .data = bytes("x"), .externalAttributes = 0x10},               false},
+        {{.name = "dos.bmp", .data = bytes("x"), .externalAttributes = 0x20},                true },
+        {{.name = "d.bmp",
+          .data = bytes("x"),
+          .madeBy = unixSystem,
+          .externalAttributes = 0040755U << 16},
+         false                                                                                    },
+        // links, by the mode of a system that has them
+        {{.name = "l.bmp",
+          .data = bytes("main.bmp"),
+          .madeBy = unixSystem,
+          .externalAttributes = 0120777U << 16},
+         false                                                                                    },
+        {{.name = "f.bmp",
+          .data = bytes("x"),
+          .madeBy = unixSystem,
+          .externalAttributes = 0100644U << 16},
+         true                                                                                     },
+        {{.name = "n.bmp",
+          .data = bytes("x"),
+          .madeBy = unixSystem,
+          .externalAttributes = 0644U << 16},
+         true                                                                                     },
+        // a checksum is never looked at, sizes that lie are
+        {{.name = "deflated crc.bmp", .data = bytes("x"), .crc = 1},                         true },
+        {{.name = "stored crc.bmp", .data = bytes("x"), .method = 0, .crc = 1},              true },
+        {{.name = "small.bmp", .data = bytes("larger than said"), .uncompressedSize = 3},    true },
+        {{.name = "large.bmp", .data = bytes("smaller than said"), .uncompressedSize = 300}, true },
+        // what can't be had
+        {{.name = "locked.bmp", .data = bytes("x"), .flags = 1},                             false},
+        {{.name = "other.bmp", .data = bytes("x"), .method = 12, .stored = bytes("x")},      false},
+        {{.name = "damaged.bmp", .data = bytes("x"), .stored = bytes("\x07\x07")},           false},
+        {{.name = "none.bmp", .data = bytes("x"), .stored = ByteBuffer{}},                   false},
+    };
+    for (const auto& row : rows)
+        expectKept(row);
+
+    ByteBuffer cut = support::deflated(ofSize(100));
+    cut.pop_back();
+    expectKept({
+        {.name = "cut.bmp", .data = ofSize(100), .stored = cut},
+        false
+    });
+}
+
+TEST(SkinArchive, GivesTheRealBytesOfAnEntryWhoseSizeLies)
+{
+    ZipWriter writer;
+    writer.add({.name = "a.txt", .data = bytes("larger than said"), .uncompressedSize = 3})
+        .add({.name = "b.txt", .data = bytes("smaller"), .uncompressedSize = 8 << 20});
+    const auto archive = opened(writer);
+    EXPECT_EQ(textOf(archive, "a.txt"), "larger than said");
+    EXPECT_EQ(textOf(archive, "b.txt"), "smaller");
+}
+
+TEST(SkinArchive, LimitsAnEntryToTheByteByItsDeclaredAndItsRealSize)
+{
+    const SkinArchive::Limits limits{.maxEntryBytes = 1000, .maxTotalBytes = 1 << 20};
+    for (const std::uint16_t method : {std::uint16_t{0}, std::uint16_t{8}}) {
+        const auto entry = [method](std::size_t size, std::optional<std::uint32_t> said) {
+            return ZipEntry{
+                .name = "a.bmp", .data = ofSize(size), .method = method, .uncompressedSize = said};
+        };
+        expectKept({entry(1000, {}), true}, limits);
+        expectKept({entry(1001, {}), false}, limits);
+        expectKept({entry(10, 1001), false}, limits);
+        expectKept({entry(1001, 10), false}, limits);
+    }
+}
+
+TEST(SkinArchive, DropsWhatWouldBurstTheTotalAndStopsOnlyWhenItIsReached)
+{
+    const auto kept = [](std::int64_t total, const std::vector<std::size_t>& sizes) {
+        ZipWriter writer;
+        for (std::size_t i = 0; i < sizes.size(); ++i)
+            writer.add(std::to_string(i) + ".bmp", ofSize(sizes[i]));
+        return namesOf(opened(writer, {.maxEntryBytes = 100, .maxTotalBytes = total}));
+    };
+    EXPECT_EQ(kept(100, {60, 40, 0}),
+              (Names{"0.bmp", "1.bmp"})); // reached: even nothing is too much
+    EXPECT_EQ(kept(101, {60, 40, 0, 1}), (Names{"0.bmp", "1.bmp", "2.bmp", "3.bmp"}));
+    EXPECT_EQ(kept(100, {60, 41, 40, 1}), (Names{"0.bmp", "2.bmp"}));
+    EXPECT_EQ(kept(99, {60, 40, 39}), (Names{"0.bmp", "2.bmp"}));
+    EXPECT_EQ(kept(0, {0}), Names{});
+}
+
+TEST(SkinArchive, DoesNotCountWhatItDidNotAcceptTowardsTheTotal)
+{
+    ZipWriter writer;
+    writer.add("big.jpg", ofSize(90))
+        .add({.name = "damaged.bmp", .data = ofSize(90), .stored = bytes("\x07")})
+        .add("a.bmp", ofSize(90))
+        .add("A.bmp", ofSize(10))
+        .add("b.bmp", ofSize(10));
+    EXPECT_EQ(namesOf(opened(writer, {.maxEntryBytes = 100, .maxTotalBytes = 100})),
+              (Names{"a.bmp", "b.bmp"}));
+}
+
+TEST(SkinArchive, ReadsEverythingWhenNothingIsLimited)
+{
+    ZipWriter writer;
+    writer.add("a.bmp", ofSize(1000)).add({.name = "b.txt", .data = bytes("x"), .method = 0});
+    const SkinArchive::Limits limits{.maxEntryBytes = INT64_MAX, .maxTotalBytes = INT64_MAX};
+    EXPECT_EQ(namesOf(opened(writer, limits)), (Names{"a.bmp", "b.txt"}));
+
+    const TemporaryFolder folder;
+    folder.write("a.bmp", ofSize(1000));
+    EXPECT_EQ(namesOf(*SkinArchive::open(folder.path(), limits)), Names{"a.bmp"});
+
+    // A compressed size far beyond the container's end asks for no memory.
+    ByteBuffer lying = ZipWriter{}.add({.name = "a.bmp", .data = bytes("x"), .method = 0}).bytes();
+    const std::string_view directory("PK\x01\x02");
+    const auto entry = asText(lying).find(directory);
+    support::put32(lying, entry + 20, 0xFFFFFFF0);
+    const auto archive = SkinArchive::open(lying, limits);
+    EXPECT_TRUE(!archive || archive->files().empty());
+}
+
+TEST(SkinArchive, AllowsTheExtensionsItIsGiven)
+{
+    ZipWriter writer;
+    writer.add("a.bmp", {}).add("B.JPG", {});
+    EXPECT_EQ(namesOf(opened(writer, {.allowedExtensions = {"jpg"}})), Names{"b.jpg"});
+    EXPECT_EQ(namesOf(opened(writer, {.allowedExtensions = {}})), Names{});
+}
+
+TEST(SkinArchive, HasLimitsThatHoldAnySkin)
+{
+    const SkinArchive::Limits limits;
+    EXPECT_EQ(limits.maxEntryBytes, 8'388'608);
+    EXPECT_EQ(limits.maxTotalBytes, 67'108'864);
+    EXPECT_EQ(limits.allowedExtensions, (std::set<std::string, std::less<>>{
+                                            "ani", "bmp", "cur", "ini", "png", "txt", "xml"}));
+}
+
+TEST(SkinArchive, ReadsAFileOfAnySizeAsItReadsMemory)
+{
+    const TemporaryFolder folder;
+    for (const std::size_t padding : {0U, 5U << 20}) {
+        ZipWriter writer;
+        writer.add({.name = "padding.jpg", .data = ofSize(padding), .method = 0})
+            .add("Main.bmp", bytes("content"));
+        const auto path = folder.write("skin.wsz", writer.bytes());
+        const auto archive = SkinArchive::open(path);
+        ASSERT_TRUE(archive);
+        EXPECT_EQ(archive->files(), opened(writer).files());
+        EXPECT_EQ(textOf(*archive, "main.bmp"), "content");
+        EXPECT_EQ(archive->entryCount(), 2);
+    }
+}
+
+TEST(SkinArchive, FailsOnWhatIsNoArchive)
+{
+    const TemporaryFolder folder;
+    const ByteBuffer whole = ZipWriter{}.add("a.bmp", bytes("x")).bytes();
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const std::filesystem::path paths[] = {
+        folder / "missing",        folder.write("text", bytes("not an archive")),
+        folder.write("empty", {}), folder.write("cut", ByteView(whole).first(whole.size() - 25)),
+        folder / "pipe",           "/dev/zero",
+    };
+    for (const auto& path : paths) {
+        const auto archive = SkinArchive::open(path);
+        ASSERT_FALSE(archive) << path;
+        EXPECT_EQ(archive.error().kind(), SkinError::Kind::unreadableArchive) << path;
+        EXPECT_GT(archive.error().description().size(), std::size("Unreadable archive: ")) << path;
+    }
+    EXPECT_FALSE(SkinArchive::open(ByteView(whole).first(whole.size() - 25)));
+    EXPECT_FALSE(SkinArchive::open(ByteView()));
+}
+
+TEST(SkinArchive, ReadsAFolderInByteOrderOfItsNames)
+{
+    const TemporaryFolder folder;
+    folder.write("MAIN.BMP", bytes("first"));
+    folder.write("main.bmp", bytes("second"));
+    folder.write("readme", bytes("x"));
+    folder.write("caf\xE9.txt", bytes("latin")); // its name is not UTF-8
+    std::filesystem::create_directory(folder / "sub.bmp");
+    folder.write("sub.bmp/text.bmp", bytes("x"));
+    std::filesystem::create_symlink("main.bmp", folder / "link.bmp");
+    ASSERT_EQ(::mkfifo((folder / "pipe.bmp").c_str(), 0600), 0);
+
+    const auto archive = SkinArchive::open(folder.path());
+    ASSERT_TRUE(archive);
+    EXPECT_EQ(namesOf(*archive), (Names{"caf\uFFFD.txt", "main.bmp"}));
+    EXPECT_EQ(textOf(*archive, "main.bmp"), "first");
+    EXPECT_EQ(textOf(*archive, "caf\uFFFD.txt"), "latin");
+    EXPECT_EQ(archive->entryCount(), 7);
+    EXPECT_EQ(archive->leftOutCount(), 5);
+}
+
+TEST(SkinArchive, HoldsAFolderToTheSameLimits)
+{
+    const TemporaryFolder folder;
+    folder.write("a.bmp", ofSize(60));
+    folder.write("b.bmp", ofSize(101));
+    folder.write("c.bmp", ofSize(41));
+    folder.write("d.bmp", ofSize(40));
+    folder.write("e.bmp", {});
+    const auto archive =
+        SkinArchive::open(folder.path(), {.maxEntryBytes = 100, .maxTotalBytes = 100});
+    ASSERT_TRUE(archive);
+    EXPECT_EQ(namesOf(*archive), (Names{"a.bmp", "d.bmp"}));
+}
+
+TEST(SkinArchive, WrapsFilesThatSomebodyHas)
+{
+    const SkinArchive archive(SkinArchive::Table{
+        {"MAIN.bmp",     bytes("first") },
+        {"Sub/Text.JPG", bytes("x")     },
+        {"main.BMP",     bytes("second")}
+    });
+    EXPECT_EQ(namesOf(archive), (Names{"main.bmp", "sub/text.jpg"}));
+    EXPECT_EQ(textOf(archive, "main.bmp"), "first");
+}
+
+TEST(SkinArchive, FindsAFileByTheFirstExtensionThatIsThere)
+{
+    const SkinArchive archive(SkinArchive::Table{
+        {"Main.png", bytes("png")},
+        {"text.BMP", bytes("bmp")},
+        {"text.png", bytes("png")}
+    });
+    const auto found = [&](std::string_view base,
+                           std::initializer_list<std::string_view> extensions) {
+        const auto file = archive.file(base, extensions);
+        return file ? std::string(asText(*file)) : "";
+    };
+    EXPECT_EQ(found("MAIN", {"bmp", "png"}), "png");
+    EXPECT_EQ(found("TEXT", {"BMP", "PNG"}), "bmp");
+    EXPECT_EQ(found("text", {"png", "bmp"}), "png");
+    EXPECT_EQ(found("text", {}), "");
+    EXPECT_EQ(found("other", {"bmp"}), "");
+    EXPECT_EQ(found("text.bmp", {"bmp"}), "");
+}
+
+TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)
+{
+    const ByteBuffer zip = ZipWriter{}.add("a.bmp", {}).bytes();
+    EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxEntryBytes = -1})), "negative");
+    EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxTotalBytes = -1})), "negative");
+}

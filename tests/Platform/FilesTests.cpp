@@ -1,0 +1,256 @@
+#include "SkinKit/Platform/Files.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+
+using namespace SkinKit;
+namespace fs = std::filesystem;
+using support::bytes;
+using support::readFile;
+using support::TemporaryFolder;
+
+namespace {
+
+std::vector<std::string> namesIn(const fs::path& folder)
+{
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+using Names = std::vector<std::string>;
+
+unsigned permissions(const fs::path& path)
+{
+    return static_cast<unsigned>(fs::status(path).permissions());
+}
+
+void bindSocket(const fs::path& path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.string().copy(address.sun_path, sizeof address.sun_path - 1);
+    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(::bind(descriptor, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ::close(descriptor);
+}
+
+}
+
+TEST(Files, ReadsAFileUpToTheLimitAndNotAByteBeyond)
+{
+    const TemporaryFolder folder;
+    for (const std::size_t size : {0U, 1U, 4095U, 4096U, 4097U, 20'000U}) {
+        const ByteBuffer content(size, 7);
+        const auto path = folder.write("file", content);
+        const auto limit = static_cast<std::int64_t>(size);
+        EXPECT_EQ(Files::read(path, limit), content);
+        EXPECT_EQ(Files::read(path, INT64_MAX), content);
+        if (size > 0) {
+            EXPECT_EQ(Files::read(path, limit - 1).error(), std::errc::file_too_large);
+        }
+    }
+    // Whatever its size was said to be: those under /proc say nothing.
+    const auto grown = Files::read("/proc/self/status", 1 << 20);
+    ASSERT_TRUE(grown);
+    EXPECT_GT(grown->size(), 100U);
+    EXPECT_EQ(Files::read("/proc/self/status", 10).error(), std::errc::file_too_large);
+}
+
+TEST(Files, RefusesWhatIsNoRegularFileWithoutWaiting)
+{
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    bindSocket(folder / "socket");
+    fs::create_symlink(folder / "pipe", folder / "link");
+    fs::create_symlink("loop", folder / "loop");
+    struct Row {
+        fs::path path;
+        std::errc error;
+    };
+    const Row rows[] = {
+        {folder / "pipe",    std::errc::not_supported                },
+        {folder / "link",    std::errc::not_supported                },
+        {folder / "socket",  std::errc::not_supported                },
+        {"/dev/zero",        std::errc::not_supported                },
+        {"/dev/null",        std::errc::not_supported                },
+        {folder.path(),      std::errc::is_a_directory               },
+        {folder / "missing", std::errc::no_such_file_or_directory    },
+        {folder / "loop",    std::errc::too_many_symbolic_link_levels},
+    };
+    for (const auto& [path, error] : rows)
+        EXPECT_EQ(Files::read(path, 1000).error(), error) << path;
+    EXPECT_EQ(Files::kind(folder / "pipe"), Files::Kind::other);
+    EXPECT_EQ(Files::kind(folder.path()), Files::Kind::folder);
+}
+
+TEST(Files, ReadsThroughLinksAndNamesThatAreNotText)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("\xFF\xFE", bytes("content"));
+    fs::create_symlink(path, folder / "link");
+    EXPECT_EQ(Files::kind(folder / "link"), Files::Kind::regularFile);
+    EXPECT_EQ(Files::read(folder / "link", 1000), bytes("content"));
+}
+
+TEST(Files, ListsAFolderInByteOrderOfTheNames)
+{
+    const TemporaryFolder folder;
+    for (const std::string_view name : {"b", "B", "a.bmp", ".hidden", "\xFF", "é"})
+        folder.write(name, bytes(name));
+    fs::create_directory(folder / "folder");
+    fs::create_symlink("a.bmp", folder / "link");
+    const auto entries = Files::list(folder.path());
+    ASSERT_TRUE(entries);
+    struct Row {
+        std::string name;
+        bool isRegularFile;
+    };
+    const Row rows[] = {
+        {".hidden", true },
+        {"B",       true },
+        {"a.bmp",   true },
+        {"b",       true },
+        {"folder",  false},
+        {"link",    false},
+        {"é",       true },
+        {"\xFF",    true }
+    };
+    ASSERT_EQ(entries->size(), std::size(rows));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        EXPECT_EQ((*entries)[i].name, rows[i].name);
+        EXPECT_EQ((*entries)[i].isRegularFile, rows[i].isRegularFile) << rows[i].name;
+        if (rows[i].isRegularFile) {
+            EXPECT_EQ((*entries)[i].size, std::ssize(rows[i].name));
+        }
+    }
+    EXPECT_EQ(Files::list(folder / "b").error(), std::errc::not_a_directory);
+    EXPECT_EQ(Files::list(folder / "x").error(), std::errc::no_such_file_or_directory);
+}
+
+TEST(Files, ReplacesAFileInOneStep)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("file", bytes("old"));
+    std::ifstream reader(path);
+    fs::create_hard_link(path, folder / "other name");
+    EXPECT_FALSE(Files::write(path, bytes("new")));
+    EXPECT_EQ(readFile(path), bytes("new"));
+    // Whoever had the old one open, or another name for it, still sees it whole.
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), "old");
+    EXPECT_EQ(readFile(folder / "other name"), bytes("old"));
+    EXPECT_EQ(namesIn(folder.path()), (Names{"file", "other name"}));
+}
+
+TEST(Files, GivesANewFileWhatTheUmaskLeavesAndAnOldOneItsOwnPermissions)
+{
+    const TemporaryFolder folder;
+    const auto old = folder.write("old", bytes("old"));
+    ASSERT_EQ(::chmod(old.c_str(), 0604), 0);
+    const mode_t before = ::umask(0026);
+    EXPECT_FALSE(Files::write(folder / "new", bytes("1")));
+    EXPECT_FALSE(Files::write(old, bytes("2")));
+    ::umask(before);
+    EXPECT_EQ(permissions(folder / "new"), 0640U);
+    EXPECT_EQ(permissions(old), 0604U);
+}
+
+TEST(Files, WritesWhereLinksLeadAndLeavesThemLinks)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "sub");
+    folder.write("file", bytes("old"));
+    fs::create_symlink("../file", folder / "sub/link"); // relative to the link's own folder
+    fs::create_symlink(folder / "sub/link", folder / "chain");
+    fs::create_symlink("sub/yet to be made", folder / "dangling");
+    fs::create_symlink("loop", folder / "loop");
+
+    EXPECT_FALSE(Files::write(folder / "chain", bytes("new")));
+    EXPECT_EQ(readFile(folder / "file"), bytes("new"));
+    EXPECT_FALSE(Files::write(folder / "dangling", bytes("made")));
+    EXPECT_EQ(readFile(folder / "sub/yet to be made"), bytes("made"));
+    EXPECT_EQ(Files::write(folder / "loop", {}), std::errc::too_many_symbolic_link_levels);
+    for (const char* link : {"sub/link", "chain", "dangling", "loop"})
+        EXPECT_TRUE(fs::is_symlink(folder / link)) << link;
+    EXPECT_EQ(namesIn(folder.path()), (Names{"chain", "dangling", "file", "loop", "sub"}));
+}
+
+TEST(Files, WritesDevicesAndPipesInPlace)
+{
+    const TemporaryFolder folder;
+    EXPECT_FALSE(Files::write("/dev/null", bytes("gone")));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    EXPECT_EQ(Files::write("/dev/full", bytes("x")), std::errc::no_space_on_device);
+
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const int reader = ::open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_FALSE(Files::write(folder / "pipe", bytes("through")));
+    char received[16] = {};
+    EXPECT_EQ(::read(reader, received, sizeof received), 7);
+    ::close(reader);
+    EXPECT_STREQ(received, "through");
+    EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+TEST(Files, WritesOnToStandardOutputByAnyOfItsNames)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("out", {});
+    const int saved = ::dup(STDOUT_FILENO);
+    const int descriptor = ::open(path.c_str(), O_WRONLY);
+    ::dup2(descriptor, STDOUT_FILENO);
+    const auto first = Files::write("/dev/stdout", bytes("one "));
+    const auto second = Files::write(path, bytes("two"));
+    ::dup2(saved, STDOUT_FILENO);
+    ::close(saved);
+    ::close(descriptor);
+    EXPECT_FALSE(first || second);
+    EXPECT_EQ(readFile(path), bytes("one two"));
+}
+
+TEST(Files, LeavesEverythingAsItWasWhenWritingFails)
+{
+    const TemporaryFolder folder;
+    folder.write("file", bytes("old"));
+    fs::create_directory(folder / "folder");
+    EXPECT_EQ(Files::write(folder / "folder", bytes("x")), std::errc::is_a_directory);
+    EXPECT_EQ(Files::write(folder / "no/file", bytes("x")), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(Files::write(folder / "file/x", bytes("x")), std::errc::not_a_directory);
+    EXPECT_TRUE(Files::write("", bytes("x")));
+
+    // A full disk, as far as this process can tell.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{1000, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    const auto error = Files::write(folder / "file", ByteBuffer(5000, 1));
+    const auto newError = Files::write(folder / "new", ByteBuffer(5000, 1));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(error, std::errc::file_too_large);
+    EXPECT_EQ(newError, std::errc::file_too_large);
+
+    EXPECT_EQ(readFile(folder / "file"), bytes("old"));
+    EXPECT_EQ(namesIn(folder.path()), (Names{"file", "folder"}));
+}
+
+TEST(Files, WritesAFileWhoseNameIsAsLongAsNamesMayBe)
+{
+    const TemporaryFolder folder;
+    const std::string name(255, 'n');
+    EXPECT_FALSE(Files::write(folder / name, bytes("content")));
+    EXPECT_EQ(namesIn(folder.path()), Names{name});
+}

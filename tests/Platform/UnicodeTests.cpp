@@ -1,0 +1,129 @@
+#include "SkinKit/Platform/Unicode.h"
+#include "tests/support/Bytes.h"
+
+#include <gtest/gtest.h>
+
+using namespace SkinKit;
+
+namespace {
+
+std::string repaired(std::string_view text)
+{
+    return Unicode::repaired(asBytes(text));
+}
+
+}
+
+TEST(Unicode, KeepsEveryWellFormedCharacter)
+{
+    for (char32_t codePoint = 0; codePoint <= 0x10FFFF; codePoint += codePoint < 0x3000 ? 1 : 97) {
+        if (codePoint >= 0xD800 && codePoint <= 0xDFFF)
+            continue;
+        std::string text;
+        Unicode::append(text, codePoint);
+        ASSERT_EQ(repaired(text), text) << std::uint32_t{codePoint};
+        std::string_view rest = text;
+        ASSERT_EQ(Unicode::takeFirst(rest), codePoint);
+        ASSERT_TRUE(rest.empty());
+    }
+}
+
+TEST(Unicode, ReplacesEachMaximalPartOfAnIllFormedSequence)
+{
+    struct Row {
+        std::string_view bytes;
+        std::string_view expected; // "?" for U+FFFD
+    };
+    const Row rows[] = {
+        {"a\x80z",                       "a?z"              },
+        {"a\xE9z",                       "a?z"              },
+        {"\xC0\xAF",                     "??"               }, // longer than need be
+        {"\xC1\xBF",                     "??"               },
+        {"\xE0\x9F\xBF",                 "???"              },
+        {"\xF0\x8F\xBF\xBF",             "????"             },
+        {"\xED\xA0\x80",                 "???"              }, // a surrogate
+        {"\xF4\x90\x80\x80",             "????"             }, // beyond the last code point
+        {"\xF5\x80",                     "??"               },
+        {"\xFF\xFE",                     "??"               },
+        {"\xE2\x82",                     "?"                }, // cut short: one for all that could have gone on
+        {"\xE2\x82z",                    "?z"               },
+        {"\xF0\x9F\x98",                 "?"                },
+        {"\xF0\x9F\x98\xF0\x9F\x98\x80", "?\xF0\x9F\x98\x80"},
+        {"\xC3\xC3\xA9",                 "?\xC3\xA9"        },
+        {"\xEF\xBB\xBFz",                "\xEF\xBB\xBFz"    }, // a byte order mark stays
+    };
+    for (const auto& [bytes, expected] : rows) {
+        std::string replaced;
+        for (const char c : expected)
+            replaced += c == '?' ? "\uFFFD" : std::string(1, c);
+        EXPECT_EQ(repaired(bytes), replaced) << testing::PrintToString(bytes);
+        EXPECT_EQ(repaired(replaced), replaced);
+    }
+}
+
+TEST(Unicode, LowersCaseInEveryScript)
+{
+    struct Row {
+        std::string_view text, lower;
+    };
+    const Row rows[] = {
+        {"",            ""           },
+        {"MAIN.Bmp_[]", "main.bmp_[]"},
+        {"ÀÉÎÕÜ",       "àéîõü"      },
+        {"ЖУК",         "жук"        },
+        {"Σ",           "σ"          },
+        {"ß",           "ß"          },
+        {"\u0130",      "i\u0307"    },
+        {"\U00010400",  "\U00010428" },
+    };
+    for (const auto& [text, lower] : rows)
+        EXPECT_EQ(Unicode::lowercased(text), lower);
+}
+
+TEST(Unicode, ComposesCanonically)
+{
+    struct Row {
+        std::string_view text, composed;
+    };
+    const Row rows[] = {
+        {"plain",              "plain"        },
+        {"Cafe\u0301",         "Caf\u00E9"    },
+        {"\u212B",             "\u00C5"       }, // the Angstrom sign is the letter
+        {"\u1100\u1161\u11A8", "\uAC01"       }, // Hangul
+        {"q\u0307\u0323",      "q\u0323\u0307"}, // marks in their order
+        {"\uFB01",             "\uFB01"       }, // a compatibility form stays
+        {"\U0001F600",         "\U0001F600"   },
+    };
+    for (const auto& [text, composed] : rows)
+        EXPECT_EQ(Unicode::composed(text), composed);
+}
+
+TEST(Unicode, CountsCharactersOutsideTheFirstPlaneAsTwoUnits)
+{
+    EXPECT_EQ(Unicode::toUTF16("a\u00E9\uFFFD\U0001F600\U0010FFFF"),
+              u"a\u00E9\uFFFD\xD83D\xDE00\xDBFF\xDFFF");
+}
+
+TEST(Unicode, TrimsWhiteSpaceOfEveryKindAtBothEnds)
+{
+    struct Row {
+        std::string_view text, trimmed;
+    };
+    const Row rows[] = {
+        {"",                          ""             },
+        {" \t\r\n\v\f ",              ""             },
+        {" a b ",                     "a b"          },
+        {"\u00A0\u2003é\u3000\u2028", "é"            },
+        {"\u200Ba\uFEFF",             "\u200Ba\uFEFF"}, // neither is white space
+    };
+    for (const auto& [text, trimmed] : rows)
+        EXPECT_EQ(Unicode::trimmed(text), trimmed);
+}
+
+TEST(Unicode, KnowsTheDigitsOfOtherScripts)
+{
+    for (const char32_t digit : {U'0', U'9', U'\u0660', U'\u0967', U'\uFF15', U'\U0001D7CE'})
+        EXPECT_TRUE(Unicode::isDigit(digit)) << std::uint32_t{digit};
+    for (const char32_t other : {U'/', U':', U'a', U'\u00B2', U'\u00BD', U'\u2160'})
+        EXPECT_FALSE(Unicode::isDigit(other)) << std::uint32_t{other};
+}

@@ -1,0 +1,144 @@
+#include "SkinKit/Raster/SpanMask.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace SkinKit;
+
+namespace {
+
+__extension__ using Wide = __int128;
+using Vertex = Path::Vertex;
+
+// Whether the centre of pixel (x, y) lies inside: the edges that cross its row at or to the left of
+// it, counted by direction. In half pixels, where the centre is a whole number.
+bool isInside(const Path& path, int x, int y)
+{
+    const Wide centreX = 2 * x + 1;
+    const Wide centreY = 2 * y + 1;
+    int winding = 0;
+    for (const auto& polygon : path.polygons)
+        for (std::size_t i = 0; i < polygon.size(); ++i) {
+            const Vertex& from = polygon[i];
+            const Vertex& to = polygon[(i + 1) % polygon.size()];
+            const bool isDown = from.y < to.y;
+            const Vertex& top = isDown ? from : to;
+            const Vertex& bottom = isDown ? to : from;
+            if (2 * Wide{top.y} > centreY || 2 * Wide{bottom.y} < centreY)
+                continue;
+            const Wide side = (centreX - 2 * Wide{top.x}) * (Wide{bottom.y} - top.y) -
+                              (Wide{bottom.x} - top.x) * (centreY - 2 * Wide{top.y});
+            if (side >= 0)
+                winding += isDown ? 1 : -1;
+        }
+    return winding != 0;
+}
+
+std::vector<std::string> shape(const SpanMask& mask, const Rect& area)
+{
+    std::vector<std::string> rows;
+    for (int y = area.y; y < area.bottom(); ++y) {
+        auto& row = rows.emplace_back(static_cast<std::size_t>(area.width), '.');
+        int last = INT_MIN;
+        for (const auto [begin, end] : mask.row(y)) {
+            EXPECT_LT(last, begin) << "touching or out of order";
+            EXPECT_LT(begin, end);
+            last = end;
+            for (int x = begin; x < end; ++x)
+                row.at(static_cast<std::size_t>(x - area.x)) = '#';
+        }
+    }
+    return rows;
+}
+
+std::vector<std::string> reference(const Path& path, const Rect& area)
+{
+    std::vector<std::string> rows;
+    for (int y = area.y; y < area.bottom(); ++y) {
+        auto& row = rows.emplace_back();
+        for (int x = area.x; x < area.right(); ++x)
+            row += isInside(path, x, y) ? '#' : '.';
+    }
+    return rows;
+}
+
+Path randomPath(std::mt19937& random, std::int64_t low, std::int64_t high)
+{
+    std::uniform_int_distribution<std::int64_t> coordinate(low, high);
+    Path path;
+    for (auto count = random() % 4; count > 0; --count) {
+        auto& polygon = path.polygons.emplace_back();
+        for (auto points = random() % 8; points > 0; --points)
+            polygon.push_back({coordinate(random), coordinate(random)});
+    }
+    return path;
+}
+
+}
+
+TEST(SpanMask, FillsThosePixelsWhoseCentreTheExactTestFindsInside)
+{
+    std::mt19937 random(13);
+    for (const auto& [low, high] : {
+             std::pair<std::int64_t, std::int64_t>{0,                        12                   },
+             {-20,                      40                   },
+             {-100'000,                 100'000              },
+             {-(std::int64_t{1} << 59), std::int64_t{1} << 59}
+    })
+        for (int round = 0; round < 700; ++round) {
+            const Path path = randomPath(random, low, high);
+            const Rect bounds{static_cast<int>(random() % 9) - 4,
+                              static_cast<int>(random() % 9) - 4, static_cast<int>(random() % 20),
+                              static_cast<int>(random() % 20)};
+            const SpanMask mask = SpanMask::fill(path, bounds);
+            ASSERT_EQ(shape(mask, bounds), reference(path, bounds))
+                << "round " << round << " of " << low;
+            EXPECT_TRUE(mask.row(bounds.y - 1).empty() && mask.row(bounds.bottom()).empty());
+        }
+}
+
+TEST(SpanMask, GivesACentreOnAnEdgeToTheAreaToItsRight)
+{
+    using Rows = std::vector<std::string>;
+    const Rect area{0, 0, 4, 4};
+    struct Row {
+        std::vector<Vertex> polygon;
+        Rows expected;
+    };
+    const Row rows[] = {
+        {{{1, 1}, {3, 1}, {3, 3}, {1, 3}},  {"....", ".##.", ".##.", "...."}},
+        {{{0, 0}, {4, 4}, {0, 4}},          {"....", "#...", "##..", "###."}}, // right edge through centres
+        {{{0, 0}, {4, 0}, {4, 4}},          {"####", ".###", "..##", "...#"}}, // left edge through centres
+        {{{0, 0}, {4, 4}},                  {"....", "....", "....", "...."}},
+        {{{1, 1}},                          {"....", "....", "....", "...."}},
+        {{{INT64_MIN, INT64_MIN},
+          {INT64_MAX, INT64_MIN},
+          {INT64_MAX, INT64_MAX},
+          {INT64_MIN, INT64_MAX}},
+         {"####", "####", "####", "####"}                                   },
+    };
+    for (const auto& [polygon, expected] : rows)
+        EXPECT_EQ(shape(SpanMask::fill(Path{{polygon}}, area), area), expected);
+}
+
+TEST(SpanMask, IntersectsToThePixelsInBoth)
+{
+    std::mt19937 random(14);
+    for (int round = 0; round < 300; ++round) {
+        const Path first = randomPath(random, -2, 16);
+        const Path second = randomPath(random, -2, 16);
+        const Rect inner{3, 2, 9, 10};
+        const Rect outer{0, 0, 14, 14};
+        const SpanMask both =
+            SpanMask::fill(first, inner).intersected(SpanMask::fill(second, outer));
+        const auto a = reference(first, inner);
+        const auto b = reference(second, inner);
+        auto expected = a;
+        for (std::size_t y = 0; y < expected.size(); ++y)
+            for (std::size_t x = 0; x < expected[y].size(); ++x)
+                if (b[y][x] == '.')
+                    expected[y][x] = '.';
+        ASSERT_EQ(shape(both, inner), expected) << round;
+    }
+}

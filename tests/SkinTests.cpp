@@ -1,0 +1,121 @@
+#include "SkinKit/Skin.h"
+#include "tests/support/BMPWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+using namespace SkinKit;
+
+namespace {
+
+// Each pixel tells where it is from.
+Image coordinates(Size size)
+{
+    auto pixels = PixelBuffer::uncleared(size);
+    for (int y = 0; y < size.height; ++y)
+        for (int x = 0; x < size.width; ++x)
+            pixels.row(y)[static_cast<std::size_t>(x)] =
+                packPixel(static_cast<unsigned>(x & 255), static_cast<unsigned>(y & 255),
+                          static_cast<unsigned>(x >> 8 | y >> 8 << 4));
+    return {std::move(pixels), Image::Alpha::opaque};
+}
+
+Skin skinOf(std::string_view sheet, Size size)
+{
+    Skin skin;
+    skin.sheets.emplace(sheet, coordinates(size));
+    return skin;
+}
+
+void expectPart(const std::optional<Image>& image, const Skin& skin,
+                const std::optional<Rect>& rect)
+{
+    EXPECT_EQ(image, rect ? skin.sheets.begin()->second.crop(*rect) : std::nullopt);
+}
+
+}
+
+TEST(Skin, CropsASpriteAsFarAsItsSheetGoes)
+{
+    struct Row {
+        std::string_view sprite;
+        Size sheet;
+        std::optional<Rect> expected;
+    };
+    const Row rows[] = {
+        {"MAIN_PLAY_BUTTON_ACTIVE", {136, 36},  Rect{23, 18, 23, 18}},
+        {"MAIN_PLAY_BUTTON_ACTIVE", {40, 30},   Rect{23, 18, 17, 12}},
+        {"MAIN_PLAY_BUTTON_ACTIVE", {23, 36},   std::nullopt        },
+        {"MAIN_PLAY_BUTTON_ACTIVE", {136, 18},  std::nullopt        },
+        {"MAIN_TITLE_BAR",          {400, 400}, std::nullopt        }, // on another sheet
+        {"NO_SUCH_SPRITE",          {400, 400}, std::nullopt        },
+    };
+    for (const auto& [sprite, size, expected] : rows) {
+        SCOPED_TRACE(testing::Message() << sprite << " of " << size.width << "x" << size.height);
+        const Skin skin = skinOf("CBUTTONS", size);
+        expectPart(skin.image(sprite), skin, expected);
+    }
+}
+
+TEST(Skin, CutsSliderFramesOutOfAStrip)
+{
+    struct Row {
+        std::string_view sprite;
+        Size sheet;
+        int frame;
+        std::optional<Rect> expected;
+    };
+    const Row rows[] = {
+        {"MAIN_VOLUME_BACKGROUND",          {68, 433}, 0,       Rect{0, 0, 68, 13}  },
+        {"MAIN_VOLUME_BACKGROUND",          {68, 433}, 27,      Rect{0, 405, 68, 13}},
+        {"MAIN_VOLUME_BACKGROUND",          {68, 600}, 28,      std::nullopt        }, // below the sprite
+        {"MAIN_VOLUME_BACKGROUND",          {68, 418}, 27,      Rect{0, 405, 68, 13}},
+        {"MAIN_VOLUME_BACKGROUND",          {68, 417}, 27,      std::nullopt        }, // below the sheet
+        {"MAIN_VOLUME_BACKGROUND",          {68, 12},  0,       std::nullopt        },
+        {"MAIN_VOLUME_BACKGROUND",          {30, 433}, 2,       Rect{0, 30, 30, 13} }, // cut at the right
+        {"MAIN_VOLUME_BACKGROUND",          {68, 433}, -1,      std::nullopt        },
+        {"MAIN_VOLUME_BACKGROUND",          {68, 433}, INT_MAX, std::nullopt        },
+        {"MAIN_VOLUME_BACKGROUND",          {68, 433}, INT_MIN, std::nullopt        },
+        {"MAIN_BALANCE_BACKGROUND",         {68, 433}, 3,       Rect{0, 45, 38, 13} }, // the substitute
+        {"MAIN_POSITION_SLIDER_BACKGROUND", {68, 433}, 0,       std::nullopt        },
+        {"MAIN_VOLUME_THUMB",               {68, 600}, 0,       std::nullopt        }, // not high enough for one
+    };
+    for (const auto& [sprite, size, frame, expected] : rows) {
+        SCOPED_TRACE(testing::Message() << sprite << ", frame " << frame);
+        const Skin skin = skinOf("VOLUME", size);
+        expectPart(skin.image(sprite, Frame{frame}), skin, expected);
+    }
+}
+
+TEST(Skin, CutsBandFramesOutOfTwoRows)
+{
+    struct Row {
+        Size sheet;
+        int frame;
+        std::optional<Rect> expected;
+    };
+    const Row rows[] = {
+        {{275, 315}, 0,  Rect{13, 164, 14, 63} },
+        {{275, 315}, 13, Rect{208, 164, 14, 63}},
+        {{275, 315}, 14, Rect{13, 229, 14, 63} },
+        {{275, 315}, 27, Rect{208, 229, 14, 63}},
+        {{275, 315}, 28, std::nullopt          },
+        {{275, 315}, -1, std::nullopt          },
+        {{222, 292}, 27, Rect{208, 229, 14, 63}},
+        {{221, 292}, 27, std::nullopt          }, // beyond the right edge
+        {{222, 291}, 27, std::nullopt          }, // beyond the bottom
+        {{221, 291}, 12, Rect{193, 164, 14, 63}},
+    };
+    for (const auto& [size, frame, expected] : rows) {
+        SCOPED_TRACE(testing::Message() << "frame " << frame);
+        const Skin skin = skinOf("EQMAIN", size);
+        expectPart(skin.image("EQ_SLIDER_BACKGROUND", BandFrame{frame}), skin, expected);
+    }
+}
+
+TEST(Skin, UsesTheExtendedDigitsWhenItHasThem)
+{
+    EXPECT_TRUE(skinOf("NUMS_EX", {108, 13}).usesNumsEx());
+    EXPECT_FALSE(skinOf("NUMBERS", {108, 13}).usesNumsEx());
+}
