@@ -91,10 +91,17 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
     if (entry.method != ZipFile::Method::deflated)
         return std::nullopt;
 
+<<<<<<< HEAD
     // Deflated data is never longer than this unless it is padded with empty blocks; the bound keeps
     // such padding from asking for memory.
     constexpr std::int64_t allowance = 65'536;
     if (entry.compressedBytes > allowance && (entry.compressedBytes - allowance) / 2 > room)
+=======
+    // Deflated data is never longer than this unless it is padded with empty blocks; the bound
+    // keeps a false size in the directory from asking for memory.
+    const std::int64_t longest = 2 * room + 65'536;
+    if (entry.compressedBytes > longest)
+>>>>>>> main
         return std::nullopt;
     const auto deflated = zip.rawBytes(index, entry.compressedBytes);
     return deflated ? inflate(*deflated, entry.uncompressedBytes, room) : std::nullopt;
