@@ -1,0 +1,74 @@
+#include "SkinKit/Display/MediaInfoText.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <limits>
+
+using namespace SkinKit;
+
+TEST(MediaInfoText, FitsABitRateIntoThreeCharacters)
+{
+    struct Row {
+        std::optional<int> rate;
+        std::string_view expected;
+    };
+    const Row rows[] = {
+        {std::nullopt, "  0"},
+        {0,            "  0"},
+        {-5,           "  0"},
+        {INT_MIN,      "  0"},
+        {7,            "  7"},
+        {64,           " 64"},
+        {128,          "128"},
+        {999,          "999"},
+        {1000,         "10H"},
+        {1411,         "14H"},
+        {9999,         "99H"},
+        {10'000,       " 1C"},
+        {12'345,       " 1C"},
+        {99'999,       " 9C"},
+        {INT_MAX,      " 2C"},
+    };
+    for (const auto& [rate, expected] : rows)
+        EXPECT_EQ(MediaInfoText::kbps(rate), expected) << rate.value_or(-1);
+}
+
+TEST(MediaInfoText, FitsASampleRateIntoTwoCharacters)
+{
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    struct Row {
+        std::optional<double> rate;
+        std::string_view expected;
+    };
+    const Row rows[] = {
+        {std::nullopt,                             " 0"},
+        {infinity,                                 " 0"},
+        {-infinity,                                " 0"},
+        {std::numeric_limits<double>::quiet_NaN(), " 0"},
+        {0,                                        " 0"},
+        {-44'100,                                  " 0"},
+        {499,                                      " 0"},
+        {500,                                      " 1"},
+        {8000,                                     " 8"},
+        {9499,                                     " 9"},
+        {9500,                                     " 1"},
+        {10'000,                                   " 1"},
+        {10'499,                                   " 1"},
+        {10'500,                                   "11"},
+        {10'999,                                   "11"},
+        {11'025,                                   "11"},
+        {22'050,                                   "22"},
+        {44'100,                                   "44"},
+        {47'500,                                   "48"},
+        {96'000,                                   "96"},
+        {99'499,                                   "99"},
+        {99'500,                                   "00"},
+        {100'000,                                  "00"},
+        {192'000,                                  "92"},
+        {1'234'000,                                "23"},
+        {1e300,                                    "00"},
+    };
+    for (const auto& [rate, expected] : rows)
+        EXPECT_EQ(MediaInfoText::khz(rate), expected) << rate.value_or(-1);
+}
