@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SkinKit/Cursors/SkinCursors.h"
 #include "SkinKit/Parsers/PlaylistStyle.h"
 #include "SkinKit/Parsers/VisColorParser.h"
 #include "SkinKit/Raster/Image.h"
@@ -15,11 +16,6 @@
 
 namespace SkinKit {
 
-// A skin's decoded cursors.
-struct SkinCursors {
-    bool operator==(const SkinCursors&) const = default;
-};
-
 // A frame of a slider's background strip, 0 the topmost.
 struct Frame {
     int number = 0;
@@ -29,12 +25,12 @@ struct BandFrame {
     int number = 0;
 };
 
-// Everything that was read from one classic skin. A plain value; the sheets' pixels are shared, so a
-// copy is cheap. Once parsed it never changes, and any number of threads may read it.
+// Everything that was read from one classic skin. A plain value; the sheets' pixels are shared, so
+// a copy is cheap. Once parsed it never changes, and any number of threads may read it.
 struct Skin {
     std::map<std::string, Image, std::less<>> sheets; // by upper-case sheet name
     VisColorParser::Colors visColors = VisColorParser::defaults;
-    SkinRegion region;                 // without sections when the skin has none
+    SkinRegion region;                  // without sections when the skin has none
     std::vector<std::string> warnings;  // what the skin lacks or breaks that will show
     std::vector<std::string> fallbacks; // what was substituted so that drawing still works
     std::set<std::string, std::less<>> generatedSheets; // of `sheets`, those not from the archive
@@ -52,8 +48,9 @@ struct Skin {
 
     // The sprite's pixels, as far as the sheet has them; nothing when it has none of them.
     std::optional<Image> image(std::string_view sprite) const;
-    // The frame's pixels: 13 rows, the frames 15 rows apart. Nothing for a negative number or a frame
-    // that ends below the sheet or below the sprite; one that is too wide is cut at the right.
+    // The frame's pixels: 13 rows, the frames 15 rows apart. Nothing for a negative number or a
+    // frame that ends below the sheet or below the sprite; one that is too wide is cut at the
+    // right.
     std::optional<Image> image(std::string_view sprite, Frame frame) const;
     // 14 × 63 pixels. Nothing for other numbers than 0 … 27 or a frame that leaves the sheet.
     std::optional<Image> image(std::string_view sprite, BandFrame frame) const;

@@ -125,6 +125,8 @@ public:
             addFallback(std::move(note));
     }
 
+    void readCursors() { skin_.cursors = SkinCursors::load(archive_); }
+
     Skin take() { return std::move(skin_); }
 
 private:
@@ -164,6 +166,7 @@ std::expected<Skin, SkinError> parse(const SkinArchive& archive)
     assembly.readVisColors();
     assembly.readRegion();
     assembly.readPlaylistStyle();
+    assembly.readCursors();
     return assembly.take();
 }
 

@@ -72,6 +72,13 @@ void sayError(std::string_view text)
     say("skintool: " + visible(text));
 }
 
+ExitStatus sayUsageError(std::string_view description, std::string_view usage)
+{
+    sayError(description);
+    say(usage);
+    return trouble;
+}
+
 ExitStatus finish(ExitStatus status)
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout))

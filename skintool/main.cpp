@@ -1,6 +1,8 @@
+#include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
+#include "skintool/InfoCommand.h"
 #include "skintool/RenderCommand.h"
 
 #include <span>
@@ -11,51 +13,42 @@
 namespace {
 
 using namespace skintool;
+using Arguments = std::span<const std::string>;
 
-constexpr std::string_view help = R"(Examples:
-  skintool some.wsz                           what is in a skin, in a line
-  skintool -v some.wsz                        and everything the loader noticed
-  skintool --png out.png some.wsz             its main window as a picture
-  skintool --png out.png --scale 2 folder/    twice as large, from an unpacked skin
+// A form of the command line.
+struct Form {
+    std::string_view word; // empty for the one without a word
+    std::string_view usage;
+    std::string_view help;
+    ExitStatus (*run)(Arguments);
+};
 
-Options:
-  -v, --verbose         print the loader's warnings and fallbacks
-  --png <out>           write the main window as a PNG file
-  --state webamp|idle   a playing player (the default) or one just started
-  --scale N             N device pixels for each of the 275 x 116 (default 1)
-  --compare <refdir>    compare with <refdir>/<skin's name>.png; needs scale 1
-  --no-region           the whole rectangle, not the shape the skin cuts from it
-  -h, --help            this text
-  --version             the version
-
-Exit status: 0 done; 1 the pictures differ; 2 trouble.)";
-
-bool isHelp(std::string_view argument)
+ExitStatus run(const Form& form, Arguments arguments)
 {
-    return argument == "-h" || argument == "--help";
+    const std::string_view first = arguments.empty() ? std::string_view() : arguments.front();
+    if (first == "-h" || first == "--help") {
+        Console::print(form.usage);
+        Console::print("");
+        Console::print(form.help);
+        return done;
+    }
+    if (first == "--version") {
+        Console::print("skintool " + std::string(SkinKit::version));
+        return done;
+    }
+    return form.run(arguments);
 }
 
-ExitStatus printHelp()
+ExitStatus run(Arguments arguments)
 {
-    Console::print(SkinKit::SkintoolOptions::usage);
-    Console::print("");
-    Console::print(help);
-    return done;
-}
-
-ExitStatus printVersion()
-{
-    Console::print("skintool " + std::string(SkinKit::version));
-    return done;
-}
-
-ExitStatus run(std::span<const std::string> arguments)
-{
-    if (!arguments.empty() && isHelp(arguments.front()))
-        return printHelp();
-    if (!arguments.empty() && arguments.front() == "--version")
-        return printVersion();
-    return RenderCommand::run(arguments);
+    const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
+    const Form subCommands[] = {
+        {"info", SkinKit::InfoOptions::usage, InfoCommand::help, InfoCommand::run},
+    };
+    for (const Form& form : subCommands)
+        if (!arguments.empty() && arguments.front() == form.word)
+            return run(form, arguments.subspan(1));
+    return run(single, arguments);
 }
 
 }

@@ -91,8 +91,8 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
     if (entry.method != ZipFile::Method::deflated)
         return std::nullopt;
 
-    // Deflated data is never longer than this unless it is padded with empty blocks; the bound keeps
-    // such padding from asking for memory.
+    // Deflated data is never longer than this unless it is padded with empty blocks; the bound
+    // keeps such padding from asking for memory.
     constexpr std::int64_t allowance = 65'536;
     if (entry.compressedBytes > allowance && (entry.compressedBytes - allowance) / 2 > room)
         return std::nullopt;

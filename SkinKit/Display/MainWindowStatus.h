@@ -15,9 +15,9 @@ enum class Transport { stopped, loading, playing, paused };
 struct MainWindowStatus {
     Transport transport = Transport::stopped;
     TimeMode timeMode = TimeMode::elapsed;
-    double elapsed = 0;              // seconds into the track
-    double duration = 0;             // seconds
-    std::optional<int> bitrateKbps;  // kilobits a second
+    double elapsed = 0;               // seconds into the track
+    double duration = 0;              // seconds
+    std::optional<int> bitrateKbps;   // kilobits a second
     std::optional<double> sampleRate; // hertz
     std::optional<int> channels;
 

@@ -10,8 +10,8 @@ namespace SkinKit::MediaInfoText {
 // thousands). Unknown is "  0"; a negative rate counts as 0.
 std::string kbps(std::optional<int> bitrateKbps);
 
-// Two characters, in kilohertz: 44100 is "44". From 100 kHz up the first digit is dropped (192000 is
-// "92"), up to 10 kHz only the first is kept (10000 is " 1"). Unknown is " 0".
+// Two characters, in kilohertz: 44100 is "44". From 100 kHz up the first digit is dropped (192000
+// is "92"), up to 10 kHz only the first is kept (10000 is " 1"). Unknown is " 0".
 std::string khz(std::optional<double> sampleRate);
 
 }

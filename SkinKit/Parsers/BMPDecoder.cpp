@@ -209,8 +209,7 @@ void decodeRow(const std::uint8_t* source, const Header& header, const Palette& 
         return;
     case 16:
         for (std::size_t x = 0; x < target.size(); ++x)
-            target[x] =
-                masks(source[2 * x] | static_cast<std::uint32_t>(source[2 * x + 1]) << 8);
+            target[x] = masks(source[2 * x] | static_cast<std::uint32_t>(source[2 * x + 1]) << 8);
         return;
     case 24: return Simd::expandBGR(source, target.data(), target.size());
     default:
@@ -271,8 +270,8 @@ public:
     {
         const auto target = take(count);
         for (std::size_t i = 0; i < target.size(); ++i)
-            target[i] = palette_.colors[isRLE4_ ? values[i / 2] >> (i % 2 == 0 ? 4 : 0) & 0xF
-                                                : values[i]];
+            target[i] =
+                palette_.colors[isRLE4_ ? values[i / 2] >> (i % 2 == 0 ? 4 : 0) & 0xF : values[i]];
     }
 
 private:
@@ -367,7 +366,8 @@ std::optional<Image> decode(ByteView bytes)
     if (!masks || !palette)
         return std::nullopt;
 
-    // An offset that points into the header or past the end is wrong; the pixels follow the palette.
+    // An offset that points into the header or past the end is wrong; the pixels follow the
+    // palette.
     const bool offsetIsGood =
         header->pixelOffset >= palette->end && header->pixelOffset < std::ssize(bytes);
     const std::int64_t start = offsetIsGood ? header->pixelOffset : palette->end;

@@ -28,7 +28,8 @@ public:
         const auto part = bytes(4);
         if (!part)
             return std::nullopt;
-        return static_cast<std::uint32_t>((*part)[0]) | static_cast<std::uint32_t>((*part)[1]) << 8 |
+        return static_cast<std::uint32_t>((*part)[0]) |
+               static_cast<std::uint32_t>((*part)[1]) << 8 |
                static_cast<std::uint32_t>((*part)[2]) << 16 |
                static_cast<std::uint32_t>((*part)[3]) << 24;
     }

@@ -29,8 +29,8 @@ struct std::hash<SkinKit::PlaylistStyle> {
     std::size_t operator()(const SkinKit::PlaylistStyle& style) const
     {
         std::size_t mixed = std::hash<std::string>{}(style.font);
-        for (const auto& color : {style.normal, style.current, style.normalBackground,
-                                  style.selectedBackground})
+        for (const auto& color :
+             {style.normal, style.current, style.normalBackground, style.selectedBackground})
             mixed = mixed * 31 + std::hash<SkinKit::RGBColor>{}(color);
         return mixed;
     }

@@ -12,7 +12,7 @@ namespace {
 
 struct ColorKey {
     std::string_view key;
-    RGBColor PlaylistStyle::*field;
+    RGBColor PlaylistStyle::* field;
 };
 // clang-format off
 constexpr ColorKey colorKeys[] = {

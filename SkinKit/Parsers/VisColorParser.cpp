@@ -68,13 +68,21 @@ std::optional<std::array<Digits, 3>> threeNumbers(std::string_view line)
         return digits.substr(digits.size() - place, 1);
     };
     if (!first.empty() && !second.empty() && !third.empty())
-        return {{first, second, third}};
+        return {
+            {first, second, third}
+        };
     if (!first.empty() && second.size() >= 2)
-        return {{first, allBut(second, 1), fromEnd(second, 1)}};
+        return {
+            {first, allBut(second, 1), fromEnd(second, 1)}
+        };
     if (first.size() >= 2 && !second.empty())
-        return {{allBut(first, 1), fromEnd(first, 1), second}};
+        return {
+            {allBut(first, 1), fromEnd(first, 1), second}
+        };
     if (first.size() >= 3)
-        return {{allBut(first, 2), fromEnd(first, 2), fromEnd(first, 1)}};
+        return {
+            {allBut(first, 2), fromEnd(first, 2), fromEnd(first, 1)}
+        };
     return std::nullopt;
 }
 

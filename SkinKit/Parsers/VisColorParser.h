@@ -49,9 +49,9 @@ struct Result {
     bool operator==(const Result&) const = default;
 };
 
-// Takes the colours of the first 24 lines that begin with three numbers (white space and at most one
-// comma between two of them, anything after the third), so comment lines do not count. Numbers above
-// 255 become 255. Never fails.
+// Takes the colours of the first 24 lines that begin with three numbers (white space and at most
+// one comma between two of them, anything after the third), so comment lines do not count. Numbers
+// above 255 become 255. Never fails.
 Result parseCounted(std::string_view text);
 // Bytes that are not UTF-8 become U+FFFD.
 Result parseCounted(ByteView bytes);

@@ -66,7 +66,7 @@ std::error_code writeAndClose(int descriptor, ByteView bytes)
 std::optional<int> standardStream(const struct ::stat& file)
 {
     for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO}) {
-        struct ::stat stream {};
+        struct ::stat stream{};
         if (::fstat(descriptor, &stream) == 0 && stream.st_dev == file.st_dev &&
             stream.st_ino == file.st_ino)
             return descriptor;
@@ -133,18 +133,18 @@ std::error_code replace(const std::filesystem::path& target, ByteView bytes,
 
 Result<Kind> kind(const std::filesystem::path& path)
 {
-    struct ::stat file {};
+    struct ::stat file{};
     if (::stat(path.c_str(), &file) != 0)
         return std::unexpected(lastError());
-    return S_ISREG(file.st_mode) ? Kind::regularFile
+    return S_ISREG(file.st_mode)   ? Kind::regularFile
            : S_ISDIR(file.st_mode) ? Kind::folder
                                    : Kind::other;
 }
 
 Result<InputFile> InputFile::open(const std::filesystem::path& path)
 {
-    // Looked at before it is opened, since opening a device can have effects of its own; not waiting
-    // covers a file that turns into a pipe in between.
+    // Looked at before it is opened, since opening a device can have effects of its own; not
+    // waiting covers a file that turns into a pipe in between.
     const auto found = kind(path);
     if (!found)
         return std::unexpected(found.error());
@@ -154,7 +154,7 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path)
         return failure(std::errc::not_supported);
 
     InputFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY), 0);
-    struct ::stat status {};
+    struct ::stat status{};
     if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0)
         return std::unexpected(lastError());
     if (!S_ISREG(status.st_mode))
@@ -228,9 +228,9 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
         const std::string name = found->d_name;
         if (name == "." || name == "..")
             continue;
-        struct ::stat status {};
-        const bool known = ::fstatat(::dirfd(directory.get()), name.c_str(), &status,
-                                     AT_SYMLINK_NOFOLLOW) == 0;
+        struct ::stat status{};
+        const bool known =
+            ::fstatat(::dirfd(directory.get()), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
         entries.push_back({name, known && S_ISREG(status.st_mode), known ? status.st_size : 0});
     }
     std::ranges::sort(entries, {}, &FolderEntry::name);
@@ -239,7 +239,7 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
 
 std::error_code write(const std::filesystem::path& path, ByteView bytes)
 {
-    struct ::stat file {};
+    struct ::stat file{};
     if (::stat(path.c_str(), &file) != 0) {
         if (errno != ENOENT)
             return lastError();

@@ -9,8 +9,9 @@
 #include <system_error>
 #include <vector>
 
-// Reading and writing files. Names are bytes, as the system has them. Only regular files and folders
-// are ever opened for reading: a pipe, a device or a socket is refused without waiting for it.
+// Reading and writing files. Names are bytes, as the system has them. Only regular files and
+// folders are ever opened for reading: a pipe, a device or a socket is refused without waiting for
+// it.
 namespace SkinKit::Files {
 
 template <typename T>

@@ -27,9 +27,9 @@ libdeflate_result inflateInto(ByteBuffer& bytes, std::int64_t room, ByteView def
 {
     bytes.resize(static_cast<std::size_t>(room));
     std::size_t written = 0;
-    const auto result = libdeflate_deflate_decompress(threadDecompressor(), deflated.data(),
-                                                      deflated.size(), bytes.data(), bytes.size(),
-                                                      &written);
+    const auto result =
+        libdeflate_deflate_decompress(threadDecompressor(), deflated.data(), deflated.size(),
+                                      bytes.data(), bytes.size(), &written);
     if (result == LIBDEFLATE_SUCCESS)
         bytes.resize(written);
     return result;

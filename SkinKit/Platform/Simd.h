@@ -11,12 +11,25 @@ namespace SkinKit::Simd {
 
 // Turns `count` pixels of three bytes (blue, green, red) into RGBA words with alpha 255.
 void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
-
-// The plain form.
 void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
 
-// All forms that this processor can run, from the plain one to the one that is used.
-using ExpandBGR = void (*)(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
+// How two rows of pixels differ.
+struct DifferenceCounts {
+    std::int64_t compared = 0;        // both alphas are above 0
+    std::int64_t differing = 0;       // of those, any colour channel differs
+    std::int64_t beyondTolerance = 0; // of those, one channel by more than `tolerance`
+
+    bool operator==(const DifferenceCounts&) const = default;
+};
+DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
+                                  std::size_t count, std::uint8_t tolerance);
+DifferenceCounts countDifferencesPlain(const std::uint32_t* ours, const std::uint32_t* reference,
+                                       std::size_t count, std::uint8_t tolerance);
+
+// All forms of each that this processor can run, from the plain one to the one that is used.
+using ExpandBGR = decltype(&expandBGR);
+using CountDifferences = decltype(&countDifferences);
 std::span<const ExpandBGR> expandBGRForms();
+std::span<const CountDifferences> countDifferencesForms();
 
 }

@@ -88,9 +88,8 @@ std::string repaired(ByteView bytes)
 char32_t takeFirst(std::string_view& text)
 {
     utf8proc_int32_t codePoint = 0;
-    const auto length =
-        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
     if (length <= 0) {
         text.remove_prefix(1);
         return replacementCharacter;
@@ -132,10 +131,10 @@ std::string composed(std::string_view text)
         return std::string(text);
 
     utf8proc_uint8_t* mapped = nullptr;
-    const auto length = utf8proc_map(
-        reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-        static_cast<utf8proc_ssize_t>(text.size()), &mapped,
-        static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
+    const auto length =
+        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                     static_cast<utf8proc_ssize_t>(text.size()), &mapped,
+                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
     if (length < 0) {
         if (length == UTF8PROC_ERROR_NOMEM)
             throw std::bad_alloc();
@@ -183,7 +182,9 @@ bool isDigit(char32_t codePoint)
 
 std::string_view trimmed(std::string_view text)
 {
-    const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+    const auto isContinuation = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
     while (!text.empty()) {
         std::string_view rest = text;
         if (!isWhiteSpace(takeFirst(rest)))

@@ -34,7 +34,8 @@ std::expected<zip_t*, std::string> openSource(zip_source_t* source, zip_error_t&
     return std::unexpected(takeText(error));
 }
 
-// The attributes' upper half holds the Unix mode, where the entry was made on a system that has one.
+// The attributes' upper half holds the Unix mode, where the entry was made on a system that has
+// one.
 bool isRegularFile(const std::string& path, std::uint8_t system, std::uint32_t attributes)
 {
     constexpr std::uint32_t dosDirectory = 0x10;
@@ -137,8 +138,8 @@ std::optional<ByteBuffer> ZipFile::rawBytes(std::int64_t index, std::int64_t cou
 {
     if (count > size_) // a false size must not ask for memory
         return std::nullopt;
-    zip_file_t* const file = zip_fopen_index(archive_.get(), static_cast<zip_uint64_t>(index),
-                                             ZIP_FL_COMPRESSED);
+    zip_file_t* const file =
+        zip_fopen_index(archive_.get(), static_cast<zip_uint64_t>(index), ZIP_FL_COMPRESSED);
     if (!file)
         return std::nullopt;
     ByteBuffer bytes(static_cast<std::size_t>(count));

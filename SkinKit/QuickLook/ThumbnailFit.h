@@ -2,8 +2,8 @@
 
 #include "SkinKit/Raster/Geometry.h"
 
-// How large to draw a window for a thumbnail of a given size, so that its pixels fall on whole device
-// pixels whenever there is room for them.
+// How large to draw a window for a thumbnail of a given size, so that its pixels fall on whole
+// device pixels whenever there is room for them.
 namespace SkinKit::ThumbnailFit {
 
 struct Result {
@@ -15,8 +15,8 @@ struct Result {
     bool operator==(const Result&) const = default;
 };
 
-// `maximumSize` and `minimumSize` are in points, `scale` is the display's pixels a point, `window` the
-// window's size in pixels. Sizes and scales that make no sense are read as the least that does.
+// `maximumSize` and `minimumSize` are in points, `scale` is the display's pixels a point, `window`
+// the window's size in pixels. Sizes and scales that make no sense are read as the least that does.
 Result fit(SizeF maximumSize, SizeF minimumSize, double scale, Size window);
 
 }

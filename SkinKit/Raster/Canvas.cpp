@@ -150,8 +150,8 @@ void Canvas::drawVisible(const Image& image, const Rect& cell, const Rect& devic
     };
     const bool stretchesColumns = image.width() != cell.width;
     // A row may be widened in place when it is copied, not blended, and no pixel of it is cut off.
-    const bool inPlace =
-        image.isOpaque() && !state_.mask && columns * static_cast<std::size_t>(scale) == deviceWidth;
+    const bool inPlace = image.isOpaque() && !state_.mask &&
+                         columns * static_cast<std::size_t>(scale) == deviceWidth;
 
     for (int y = device.y; y < device.bottom();) {
         const std::int64_t rowOfCell = (y - cellTop) / scale;
@@ -163,8 +163,8 @@ void Canvas::drawVisible(const Image& image, const Rect& cell, const Rect& devic
         if (stretchesColumns) {
             stretched_.resize(columns);
             for (std::size_t i = 0; i < columns; ++i)
-                stretched_[i] = source[static_cast<std::size_t>(sample(
-                    firstColumn + static_cast<std::int64_t>(i), image.width(), cell.width))];
+                stretched_[i] = source[static_cast<std::size_t>(
+                    sample(firstColumn + static_cast<std::int64_t>(i), image.width(), cell.width))];
             visible = stretched_;
         } else {
             visible = source.subspan(static_cast<std::size_t>(firstColumn), columns);

@@ -53,8 +53,8 @@ public:
     // Makes every device pixel transparent, whatever the clip.
     void clear();
 
-    // The picture as it is now. From a canvas given up for good it costs no copy. Whoever knows that
-    // every pixel was painted opaque says so.
+    // The picture as it is now. From a canvas given up for good it costs no copy. Whoever knows
+    // that every pixel was painted opaque says so.
     Image image(Image::Alpha alpha = Image::Alpha::any) const&;
     Image image(Image::Alpha alpha = Image::Alpha::any) &&;
 

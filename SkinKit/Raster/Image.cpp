@@ -19,7 +19,8 @@ std::optional<Image> Image::crop(const Rect& rect) const
 
     Image part = *this;
     part.size_ = inside.size();
-    part.first_ += static_cast<std::size_t>(inside.y) * stride_ + static_cast<std::size_t>(inside.x);
+    part.first_ +=
+        static_cast<std::size_t>(inside.y) * stride_ + static_cast<std::size_t>(inside.x);
     return part;
 }
 

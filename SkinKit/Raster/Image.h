@@ -14,7 +14,8 @@ namespace SkinKit {
 class Image {
 public:
     enum class Alpha {
-        opaque, // the maker vouches that every alpha is 255; drawing then copies instead of blending
+        opaque, // the maker vouches that every alpha is 255; drawing then copies instead of
+                // blending
         any,
     };
 

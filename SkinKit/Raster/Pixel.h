@@ -24,10 +24,22 @@ constexpr Pixel opaquePixel(const RGBColor& color)
     return packPixel(color.red, color.green, color.blue);
 }
 
-constexpr unsigned redOf(Pixel pixel) { return pixel & 0xFF; }
-constexpr unsigned greenOf(Pixel pixel) { return pixel >> 8 & 0xFF; }
-constexpr unsigned blueOf(Pixel pixel) { return pixel >> 16 & 0xFF; }
-constexpr unsigned alphaOf(Pixel pixel) { return pixel >> 24; }
+constexpr unsigned redOf(Pixel pixel)
+{
+    return pixel & 0xFF;
+}
+constexpr unsigned greenOf(Pixel pixel)
+{
+    return pixel >> 8 & 0xFF;
+}
+constexpr unsigned blueOf(Pixel pixel)
+{
+    return pixel >> 16 & 0xFF;
+}
+constexpr unsigned alphaOf(Pixel pixel)
+{
+    return pixel >> 24;
+}
 
 // value / 255 rounded to nearest, exact for 0 … 255 * 255.
 constexpr unsigned div255(unsigned value)

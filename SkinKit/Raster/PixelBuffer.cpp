@@ -34,7 +34,8 @@ PixelBuffer PixelBuffer::transparent(Size size)
     return {size, std::calloc(checkedCount(size), sizeof(Pixel))};
 }
 
-PixelBuffer::PixelBuffer(Size size, void* memory) : size_(size), pixels_(static_cast<Pixel*>(memory))
+PixelBuffer::PixelBuffer(Size size, void* memory)
+    : size_(size), pixels_(static_cast<Pixel*>(memory))
 {
     check(memory != nullptr, "no memory for a raster");
 }

@@ -133,8 +133,7 @@ SpanMask SpanMask::fill(const Path& path, const Rect& bounds)
 
         std::ranges::fill(windingChange, 0);
         for (EdgeWalk& edge : active) {
-            const auto column =
-                std::clamp<std::int64_t>(edge.column - bounds.x, 0, bounds.width);
+            const auto column = std::clamp<std::int64_t>(edge.column - bounds.x, 0, bounds.width);
             windingChange[static_cast<std::size_t>(column)] += edge.winding;
             edge.advance();
         }

@@ -107,12 +107,11 @@ void drawVisualizer(const SpriteDrawer& drawer, const MainWindowState::Visualize
 
 void drawMarquee(const SpriteDrawer& drawer, const MainWindowState& state)
 {
-    const int offset = MarqueeLayout::stepOffset(state.marqueeText, state.marqueeStep,
-                                                 state.marqueePixels);
+    const int offset =
+        MarqueeLayout::stepOffset(state.marqueeText, state.marqueeStep, state.marqueePixels);
     const SavedCanvasState saved(drawer.context);
     drawer.context.clip(Layout::marquee);
-    drawImage(drawer.context,
-              textImage(drawer.skin, MarqueeLayout::loopText(state.marqueeText)),
+    drawImage(drawer.context, textImage(drawer.skin, MarqueeLayout::loopText(state.marqueeText)),
               {Layout::marquee.x - offset, Layout::marquee.y});
 }
 
@@ -120,8 +119,8 @@ void drawStreamInfo(const SpriteDrawer& drawer, const MainWindowStatus& status)
 {
     const bool stopped = status.transport == Transport::stopped;
     if (!stopped) {
-        drawImage(drawer.context,
-                  textImage(drawer.skin, MediaInfoText::kbps(status.bitrateKbps)), Layout::kbps);
+        drawImage(drawer.context, textImage(drawer.skin, MediaInfoText::kbps(status.bitrateKbps)),
+                  Layout::kbps);
         drawImage(drawer.context, textImage(drawer.skin, MediaInfoText::khz(status.sampleRate)),
                   Layout::khz);
     }

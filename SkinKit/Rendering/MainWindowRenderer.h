@@ -37,8 +37,8 @@ std::optional<Size> size(std::int64_t scale);
 // The whole window.
 Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip);
 
-// What never changes while the window keeps its focus, and the rest drawn over such an image (of the
-// same scale), so that a player need not draw the one again and again. Not clipped.
+// What never changes while the window keeps its focus, and the rest drawn over such an image (of
+// the same scale), so that a player need not draw the one again and again. Not clipped.
 Image renderBase(const Skin& skin, bool focused, int scale);
 Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& state, int scale);
 

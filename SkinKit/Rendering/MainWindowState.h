@@ -31,10 +31,10 @@ struct MainWindowState {
     MainWindowStatus status;
     bool focused = true;
     std::string marqueeText = "Velmar";
-    int marqueeStep = 0;   // whole cells scrolled
-    int marqueePixels = 0; // and pixels more
-    float volume = 0.78F;  // 0 … 1
-    float balance = 0;     // -1 … 1, 0 in the centre
+    int marqueeStep = 0;            // whole cells scrolled
+    int marqueePixels = 0;          // and pixels more
+    float volume = 0.78F;           // 0 … 1
+    float balance = 0;              // -1 … 1, 0 in the centre
     std::optional<double> position; // 0 … 1; none hides the seek bar's thumb
     bool shuffle = false;
     bool repeatOn = false;

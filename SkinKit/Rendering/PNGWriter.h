@@ -19,8 +19,8 @@ std::error_code make_error_code(WriteError error); // its message: "could not en
 // The image as an 8-bit RGBA PNG, or nothing when it can't be encoded.
 std::optional<ByteBuffer> data(const Image& image);
 
-// Writes the image to a file that is replaced in one step (anything but a regular file is written in
-// place). Gives WriteError or the system's own error, or one that is no error.
+// Writes the image to a file that is replaced in one step (anything but a regular file is written
+// in place). Gives WriteError or the system's own error, or one that is no error.
 std::error_code write(const Image& image, const std::filesystem::path& file);
 
 // The picture in a PNG or BMP file, or nothing when there is none or it can't be read.

@@ -17,8 +17,8 @@ inline constexpr double resumeDelay = 1;     // seconds until scrolling goes on 
 // Whether the text scrolls.
 bool isLong(std::string_view text);
 
-// The text to draw: a short one filled up with spaces to the area's width, a long one twice with the
-// separator between, so that it can be drawn from any offset.
+// The text to draw: a short one filled up with spaces to the area's width, a long one twice with
+// the separator between, so that it can be drawn from any offset.
 std::string loopText(std::string_view text);
 
 // How far to the left the loop text is drawn after so many steps of a cell each and so many pixels

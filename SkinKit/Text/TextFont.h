@@ -21,8 +21,8 @@ std::optional<std::string_view> deburr(char16_t unit);
 std::optional<Sprite> sprite(char16_t unit);
 std::optional<std::string_view> spriteName(char16_t unit);
 
-// The cell's sprite name for each UTF-16 unit of the text as it comes; a character outside the first
-// plane is two units, neither of which has a cell.
+// The cell's sprite name for each UTF-16 unit of the text as it comes; a character outside the
+// first plane is two units, neither of which has a cell.
 std::vector<std::optional<std::string_view>> cells(std::string_view text);
 
 }

@@ -34,8 +34,7 @@ std::optional<Image> textImage(const Skin& skin, std::string_view text)
         return std::nullopt;
 
     const auto units = Unicode::toUTF16(Unicode::composed(text));
-    Canvas canvas(
-        {TextFont::cellWidth * static_cast<int>(units.size()), TextFont::cellHeight});
+    Canvas canvas({TextFont::cellWidth * static_cast<int>(units.size()), TextFont::cellHeight});
     int x = 0;
     for (const char16_t unit : units) {
         drawCell(canvas, *sheet, unit, x);

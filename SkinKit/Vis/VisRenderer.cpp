@@ -65,17 +65,31 @@ int traceRow(const VisLayout& layout, int place)
 
 }
 
-Size VisLayout::imageSize() const { return layouts[shadeFactor_].imageSize; }
-int VisLayout::columnCount() const { return layouts[shadeFactor_].columnCount; }
-int VisLayout::maxHeight() const { return layouts[shadeFactor_].maxHeight; }
-int VisLayout::backgroundWidth() const { return layouts[shadeFactor_].backgroundWidth; }
-int VisLayout::pointScale() const { return layouts[shadeFactor_].pointScale; }
+Size VisLayout::imageSize() const
+{
+    return layouts[shadeFactor_].imageSize;
+}
+int VisLayout::columnCount() const
+{
+    return layouts[shadeFactor_].columnCount;
+}
+int VisLayout::maxHeight() const
+{
+    return layouts[shadeFactor_].maxHeight;
+}
+int VisLayout::backgroundWidth() const
+{
+    return layouts[shadeFactor_].backgroundWidth;
+}
+int VisLayout::pointScale() const
+{
+    return layouts[shadeFactor_].pointScale;
+}
 
 VisRenderer::VisRenderer(std::span<const RGBColor> colors, VisLayout layout) : layout_(layout)
 {
     for (std::size_t i = 0; i < packed_.size(); ++i) {
-        const RGBColor color =
-            colors.empty() ? RGBColor{} : colors[std::min(i, colors.size() - 1)];
+        const RGBColor color = colors.empty() ? RGBColor{} : colors[std::min(i, colors.size() - 1)];
         packed_[i] = 0xFF000000U | static_cast<std::uint32_t>(color.red) << 16 |
                      static_cast<std::uint32_t>(color.green) << 8 | color.blue;
     }
@@ -83,8 +97,8 @@ VisRenderer::VisRenderer(std::span<const RGBColor> colors, VisLayout layout) : l
     pixels_.resize(static_cast<std::size_t>(width()) * static_cast<std::size_t>(height()));
     for (int y = 0; y < height(); ++y)
         for (int x = 0; x < layout_.backgroundWidth(); ++x)
-            at(x, y) = color(layout_.isMain() && x % 2 == 0 && y % 2 == 1 ? dotColor
-                                                                          : backgroundColor);
+            at(x, y) =
+                color(layout_.isMain() && x % 2 == 0 && y % 2 == 1 ? dotColor : backgroundColor);
     template_ = pixels_;
 }
 
@@ -98,8 +112,8 @@ std::uint32_t VisRenderer::barColor(int row, int pushDown) const
 
 void VisRenderer::drawBars(std::span<const int> heights, std::span<const int> peaks, int pushDown)
 {
-    const int columns = static_cast<int>(
-        std::min(heights.size(), static_cast<std::size_t>(layout_.columnCount())));
+    const int columns =
+        static_cast<int>(std::min(heights.size(), static_cast<std::size_t>(layout_.columnCount())));
     for (int x = 0; x < columns; ++x) {
         if (x % barPitch == barPitch - 1)
             continue;
@@ -114,8 +128,8 @@ void VisRenderer::drawBars(std::span<const int> heights, std::span<const int> pe
 
 void VisRenderer::drawOscilloscope(std::span<const float> samples, int pushDown)
 {
-    const int columns = static_cast<int>(
-        std::min(samples.size(), static_cast<std::size_t>(layout_.columnCount())));
+    const int columns =
+        static_cast<int>(std::min(samples.size(), static_cast<std::size_t>(layout_.columnCount())));
     int previous = 0;
     for (int x = 0; x < columns; ++x) {
         const int place = tracePlace(samples[static_cast<std::size_t>(x)]);
@@ -145,8 +159,7 @@ Image VisRenderer::makeImage() const
     bool opaque = true;
     for (std::size_t i = 0; i < pixels_.size(); ++i) {
         const std::uint32_t word = pixels_[i];
-        raster.data()[i] =
-            packPixel(word >> 16 & 0xFF, word >> 8 & 0xFF, word & 0xFF, word >> 24);
+        raster.data()[i] = packPixel(word >> 16 & 0xFF, word >> 8 & 0xFF, word & 0xFF, word >> 24);
         opaque = opaque && word >> 24 == 255;
     }
     return {std::move(raster), opaque ? Image::Alpha::opaque : Image::Alpha::any};

@@ -54,8 +54,8 @@ public:
     // Back to the background.
     void clear() { pixels_ = template_; }
 
-    // A bar height and a peak height for each column, in pixels; every fourth column stays free. The
-    // main layout's colours sit `pushDown` rows lower.
+    // A bar height and a peak height for each column, in pixels; every fourth column stays free.
+    // The main layout's colours sit `pushDown` rows lower.
     void drawBars(std::span<const int> heights, std::span<const int> peaks, int pushDown);
     // A sample for each column, 0 on the centre line. The trace is drawn `pushDown` rows lower.
     void drawOscilloscope(std::span<const float> samples, int pushDown);

@@ -16,8 +16,8 @@ const support::Legend legend{
     {'.', transparentPixel},
     {'#', packPixel(255, 0, 0)},
     {'o', packPixel(0, 0, 255)},
-    {'-', packPixel(0, 128, 0, 128)},  // half a green, premultiplied
-    {'+', packPixel(127, 128, 0)},     // that over red
+    {'-', packPixel(0, 128, 0, 128)}, // half a green, premultiplied
+    {'+', packPixel(127, 128, 0)}, // that over red
 };
 
 }
@@ -77,7 +77,9 @@ TEST(Canvas, ClipsToRectanglesAndPolygonsTogether)
     Canvas canvas({6, 4});
     canvas.clip(Rect{1, 0, 4, 4});
     canvas.clip(Path{{{{0, 1}, {6, 1}, {6, 3}, {0, 3}}}});
-    canvas.clip(Path{{{{0, 0}, {3, 0}, {3, 4}, {0, 4}}, {{4, 0}, {6, 0}, {6, 4}, {4, 4}}}});
+    canvas.clip(Path{
+        {{{0, 0}, {3, 0}, {3, 4}, {0, 4}}, {{4, 0}, {6, 0}, {6, 4}, {4, 4}}}
+    });
     canvas.fill({0, 0, 6, 4}, {255, 0, 0});
     canvas.draw(picture({"--"}, legend), Point{2, 1});
     EXPECT_EQ(rowsOf(canvas.image(), legend), (Rows{"......", ".#+.#.", ".##.#.", "......"}));

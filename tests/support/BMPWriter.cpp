@@ -100,7 +100,7 @@ void appendRuns(ByteBuffer& pixels, const std::vector<std::uint8_t>& row, int bi
             appendAbsolute(pixels, {begin, begin + static_cast<std::ptrdiff_t>(fresh)}, bitCount);
             x += fresh;
         } else {
-            const unsigned value = bitCount == 4 ? row[x] << 4 | row[x] : row[x];
+            const unsigned value = row[x] * (bitCount == 4 ? 0x11U : 1U);
             pixels.insert(pixels.end(),
                           {static_cast<std::uint8_t>(length), static_cast<std::uint8_t>(value)});
             x += length;

@@ -13,8 +13,8 @@ Image picture(const std::vector<std::string_view>& rows, const Legend& legend)
     bool opaque = true;
     for (int y = 0; y < pixels.size().height; ++y)
         for (int x = 0; x < pixels.size().width; ++x) {
-            const auto pixel = legend.at(rows.at(static_cast<std::size_t>(y))
-                                             .at(static_cast<std::size_t>(x)));
+            const auto pixel =
+                legend.at(rows.at(static_cast<std::size_t>(y)).at(static_cast<std::size_t>(x)));
             pixels.row(y)[static_cast<std::size_t>(x)] = pixel;
             opaque = opaque && SkinKit::alphaOf(pixel) == 255;
         }

@@ -19,9 +19,9 @@ SkinBuilder& SkinBuilder::file(std::string name, ByteView content)
 SkinBuilder& SkinBuilder::allSheets()
 {
     for (const auto& sheet : SkinKit::SkinSprites::sheets())
-        this->sheet(SkinKit::Unicode::lowercased(sheet.name) + ".bmp",
-                    solidImage(SkinKit::GeneratedBaseSkin::size(sheet.name),
-                               sheetColor(sheet.name)));
+        this->sheet(
+            SkinKit::Unicode::lowercased(sheet.name) + ".bmp",
+            solidImage(SkinKit::GeneratedBaseSkin::size(sheet.name), sheetColor(sheet.name)));
     return *this;
 }
 

@@ -15,9 +15,9 @@ struct ZipEntry {
     ByteBuffer data; // decompressed
     std::uint16_t method = 8;
     std::uint16_t flags = 0;
-    std::uint16_t madeBy = 0;               // upper byte: the system; 3 is Unix
-    std::uint32_t externalAttributes = 0;   // upper half: the Unix mode
-    std::optional<ByteBuffer> stored;       // the bytes in the container, instead of compressed data
+    std::uint16_t madeBy = 0;             // upper byte: the system; 3 is Unix
+    std::uint32_t externalAttributes = 0; // upper half: the Unix mode
+    std::optional<ByteBuffer> stored;     // the bytes in the container, instead of compressed data
     std::optional<std::uint32_t> crc;
     std::optional<std::uint32_t> uncompressedSize;
 };
@@ -27,7 +27,9 @@ public:
     ZipWriter& add(ZipEntry entry);
     ZipWriter& add(std::string name, ByteView data)
     {
-        return add({.name = std::move(name), .data = {data.begin(), data.end()}});
+        return add({
+            .name = std::move(name), .data = {data.begin(), data.end()}
+        });
     }
 
     // The container so far, with its directory.

@@ -1,0 +1,270 @@
+#include "SkinKit/Cursors/CursorPicture.h"
+
+#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Parsers/ByteReader.h"
+#include "SkinKit/Platform/PNGCodec.h"
+
+#include <array>
+#include <bit>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+// A bitmap in a cursor:
+//
+//     0  header       as in a bitmap file, its height that of colours and mask together
+//        masks        red, green, blue; compression 3 only
+//        palette
+//        colours      rows padded to 4 bytes, bottom row first unless the height is negative
+//        mask         rows likewise; a set bit leaves the screen, or inverts it where the colour
+//                     is white
+namespace SkinKit::CursorPicture {
+namespace {
+
+constexpr std::string_view pngSignature = "\x89PNG\r\n\x1A\n";
+constexpr std::int64_t pngSizeOffset = 16;
+
+// Its pixel offset of 0 makes the bitmap decoder look right after the palette.
+constexpr std::array<std::uint8_t, 14> fileHeader{'B', 'M'};
+constexpr std::uint32_t coreHeaderBytes = 12;
+constexpr std::uint32_t infoHeaderBytes = 40;
+constexpr std::int64_t masksBytes = 12;
+constexpr Pixel black = packPixel(0, 0, 0);
+constexpr Pixel white = packPixel(255, 255, 255);
+
+enum Compression : std::uint32_t { uncompressed = 0, bitFields = 3 };
+
+bool isSide(std::int64_t length)
+{
+    return length >= 1 && length <= maxSide;
+}
+
+// Takes a picture's share.
+bool spend(Budget& budget, Size size, std::int64_t pngBytes)
+{
+    const auto pixels = std::int64_t{size.width} * size.height;
+    if (pixels > budget.pixels || pngBytes > budget.pngBytes)
+        return false;
+    budget.pixels -= pixels;
+    budget.pngBytes -= pngBytes;
+    return true;
+}
+
+CursorImage centred(Image image, int bitCount)
+{
+    const Point middle{image.width() / 2, image.height() / 2};
+    return {std::move(image), middle, bitCount};
+}
+
+int channelCount(unsigned pngColorType)
+{
+    enum : unsigned { rgb = 2, grayAlpha = 4, rgba = 6 };
+    switch (pngColorType) {
+    case rgb:
+        return 3;
+    case grayAlpha:
+        return 2;
+    case rgba:
+        return 4;
+    default:
+        return 1;
+    }
+}
+
+std::optional<CursorImage> decodePNG(ByteView bytes, Budget& budget)
+{
+    ByteReader reader(bytes, pngSizeOffset);
+    const std::int64_t width = std::byteswap(reader.u32().value_or(0));
+    const std::int64_t height = std::byteswap(reader.u32().value_or(0));
+    const auto depthAndType = reader.bytes(2);
+    if (!depthAndType || !isSide(width) || !isSide(height))
+        return std::nullopt;
+    const Size size{static_cast<int>(width), static_cast<int>(height)};
+    if (!spend(budget, size, std::ssize(bytes)))
+        return std::nullopt;
+
+    auto image = PNGCodec::decode(bytes, {maxSide, maxSide * maxSide});
+    if (!image)
+        return std::nullopt;
+    return centred(std::move(*image), (*depthAndType)[0] * channelCount((*depthAndType)[1]));
+}
+
+// What a bitmap's header tells, and what follows from it. Offsets are in the picture's bytes.
+struct Layout {
+    std::uint32_t headerBytes = 0;
+    int width = 0;
+    int rows = 0;
+    bool isTopDown = false;
+    int bitCount = 0;
+    std::uint32_t compression = uncompressed;
+    std::int64_t colorsOffset = 0;
+
+    std::int64_t colorStride() const { return (std::int64_t{width} * bitCount + 31) / 32 * 4; }
+    std::int64_t maskStride() const { return (std::int64_t{width} + 31) / 32 * 4; }
+    std::int64_t maskOffset() const { return colorsOffset + colorStride() * rows; }
+};
+
+std::int64_t paletteBytes(const Layout& layout, std::uint32_t colorsUsed)
+{
+    if (layout.bitCount > 8)
+        return 0;
+    const std::int64_t most = std::int64_t{1} << layout.bitCount;
+    const std::int64_t entries = colorsUsed != 0 && colorsUsed <= most ? colorsUsed : most;
+    return entries * (layout.headerBytes == coreHeaderBytes ? 3 : 4);
+}
+
+// The rows of a height that usually counts the mask's too.
+std::int64_t rowsOf(std::int64_t height, std::int64_t statedHeight, const Layout& layout,
+                    std::int64_t byteCount)
+{
+    const std::int64_t both = (layout.colorStride() + layout.maskStride()) * (height / 2);
+    const std::int64_t present = byteCount - layout.colorsOffset;
+    const bool isPlain =
+        height == statedHeight && present >= layout.colorStride() * height && present > both;
+    return isPlain ? height : height / 2;
+}
+
+// Reads what the colours' place depends on. Whether the header makes sense otherwise is left to the
+// bitmap decoder.
+std::optional<Layout> readLayout(ByteView bytes, std::int64_t statedHeight)
+{
+    ByteReader reader(bytes);
+    Layout layout;
+    layout.headerBytes = reader.u32().value_or(0);
+    const bool isCore = layout.headerBytes == coreHeaderBytes;
+    if ((!isCore && layout.headerBytes < infoHeaderBytes) || std::ssize(bytes) < layout.headerBytes)
+        return std::nullopt;
+
+    const auto side = [&]() -> std::int64_t {
+        return isCore ? *reader.u16() : std::bit_cast<std::int32_t>(*reader.u32());
+    };
+    const std::int64_t width = side();
+    const std::int64_t height = side();
+    reader.u16(); // planes
+    layout.bitCount = *reader.u16();
+    std::uint32_t colorsUsed = 0;
+    if (!isCore) {
+        layout.compression = *reader.u32();
+        reader.bytes(12); // image size and the two resolutions
+        colorsUsed = *reader.u32();
+    }
+    if (!isSide(width) || layout.bitCount > 32 ||
+        (layout.compression != uncompressed && layout.compression != bitFields))
+        return std::nullopt;
+
+    layout.width = static_cast<int>(width);
+    layout.isTopDown = height < 0;
+    layout.colorsOffset = layout.headerBytes + paletteBytes(layout, colorsUsed);
+    if (layout.compression == bitFields && layout.headerBytes == infoHeaderBytes)
+        layout.colorsOffset += masksBytes;
+    const auto rows = rowsOf(std::abs(height), statedHeight, layout, std::ssize(bytes));
+    if (!isSide(rows))
+        return std::nullopt;
+    layout.rows = static_cast<int>(rows);
+    return layout;
+}
+
+// The picture up to its mask as the bitmap file it would be.
+ByteBuffer bitmapFile(ByteView bytes, const Layout& layout)
+{
+    const auto picture = bytes.first(static_cast<std::size_t>(layout.maskOffset()));
+    ByteBuffer file;
+    file.reserve(fileHeader.size() + picture.size());
+    file.insert(file.end(), fileHeader.begin(), fileHeader.end());
+    file.insert(file.end(), picture.begin(), picture.end());
+
+    const bool isCore = layout.headerBytes == coreHeaderBytes;
+    const auto height = static_cast<std::uint32_t>(layout.isTopDown ? -layout.rows : layout.rows);
+    const std::size_t heightOffset = fileHeader.size() + (isCore ? 6 : 8);
+    for (std::size_t i = 0; i < (isCore ? 2U : 4U); ++i)
+        file[heightOffset + i] = static_cast<std::uint8_t>(height >> (8 * i));
+    return file;
+}
+
+// A picture made from `colors` pixel by pixel; `convert` gets the colour, and row and column where
+// the file has them.
+template <typename Convert>
+Image converted(const Image& colors, const Layout& layout, const Convert& convert)
+{
+    auto pixels = PixelBuffer::uncleared(colors.size());
+    bool isOpaque = true;
+    for (int y = 0; y < layout.rows; ++y) {
+        const int row = layout.isTopDown ? y : layout.rows - 1 - y;
+        const auto source = colors.row(y);
+        const auto target = pixels.row(y);
+        for (std::size_t x = 0; x < target.size(); ++x) {
+            target[x] = convert(source[x], row, x);
+            isOpaque = isOpaque && alphaOf(target[x]) == 255;
+        }
+    }
+    return {std::move(pixels), isOpaque ? Image::Alpha::opaque : Image::Alpha::any};
+}
+
+// Whether pixels have a fourth byte that belongs to no colour.
+bool hasAlphaByte(ByteView bytes, const Layout& layout)
+{
+    if (layout.bitCount != 32 || layout.compression == uncompressed)
+        return layout.bitCount == 32;
+    const auto masks = bytes.subspan(infoHeaderBytes, masksBytes);
+    return masks[3] == 0 && masks[7] == 0 && masks[11] == 0;
+}
+
+// The colours with their alpha; nothing when that is zero throughout.
+std::optional<Image> withAlpha(const Image& colors, const Layout& layout, ByteView plane)
+{
+    unsigned any = 0;
+    for (std::size_t i = 3; i < plane.size(); i += 4)
+        any |= plane[i];
+    if (any == 0)
+        return std::nullopt;
+
+    const auto perRow = static_cast<std::size_t>(layout.width);
+    return converted(colors, layout, [&](Pixel color, int row, std::size_t x) {
+        const Pixel alpha = plane[(static_cast<std::size_t>(row) * perRow + x) * 4 + 3];
+        return premultiply((color & 0x00FFFFFF) | alpha << 24);
+    });
+}
+
+Image withMask(const Image& colors, const Layout& layout, ByteView mask)
+{
+    const auto stride = static_cast<std::size_t>(layout.maskStride());
+    return converted(colors, layout, [&](Pixel color, int row, std::size_t x) {
+        const std::size_t place = static_cast<std::size_t>(row) * stride + x / 8;
+        const bool isMasked = place < mask.size() && (mask[place] << x % 8 & 0x80) != 0;
+        if (!isMasked)
+            return color;
+        // No raster can invert the screen. Left out, the pointer of a text field would vanish; so
+        // it shows as it does over a white one.
+        return color == white ? black : transparentPixel;
+    });
+}
+
+std::optional<CursorImage> decodeBitmap(ByteView bytes, std::int64_t statedHeight, Budget& budget)
+{
+    const auto layout = readLayout(bytes, statedHeight);
+    if (!layout || layout->maskOffset() > std::ssize(bytes) ||
+        !spend(budget, {layout->width, layout->rows}, 0))
+        return std::nullopt;
+    const auto colors = BMPDecoder::decode(bitmapFile(bytes, *layout));
+    if (!colors)
+        return std::nullopt;
+
+    const auto maskOffset = static_cast<std::size_t>(layout->maskOffset());
+    const auto plane =
+        bytes.first(maskOffset).subspan(static_cast<std::size_t>(layout->colorsOffset));
+    auto image = hasAlphaByte(bytes, *layout) ? withAlpha(*colors, *layout, plane) : std::nullopt;
+    if (!image)
+        image = withMask(*colors, *layout, bytes.subspan(maskOffset));
+    return centred(std::move(*image), layout->bitCount);
+}
+
+}
+
+std::optional<CursorImage> decode(ByteView bytes, std::int64_t statedHeight, Budget& budget)
+{
+    if (asText(bytes).starts_with(pngSignature))
+        return decodePNG(bytes, budget);
+    return decodeBitmap(bytes, statedHeight, budget);
+}
+
+}

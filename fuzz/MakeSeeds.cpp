@@ -1,0 +1,136 @@
+#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Sprites/GeneratedBaseSkin.h"
+#include "tests/support/BMPWriter.h"
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/ZipWriter.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+
+// Writes the fuzz targets' seeds: one folder a target, small files that are good in different ways.
+namespace {
+
+using namespace support;
+using SkinKit::Image;
+
+class SeedFolder {
+public:
+    explicit SeedFolder(std::filesystem::path path) : path_(std::move(path))
+    {
+        std::filesystem::create_directories(path_);
+    }
+
+    void write(std::string_view name, ByteView bytes) const
+    {
+        std::ofstream stream(path_ / name, std::ios::binary);
+        stream.write(reinterpret_cast<const char*>(bytes.data()),
+                     static_cast<std::streamsize>(bytes.size()));
+    }
+    void write(std::string_view name, std::string_view text) const
+    {
+        write(name, SkinKit::asBytes(text));
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+// Few colours, flat stretches and lone pixels: something for every compression.
+Image smallPicture()
+{
+    auto pixels = SkinKit::PixelBuffer::uncleared({13, 7});
+    for (int y = 0; y < 7; ++y)
+        for (int x = 0; x < 13; ++x)
+            pixels.row(y)[static_cast<std::size_t>(x)] =
+                x < 6 ? SkinKit::packPixel(200, 10, 10)
+                      : SkinKit::packPixel(static_cast<unsigned>(x * y % 5) * 50, 0, 99);
+    return {std::move(pixels), Image::Alpha::opaque};
+}
+
+void writeBMPs(const SeedFolder& folder)
+{
+    const Image picture = smallPicture();
+    for (const int bitCount : {4, 8, 16, 24, 32})
+        folder.write(std::to_string(bitCount) + "-bit.bmp", encodeBMP(picture, bitCount));
+    for (const int bitCount : {4, 8})
+        folder.write("rle" + std::to_string(bitCount) + ".bmp", encodeRLE(picture, bitCount));
+    folder.write("1-bit.bmp", encodeBMP(solidImage({9, 3}, {1, 2, 3}), 1));
+    BMPFile masked{.width = 2, .height = -1, .bitCount = 16, .compression = 3};
+    append32(masked.pixels, 0xF800);
+    append32(masked.pixels, 0x07E0);
+    append32(masked.pixels, 0x001F);
+    append32(masked.pixels, 0x12345678);
+    folder.write("masked.bmp", masked.bytes());
+}
+
+void writeArchives(const SeedFolder& folder)
+{
+    ZipWriter plain;
+    plain.add("main.bmp", encodeBMP(smallPicture(), 24));
+    plain.add(
+        {.name = "Skin/Pledit.TXT", .data = bytes("[Text]\r\nNormal=#00FF00\r\n"), .method = 0});
+    plain.add({.name = "folder/", .data = {}, .method = 0});
+    folder.write("plain.zip", plain.bytes());
+    ZipWriter lying;
+    lying.add({.name = "a.txt", .data = ByteBuffer(5000, 7), .uncompressedSize = 3});
+    lying.add({.name = "b.txt", .data = bytes("b"), .flags = 1});
+    lying.add({.name = "c.txt", .data = bytes("c"), .method = 12});
+    folder.write("lying.zip", lying.bytes());
+}
+
+void writePNGs(const SeedFolder& folder)
+{
+    folder.write("opaque.png", *SkinKit::PNGCodec::encode(smallPicture()));
+    folder.write("alpha.png", *SkinKit::PNGCodec::encode(*SkinKit::SkinRegion::maskImage(
+                                  {
+                                      {{0, 0}, {9, 2}, {3, 8}}
+    },
+                                  {10, 9}, 1)));
+}
+
+void writeSkins(const SeedFolder& folder)
+{
+    SkinBuilder skin;
+    skin.sheet("main.bmp", solidImage({275, 116}, {40, 60, 80}))
+        .sheet("text.bmp", *SkinKit::GeneratedBaseSkin::sheet("TEXT"))
+        .text("region.txt", "[Normal]\nNumPoints=4\nPointList=0,0, 275,0, 200,116, 0,116\n")
+        .text("viscolor.txt", "1,2,3\n4 5 6\n")
+        .text("pledit.txt", "[Text]\nNormal=#12345\n");
+    folder.write("small.wsz", skin.zip());
+    folder.write("whole.wsz", SkinBuilder().allSheets().zip());
+}
+
+void writeTexts(const std::filesystem::path& root)
+{
+    SeedFolder(root / "PlaylistStyle")
+        .write("pledit.txt", "; style\r\n[Text]\r\nNormal=#00FF00\r\nCurrent = \"FFFFFF\"\r\n"
+                             "NormalBG=nothing\r\nSelectedBG='#0000C6'\r\nFont=Arial\r\n");
+    SeedFolder(root / "VisColors")
+        .write("viscolor.txt", "0,0,0, // background\n24 33 41\n123\n12 34\n300,0,0\n");
+    SeedFolder(root / "Region")
+        .write("region.txt", "[Normal]\nNumPoints=4,3\nPointList=0,0, 64,0, 64,16, 0,16,"
+                             " 5.5,5 +20,-5 9,12\n[WindowShade]\nNumPoints=3\n"
+                             "PointList=0,0 1000000000000,0 0,99\n");
+    SeedFolder(root / "SkintoolOptions")
+        .write("all.txt", "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fputs("usage: MakeSeeds <folder>\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path root = argv[1];
+    writeBMPs(SeedFolder(root / "BMP"));
+    writeArchives(SeedFolder(root / "Archive"));
+    writePNGs(SeedFolder(root / "PNG"));
+    SeedFolder(root / "PNGRoundTrip").write("bytes", "\5abcdefghijklmnopqrstuvwxyz0123456789");
+    writeSkins(SeedFolder(root / "Skin"));
+    writeTexts(root);
+    return 0;
+}

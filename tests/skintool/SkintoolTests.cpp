@@ -1,0 +1,269 @@
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Tooling/InfoOptions.h"
+#include "SkinKit/Tooling/SkintoolOptions.h"
+#include "SkinKit/Version.h"
+#include "tests/support/Program.h"
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipWriter.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace SkinKit;
+using support::bytes;
+using support::Outcome;
+using support::SkinBuilder;
+using support::TemporaryFolder;
+
+namespace {
+
+Outcome skintool(const std::vector<std::string>& arguments, long limitBytes = 0)
+{
+    return support::run(SKINTOOL_PROGRAM, arguments, limitBytes);
+}
+
+class Skintool : public testing::Test {
+protected:
+    std::string path(std::string_view name) const { return (folder / name).string(); }
+    std::vector<std::string> filesInFolder() const
+    {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+            names.push_back(entry.path().filename().string());
+        std::ranges::sort(names);
+        return names;
+    }
+
+    const TemporaryFolder folder;
+    const std::string skin = folder.write("skin.wsz", SkinBuilder().allSheets().zip()).string();
+};
+
+}
+
+TEST_F(Skintool, PrintsHelpAndVersionForEveryForm)
+{
+    struct Row {
+        std::vector<std::string> arguments;
+        std::string_view begin;
+    };
+    const Row rows[] = {
+        {{"--help"},            SkintoolOptions::usage},
+        {{"-h"},                SkintoolOptions::usage},
+        {{"info", "--help"},    InfoOptions::usage    },
+        {{"info", "-h"},        InfoOptions::usage    },
+        {{"--version"},         "skintool "           },
+        {{"info", "--version"}, "skintool "           },
+    };
+    for (const auto& row : rows) {
+        const auto outcome = skintool(row.arguments);
+        EXPECT_EQ(outcome.status, 0) << row.arguments.front();
+        EXPECT_TRUE(outcome.out.starts_with(row.begin)) << outcome.out;
+        EXPECT_EQ(outcome.err, "");
+    }
+    EXPECT_EQ(skintool({"--version"}).out, "skintool " + std::string(version) + "\n");
+}
+
+TEST_F(Skintool, TellsAUsageErrorWithTheUsageTextAndStatus2)
+{
+    for (const auto& [arguments, error] :
+         std::vector<std::pair<std::vector<std::string>, std::string>>{
+             {{},                     "missing <skin.wsz | folder>"                           },
+             {{"--scale", "2", skin}, "--state, --scale, --compare and --no-region need --png"},
+             {{skin, "--bad\x1B\n"},  "unknown option: --bad\\x1B\\n"                         },
+             {{skin, "--help"},       "unknown option: --help"                                }, // only as the first word
+    }) {
+        const auto outcome = skintool(arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err,
+                  "skintool: " + error + "\n" + std::string(SkintoolOptions::usage) + "\n");
+    }
+    EXPECT_EQ(skintool({"info"}).err,
+              "skintool: missing <skin.wsz | folder>\n" + std::string(InfoOptions::usage) + "\n");
+}
+
+TEST_F(Skintool, SummarisesASkinAndItsNotesOnRequest)
+{
+    const auto lacking = folder.write(
+        "lacking.wsz", SkinBuilder()
+                           .sheet("main.bmp", support::solidImage({275, 116}, {1, 2, 3}))
+                           .text("pledit.txt", "[Text]\nNormal=\x1B[31m\xFF\n")
+                           .zip());
+    EXPECT_EQ(skintool({skin}).out, skin + ": 16 sheets found, 0 generated; 16 of 16 entries kept; "
+                                           "main window complete\n");
+    const auto outcome = skintool({"-v", lacking.string()});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_TRUE(outcome.out.starts_with(lacking.string() +
+                                        ": 1 sheet found, 11 generated; 2 of 2 entries kept; "
+                                        "main window incomplete (9 of 10 required sprites "
+                                        "missing)\nwarning: Missing cbuttons.bmp\n"))
+        << outcome.out;
+    EXPECT_TRUE(
+        outcome.out.ends_with("fallback: pledit.txt normal '\\x1B[31m\uFFFD' unusable; default\n"))
+        << outcome.out;
+}
+
+TEST_F(Skintool, RendersWhatTheLibraryRenders)
+{
+    const auto outcome =
+        skintool({"--png", path("out.png"), "--scale", "3", "--state", "idle", skin});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out + outcome.err, "");
+    const auto picture = PNGWriter::read(path("out.png"));
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(*picture, MainWindowRenderer::render(*SkinBuilder().allSheets().parse(),
+                                                   MainWindowState::idle(), 3,
+                                                   MainWindowRenderer::Clip::toRegion));
+}
+
+TEST_F(Skintool, ClipsToTheRegionUnlessToldNot)
+{
+    const auto cut = folder.write("cut.wsz", SkinBuilder()
+                                                 .allSheets()
+                                                 .text("region.txt", "[Normal]\nNumPoints=4\n"
+                                                                     "PointList=0,0 9,0 9,9 0,9\n")
+                                                 .zip());
+    skintool({"--png", path("cut.png"), cut.string()});
+    skintool({"--png", path("whole.png"), "--no-region", cut.string()});
+    EXPECT_EQ(alphaOf(PNGWriter::read(path("cut.png"))->pixel({9, 0})), 0U);
+    EXPECT_EQ(alphaOf(PNGWriter::read(path("whole.png"))->pixel({9, 0})), 255U);
+}
+
+TEST_F(Skintool, ReadsAFolderLikeAnArchive)
+{
+    std::filesystem::create_directory(folder / "unpacked");
+    const auto archive = SkinBuilder().allSheets().archive();
+    for (const auto& [name, content] : archive.files())
+        folder.write("unpacked/" + name, content);
+    EXPECT_EQ(skintool({"--png", path("a.png"), path("unpacked") + "/"}).status, 0);
+    skintool({"--png", path("b.png"), skin});
+    EXPECT_EQ(support::readFile(path("a.png")), support::readFile(path("b.png")));
+}
+
+TEST_F(Skintool, RefusesASkinInOneLineAndTouchesNoOutput)
+{
+    folder.write("old.png", bytes("old"));
+    const auto notZip = folder.write("bad\n.wsz", bytes("not a zip"));
+    const auto modern =
+        folder.write("modern.wsz", SkinBuilder().allSheets().text("skin.xml", "").zip());
+    const auto empty = folder.write("empty.wsz", SkinBuilder().text("a.txt", "a").zip());
+    const auto before = filesInFolder();
+    for (const auto& [input, error] : std::vector<std::pair<std::string, std::string>>{
+             {path("bad\n.wsz"), path("bad\\n.wsz") + ": Unreadable archive: Not a zip archive"  },
+             {path("none"),      path("none") + ": Unreadable archive: No such file or directory"},
+             {modern.string(),   modern.string() + ": Modern (Winamp 3/5) skin; not supported"   },
+             {empty.string(),    empty.string() + ": No classic skin bitmaps found"              }
+    }) {
+        for (const auto& output : {"old.png", "new.png"}) {
+            const auto outcome = skintool({"--png", path(output), input});
+            EXPECT_EQ(outcome.status, 2);
+            EXPECT_EQ(outcome.out, "");
+            EXPECT_EQ(outcome.err, "skintool: " + error + "\n");
+        }
+    }
+    EXPECT_EQ(filesInFolder(), before);
+    EXPECT_EQ(support::readFile(path("old.png")), bytes("old"));
+}
+
+TEST_F(Skintool, LeavesNothingBehindWhenTheOutputCannotBeWritten)
+{
+    folder.write("old.png", bytes("old"));
+    const auto before = filesInFolder();
+    const auto full = skintool({"--png", path("old.png"), skin}, 100);
+    EXPECT_EQ(full.status, 2);
+    EXPECT_EQ(full.err, "skintool: " + path("old.png") + ": File too large\n");
+    const auto missing = skintool({"--png", path("none/out.png"), skin});
+    EXPECT_EQ(missing.status, 2);
+    EXPECT_EQ(missing.err, "skintool: " + path("none/out.png") + ": No such file or directory\n");
+    EXPECT_EQ(filesInFolder(), before);
+    EXPECT_EQ(support::readFile(path("old.png")), bytes("old"));
+}
+
+TEST_F(Skintool, WritesInPlaceToWhatIsNoRegularFile)
+{
+    skintool({"--png", path("out.png"), skin});
+    const auto outcome = skintool({"-v", "--png", "/dev/stdout", skin});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(bytes(outcome.out), support::readFile(path("out.png")));
+    EXPECT_EQ(skintool({"--png", "/dev/null", skin}).status, 0);
+    EXPECT_EQ(skintool({"--png", "/dev/full", skin}).err,
+              "skintool: /dev/full: No space left on device\n");
+}
+
+TEST_F(Skintool, RefusesAScaleThatNoPictureCanHave)
+{
+    for (const auto* scale : {"130", "4000", "9223372036854775807"}) {
+        const auto outcome = skintool({"--png", path("out.png"), "--scale", scale, skin});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, std::string("skintool: --scale ") + scale + " is too large\n");
+    }
+}
+
+TEST_F(Skintool, ComparesWithTheReferenceOfTheSkinsName)
+{
+    std::filesystem::create_directory(folder / "refs");
+    skintool({"--png", path("refs/skin.png"), skin});
+    const auto same = skintool({"--png", path("out.png"), "--compare", path("refs"), skin});
+    EXPECT_EQ(same.status, 0);
+    EXPECT_EQ(same.out, "compared: 31900\ndiffering: 0\nbeyondTolerance: 0\n"
+                        "skippedTransparent: 0\ndifferingOutsideIgnored: 0\n"
+                        "beyondToleranceOutsideIgnored: 0\n");
+    EXPECT_FALSE(std::filesystem::exists(path("out.diff.png")));
+
+    const auto other =
+        skintool({"--png", path("out.png"), "--compare", path("refs"), "--state", "idle", skin});
+    EXPECT_EQ(other.status, 1);
+    EXPECT_TRUE(other.out.starts_with("compared: 31900\ndiffering: ")) << other.out;
+    const auto marked = PNGWriter::read(path("out.diff.png"));
+    ASSERT_TRUE(marked);
+    EXPECT_EQ(marked->pixel({48, 26}), packPixel(255, 0, 255)); // a digit
+}
+
+TEST_F(Skintool, CallsAMissingOrEmptyReferenceTrouble)
+{
+    std::filesystem::create_directory(folder / "refs");
+    const auto compare = [this] {
+        return skintool({"--png", path("out.png"), "--compare", path("refs"), skin});
+    };
+    EXPECT_EQ(compare().status, 2);
+    folder.write("refs/skin.png", bytes("no picture"));
+    EXPECT_EQ(compare().err,
+              "skintool: " + path("refs/skin.png") + ": no readable reference picture\n");
+    ASSERT_FALSE(
+        PNGWriter::write(*SkinRegion::maskImage({}, {275, 116}, 1), path("refs/skin.png")));
+    const auto nothing = compare();
+    EXPECT_EQ(nothing.status, 2);
+    EXPECT_EQ(nothing.err, "skintool: " + path("refs/skin.png") + ": no pixel to compare\n");
+    EXPECT_TRUE(nothing.out.starts_with("compared: 0\n"));
+}
+
+TEST_F(Skintool, TellsEverythingAboutASkinAsTextAndAsJSON)
+{
+    const auto whole = folder.write(
+        "whole.wsz", SkinBuilder()
+                         .allSheets()
+                         .without("posbar.bmp")
+                         .text("region.txt", "[Normal]\nNumPoints=3\nPointList=0,0 9,0 9,-5\n")
+                         .zip());
+    const auto text = skintool({"info", whole.string()});
+    EXPECT_EQ(text.status, 0);
+    for (const auto* line :
+         {"  MAIN              275 x 116\n", "  POSBAR            307 x 10, generated\n",
+          "  MAIN_POSITION_SLIDER_BACKGROUND\n",
+          "  normal            1 polygon, 3 points, from 0, -5 to 9, 0\n",
+          "  font              Arial\n"})
+        EXPECT_TRUE(text.out.contains(line)) << line << text.out;
+
+    const auto json = skintool({"info", "--json", whole.string()});
+    EXPECT_EQ(json.status, 0);
+    for (const auto* part : {R"("status": "partial")", R"("mainWindowComplete": false)",
+                             R"("missingSprites": [
+    "MAIN_POSITION_SLIDER_BACKGROUND"
+  ])",
+                             R"("origin": "generated")", R"("leftOut": 0)", R"("top": -5)"})
+        EXPECT_TRUE(json.out.contains(part)) << part << json.out;
+    EXPECT_EQ(skintool({"info", path("none")}).status, 2);
+}

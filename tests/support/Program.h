@@ -1,0 +1,21 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace support {
+
+// What a program did.
+struct Outcome {
+    int status = 0; // its exit status, or 128 and more when a signal ended it
+    std::string out;
+    std::string err;
+};
+
+// Runs a program to its end, with nothing on standard input. A `limitBytes` above 0 holds the size
+// of every file it writes.
+Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+            long limitBytes = 0);
+
+}
