@@ -28,3 +28,29 @@ TEST(Simd, EveryFormExpandsPixelsLikeThePlainLoopAndTouchesNothingElse)
         }
     }
 }
+
+TEST(Simd, EveryFormCountsDifferencesLikeThePlainLoop)
+{
+    std::mt19937 random(15);
+    for (std::size_t count = 0; count <= 70; ++count) {
+        const auto ours = std::make_unique<std::uint32_t[]>(count);
+        const auto reference = std::make_unique<std::uint32_t[]>(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            ours[i] = static_cast<std::uint32_t>(random());
+            reference[i] = random() % 2 ? ours[i] : static_cast<std::uint32_t>(random());
+            if (random() % 5 == 0)
+                reference[i] = ours[i] ^ 0x010203;
+            if (random() % 5 == 0)
+                ours[i] &= 0xFFFFFF;
+            if (random() % 5 == 0)
+                reference[i] &= 0xFFFFFF;
+        }
+        for (const int tolerance : {0, 1, 2, 3, 100, 254, 255})
+            for (const auto form : Simd::countDifferencesForms())
+                EXPECT_EQ(
+                    form(ours.get(), reference.get(), count, static_cast<std::uint8_t>(tolerance)),
+                    Simd::countDifferencesForms().front()(ours.get(), reference.get(), count,
+                                                          static_cast<std::uint8_t>(tolerance)))
+                    << count << " pixels, tolerance " << tolerance;
+    }
+}

@@ -1,0 +1,437 @@
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Sprites/GeneratedBaseSkin.h"
+#include "SkinKit/Sprites/SkinSprites.h"
+#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Vis/VisRenderer.h"
+#include "tests/support/SkinBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace SkinKit;
+using MainWindowRenderer::Clip;
+using support::SkinBuilder;
+
+namespace {
+
+// A sheet on which every pixel differs from every other of any sheet, so that a picture tells where
+// each of its pixels is from.
+Image noise(std::string_view sheet)
+{
+    const Size size = GeneratedBaseSkin::size(sheet);
+    std::seed_seq seed(sheet.begin(), sheet.end());
+    std::mt19937 random(seed);
+    auto pixels = PixelBuffer::uncleared(size);
+    for (Pixel& pixel : std::span(pixels.data(), pixels.count()))
+        pixel = static_cast<Pixel>(random()) | 0xFF000000;
+    return {std::move(pixels), Image::Alpha::opaque};
+}
+
+Skin noisySkin(std::initializer_list<std::string_view> without = {})
+{
+    Skin skin;
+    for (const auto& sheet : SkinSprites::sheets())
+        if (std::ranges::find(without, sheet.name) == without.end())
+            skin.sheets.emplace(sheet.name, noise(sheet.name));
+    return skin;
+}
+
+struct Piece {
+    std::string_view sprite;
+    Point at;
+    std::optional<Rect> clip = std::nullopt;
+    std::optional<int> frame = std::nullopt;
+};
+
+// The pieces one over the other, put together pixel by pixel.
+class Collage {
+public:
+    explicit Collage(const Skin& skin) : skin_(skin), pixels_(PixelBuffer::transparent({275, 116}))
+    {
+    }
+
+    void add(const std::optional<Image>& image, Point at, std::optional<Rect> clip = {})
+    {
+        for (int y = 0; image && y < image->height(); ++y)
+            for (int x = 0; x < image->width(); ++x) {
+                const Point place{at.x + x, at.y + y};
+                if (contains(clip.value_or(Rect{0, 0, 275, 116}), place) &&
+                    contains(Rect{0, 0, 275, 116}, place) && alphaOf(image->pixel({x, y})) == 255)
+                    pixels_.row(place.y)[static_cast<std::size_t>(place.x)] = image->pixel({x, y});
+            }
+    }
+    void add(const Piece& piece)
+    {
+        add(piece.frame ? skin_.image(piece.sprite, Frame{*piece.frame})
+                        : skin_.image(piece.sprite),
+            piece.at, piece.clip);
+    }
+    void add(std::initializer_list<Piece> pieces)
+    {
+        for (const auto& piece : pieces)
+            add(piece);
+    }
+    void addBase(bool focused = true)
+    {
+        add({
+            {"MAIN_WINDOW_BACKGROUND", {0, 0}},
+            {focused ? "MAIN_TITLE_BAR_SELECTED" : "MAIN_TITLE_BAR", {0, 0}},
+            {"MAIN_CLUTTER_BAR_BACKGROUND", {10, 22}},
+            {"MAIN_PREVIOUS_BUTTON", {16, 88}},
+            {"MAIN_PLAY_BUTTON", {39, 88}},
+            {"MAIN_PAUSE_BUTTON", {62, 88}},
+            {"MAIN_STOP_BUTTON", {85, 88}},
+            {"MAIN_NEXT_BUTTON", {108, 88}, Rect{108, 88, 22, 18}},
+            {"MAIN_EJECT_BUTTON", {136, 89}}
+        });
+    }
+    Image image() && { return {std::move(pixels_), Image::Alpha::any}; }
+
+private:
+    const Skin& skin_;
+    PixelBuffer pixels_;
+};
+
+// Where the first pixel that differs lies; nothing when none does.
+std::optional<Point> firstDifference(const Image& a, const Image& b)
+{
+    if (a.size() != b.size())
+        return Point{-1, -1};
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel({x, y}) != b.pixel({x, y}))
+                return Point{x, y};
+    return std::nullopt;
+}
+
+void expectSame(const Image& a, const Image& b)
+{
+    const auto different = firstDifference(a, b);
+    EXPECT_FALSE(different) << "first at " << different->x << ", " << different->y;
+}
+
+// A window that shows something of everything, none of it where the presets have it.
+MainWindowState busyState()
+{
+    MainWindowState state = MainWindowState::webampScreenshot();
+    state.status.timeMode = TimeMode::remaining;
+    state.marqueeStep = 7;
+    state.marqueePixels = 3;
+    state.balance = -0.4F;
+    state.visualizer = MainWindowState::Oscilloscope{std::vector(75, 0.3F)};
+    return state;
+}
+
+}
+
+TEST(MainWindowRenderer, DrawsAnIdlePlayer)
+{
+    const Skin skin = noisySkin();
+    Collage expected(skin);
+    expected.addBase();
+    expected.add({
+        {"MAIN_STOPPED_INDICATOR", {26, 28}}
+    });
+    expected.add(textImage(skin, "Velmar" + std::string(25, ' ')), {111, 27},
+                 Rect{111, 27, 154, 6});
+    expected.add({
+        {"MAIN_MONO", {212, 41}},
+        {"MAIN_STEREO", {239, 41}},
+        {"MAIN_VOLUME_BACKGROUND", {107, 57}, {}, 21},
+        {"MAIN_VOLUME_THUMB", {147, 58}},
+        {"MAIN_BALANCE_BACKGROUND", {177, 57}, {}, 0},
+        {"MAIN_BALANCE_THUMB", {189, 58}},
+        {"MAIN_EQ_BUTTON", {219, 58}},
+        {"MAIN_PLAYLIST_BUTTON", {242, 58}},
+        {"MAIN_POSITION_SLIDER_BACKGROUND", {16, 72}},
+        {"MAIN_SHUFFLE_BUTTON", {164, 89}},
+        {"MAIN_REPEAT_BUTTON", {210, 89}}
+    });
+    expectSame(MainWindowRenderer::render(skin, MainWindowState::idle(), 1, Clip::toRegion),
+               std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, DrawsThePlayerOfTheReferenceScreenshots)
+{
+    const Skin skin = noisySkin();
+    const auto state = MainWindowState::webampScreenshot();
+    Collage expected(skin);
+    expected.addBase();
+    expected.add({
+        {"MAIN_PLAYING_INDICATOR", {26, 28}},
+        {"MAIN_NOT_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}},
+        {"NO_MINUS_SIGN", {38, 26}},
+        {"DIGIT_0", {48, 26}},
+        {"DIGIT_0", {60, 26}},
+        {"DIGIT_0", {78, 26}},
+        {"DIGIT_3", {90, 26}}
+    });
+    // A spectrum without columns still paints its background and its dots.
+    expected.add(VisRenderer(skin.visColors, VisLayout::main()).makeImage(), {24, 43});
+    expected.add(textImage(skin, state.marqueeText), {111, 27}, Rect{111, 27, 154, 6});
+    expected.add(textImage(skin, "128"), {111, 43});
+    expected.add(textImage(skin, "44"), {156, 43});
+    expected.add({
+        {"MAIN_MONO", {212, 41}},
+        {"MAIN_STEREO_SELECTED", {239, 41}},
+        {"MAIN_VOLUME_BACKGROUND", {107, 57}, {}, 21},
+        {"MAIN_VOLUME_THUMB", {147, 58}},
+        {"MAIN_BALANCE_BACKGROUND", {177, 57}, {}, 0},
+        {"MAIN_BALANCE_THUMB", {189, 58}},
+        {"MAIN_EQ_BUTTON_SELECTED", {219, 58}},
+        {"MAIN_PLAYLIST_BUTTON_SELECTED", {242, 58}},
+        {"MAIN_POSITION_SLIDER_BACKGROUND", {16, 72}},
+        {"MAIN_POSITION_SLIDER_THUMB", {147, 72}},
+        {"MAIN_SHUFFLE_BUTTON_SELECTED", {164, 89}},
+        {"MAIN_REPEAT_BUTTON_SELECTED", {210, 89}}
+    });
+    expectSame(MainWindowRenderer::render(skin, state, 1, Clip::none), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, FollowsEachPartOfTheState)
+{
+    struct Row {
+        std::string_view what;
+        MainWindowState state;
+        Piece shown;
+    };
+    const auto with = [](auto change) {
+        MainWindowState state = MainWindowState::webampScreenshot();
+        change(state);
+        return state;
+    };
+    const auto channels = [&](std::optional<int> count) {
+        return with([=](auto& s) { s.status.channels = count; });
+    };
+    const auto volume = [&](float value) { return with([=](auto& s) { s.volume = value; }); };
+    const auto balance = [&](float value) { return with([=](auto& s) { s.balance = value; }); };
+    const auto position = [&](double value) { return with([=](auto& s) { s.position = value; }); };
+    const auto transport = [&](Transport value) {
+        return with([=](auto& s) { s.status.transport = value; });
+    };
+    const auto left = with([](auto& s) { s.status.timeMode = TimeMode::remaining; });
+    const Row rows[] = {
+        {"paused",                  transport(Transport::paused),                  {"MAIN_PAUSED_INDICATOR", {26, 28}}                             },
+        {"loading",
+         transport(Transport::loading),
+         {"MAIN_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}}                                                                                  },
+        {"unfocused",               with([](auto& s) { s.focused = false; }),      {"MAIN_TITLE_BAR", {0, 0}}                                      },
+        {"minus",                   left,                                          {"MINUS_SIGN", {38, 26}}                                        },
+        {"seconds left",            left,                                          {"DIGIT_2", {90, 26}}                                           },
+        {"ten minutes",             with([](auto& s) { s.status.elapsed = 754; }), {"DIGIT_1", {48, 26}}                                           },
+        {"mono",                    channels(1),                                   {"MAIN_MONO_SELECTED", {212, 41}}                               },
+        {"not stereo",              channels(1),                                   {"MAIN_STEREO", {239, 41}}                                      },
+        {"six channels, no mono",   channels(6),                                   {"MAIN_MONO", {212, 41}}                                        },
+        {"six channels, no stereo", channels(6),                                   {"MAIN_STEREO", {239, 41}}                                      },
+        {"unknown channels",        channels({}),                                  {"MAIN_STEREO", {239, 41}}                                      },
+        {"silent",                  volume(0),                                     {"MAIN_VOLUME_THUMB", {107, 58}}                                },
+        {"silent frame",
+         volume(0),
+         {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{121, 57, 54, 13}, 0}                                                                           },
+        {"below silence",           volume(-3),                                    {"MAIN_VOLUME_THUMB", {107, 58}}                                },
+        {"too loud",                volume(3),                                     {"MAIN_VOLUME_THUMB", {158, 58}}                                },
+        {"loud frame",              volume(3),                                     {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{107, 57, 51, 13}, 27}},
+        {"left",                    balance(-1),                                   {"MAIN_BALANCE_THUMB", {177, 58}}                               },
+        {"left frame",
+         balance(-9),
+         {"MAIN_BALANCE_BACKGROUND", {177, 57}, Rect{191, 57, 24, 13}, 27}                                                                         },
+        {"right",                   balance(9),                                    {"MAIN_BALANCE_THUMB", {201, 58}}                               },
+        {"start",                   position(-1),                                  {"MAIN_POSITION_SLIDER_THUMB", {16, 72}}                        },
+        {"end",                     position(2),                                   {"MAIN_POSITION_SLIDER_THUMB", {235, 72}}                       },
+    };
+    const Skin skin = noisySkin();
+    for (const auto& [what, state, shown] : rows) {
+        const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+        Collage changed(skin);
+        changed.add(window, {0, 0});
+        changed.add(shown);
+        const auto different = firstDifference(window, std::move(changed).image());
+        EXPECT_FALSE(different) << what << ", first at " << different->x << ", " << different->y;
+    }
+}
+
+TEST(MainWindowRenderer, ScrollsTheMarqueeInsideItsArea)
+{
+    const Skin skin = noisySkin();
+    const Rect area{111, 27, 154, 6};
+    auto state = MainWindowState::webampScreenshot();
+    const std::string loop = state.marqueeText + "  ***  " + state.marqueeText;
+    for (const auto& [step, pixels, offset] : {
+             std::tuple{0,  0,  0  },
+             {3,  2,  17 },
+             {50, 0,  250},
+             {53, 0,  0  },
+             {0,  -1, 264}
+    }) {
+        state.marqueeStep = step;
+        state.marqueePixels = pixels;
+        const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+        Collage expected(skin);
+        expected.addBase();
+        expected.add(textImage(skin, loop), {111 - offset, 27}, area);
+        expectSame(*window.crop(area), *std::move(expected).image().crop(area));
+        // The row above and the column beyond stay as they were.
+        EXPECT_EQ(*window.crop({111, 26, 164, 1}), *skin.sheets.at("MAIN").crop({111, 26, 164, 1}));
+        EXPECT_EQ(*window.crop({265, 27, 9, 6}), *skin.sheets.at("MAIN").crop({265, 27, 9, 6}));
+    }
+}
+
+TEST(MainWindowRenderer, PutsTheMinusOfPlainDigitsLower)
+{
+    const Skin skin = noisySkin({"NUMS_EX"});
+    const Image window = MainWindowRenderer::render(skin, busyState(), 1, Clip::none);
+    EXPECT_EQ(*window.crop({38, 32, 5, 1}), *skin.sheets.at("NUMBERS").crop({20, 6, 5, 1}));
+    EXPECT_EQ(*window.crop({38, 26, 9, 6}), *skin.sheets.at("MAIN").crop({38, 26, 9, 6}));
+    EXPECT_EQ(*window.crop({48, 26, 9, 13}), *skin.sheets.at("NUMBERS").crop({0, 0, 9, 13}));
+}
+
+TEST(MainWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
+{
+    const Skin skin = noisySkin();
+    auto state = busyState();
+    for (const int scale : {2, 3, 5}) {
+        // The visualizer is drawn two rows lower at scale 1 only.
+        state.visualizer = MainWindowState::Off{};
+        const Image small = MainWindowRenderer::render(skin, state, 1, Clip::none);
+        state.visualizer = busyState().visualizer;
+        const Image large = MainWindowRenderer::render(skin, state, scale, Clip::none);
+        VisRenderer vis(skin.visColors, VisLayout::main());
+        vis.drawOscilloscope(std::vector(75, 0.3F), 0);
+        Collage expected(skin);
+        expected.add(small, {0, 0});
+        expected.add(vis.makeImage(), {24, 43});
+        const Image window = std::move(expected).image();
+        ASSERT_EQ(large.size(), (Size{275 * scale, 116 * scale}));
+        for (int y = 0; y < large.height(); ++y)
+            for (int x = 0; x < large.width(); ++x)
+                ASSERT_EQ(large.pixel({x, y}), window.pixel({x / scale, y / scale}))
+                    << "scale " << scale << " at " << x << ", " << y;
+    }
+}
+
+TEST(MainWindowRenderer, PushesTheVisualizerDownAtScaleOneOnly)
+{
+    const Skin skin = noisySkin();
+    auto state = MainWindowState::idle();
+    state.visualizer = MainWindowState::Spectrum{{16}, {}};
+    for (const int scale : {1, 2}) {
+        VisRenderer vis(skin.visColors, VisLayout::main());
+        vis.drawBars(std::vector{16}, {}, scale == 1 ? 2 : 0);
+        const Image window = MainWindowRenderer::render(skin, state, scale, Clip::none);
+        for (int y = 0; y < 16; ++y)
+            EXPECT_EQ(window.pixel({24 * scale, (43 + y) * scale}), vis.makeImage().pixel({0, y}))
+                << "scale " << scale << ", row " << y;
+    }
+}
+
+TEST(MainWindowRenderer, TakesAScaleBelowOneForOne)
+{
+    const Skin skin = noisySkin();
+    const auto state = busyState();
+    const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+    const Image base = MainWindowRenderer::renderBase(skin, true, 1);
+    for (const int scale : {0, -1, INT_MIN}) {
+        expectSame(MainWindowRenderer::render(skin, state, scale, Clip::none), window);
+        expectSame(MainWindowRenderer::renderBase(skin, true, scale), base);
+        expectSame(MainWindowRenderer::renderDynamic(base, skin, state, scale), window);
+    }
+    EXPECT_EQ(MainWindowRenderer::size(3), (Size{825, 348}));
+    EXPECT_EQ(MainWindowRenderer::size(INT64_MIN), (Size{275, 116}));
+    EXPECT_EQ(MainWindowRenderer::size(INT64_MAX), std::nullopt);
+    EXPECT_DEATH(MainWindowRenderer::render(skin, state, INT_MAX, Clip::none), "scale");
+}
+
+TEST(MainWindowRenderer, DrawsTheSameInTwoLayersAsInOne)
+{
+    const Skin skin = noisySkin();
+    for (const int scale : {1, 3})
+        for (const bool focused : {false, true}) {
+            auto state = busyState();
+            state.focused = focused;
+            const Image base = MainWindowRenderer::renderBase(skin, focused, scale);
+            expectSame(MainWindowRenderer::renderDynamic(base, skin, state, scale),
+                       MainWindowRenderer::render(skin, state, scale, Clip::none));
+        }
+    Collage expected(skin);
+    expected.addBase(false);
+    expectSame(MainWindowRenderer::renderBase(skin, false, 1), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, ClipsToTheNormalRegionWhenAsked)
+{
+    Skin skin = noisySkin();
+    const auto state = busyState();
+    const Image whole = MainWindowRenderer::render(skin, state, 2, Clip::none);
+    const SkinRegion::Polygons polygons{
+        {{5, 5},   {270, 20}, {100, 110}},
+        {{0, 100}, {9, 100},  {9, 116}  }
+    };
+    skin.region.sections["normal"] = polygons;
+    const auto mask = SkinRegion::maskImage(polygons, {275, 116}, 2);
+    const Image clipped = MainWindowRenderer::render(skin, state, 2, Clip::toRegion);
+    for (int y = 0; y < whole.height(); ++y)
+        for (int x = 0; x < whole.width(); ++x)
+            ASSERT_EQ(clipped.pixel({x, y}), mask->pixel({x, y}) == transparentPixel
+                                                 ? transparentPixel
+                                                 : whole.pixel({x, y}))
+                << x << ", " << y;
+    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::none), whole);
+
+    // A section without polygons clips everything away; another section clips nothing.
+    skin.region.sections["normal"] = {};
+    EXPECT_EQ(MainWindowRenderer::render(skin, state, 1, Clip::toRegion),
+              Image(PixelBuffer::transparent({275, 116}), Image::Alpha::any));
+    skin.region.sections.erase("normal");
+    skin.region.sections["equalizer"] = {};
+    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::toRegion), whole);
+}
+
+TEST(MainWindowRenderer, LeavesOutWhatASkinLacks)
+{
+    // No background at all: a dark grey one.
+    const Image bare = MainWindowRenderer::render(Skin{}, busyState(), 1, Clip::none);
+    for (const Point at : {
+             Point{0,   0  },
+             Point{274, 115},
+             Point{120, 29 }
+    })
+        EXPECT_EQ(bare.pixel(at), packPixel(26, 26, 26));
+    // A narrow one leaves the rest transparent.
+    Skin narrow;
+    narrow.sheets.emplace("MAIN", support::solidImage({200, 116}, {1, 2, 3}));
+    const Image window = MainWindowRenderer::render(narrow, MainWindowState::idle(), 1, Clip::none);
+    EXPECT_EQ(window.pixel({199, 115}), packPixel(1, 2, 3));
+    EXPECT_EQ(window.pixel({200, 115}), transparentPixel);
+    // Without the text sheet the fields stay as the background paints them.
+    const Skin mute = noisySkin({"TEXT"});
+    const Image silent = MainWindowRenderer::render(mute, busyState(), 1, Clip::none);
+    for (const Rect& field : {
+             Rect{111, 27, 154, 6},
+             Rect{111, 43, 15,  6},
+             Rect{156, 43, 10,  6}
+    })
+        EXPECT_EQ(silent.crop(field), mute.sheets.at("MAIN").crop(field));
+}
+
+TEST(MainWindowRenderer, DrawsIntoACanvasAndGivesItBackAsItWas)
+{
+    const Skin skin = noisySkin();
+    const auto state = MainWindowState::idle();
+    Canvas canvas({600, 300});
+    canvas.fill({0, 0, 600, 300}, {9, 9, 9});
+    MainWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
+    canvas.fill({0, 0, 1, 1}, {1, 1, 1});
+    const Image picture = canvas.image();
+    expectSame(*picture.crop({20, 30, 550, 232}),
+               MainWindowRenderer::render(skin, state, 2, Clip::none));
+    for (const Point at : {
+             Point{19,  30 },
+             Point{20,  29 },
+             Point{570, 261},
+             Point{569, 262}
+    })
+        EXPECT_EQ(picture.pixel(at), packPixel(9, 9, 9));
+    EXPECT_EQ(picture.pixel({0, 0}), packPixel(1, 1, 1));
+    EXPECT_EQ(picture.pixel({1, 1}), packPixel(9, 9, 9));
+}
