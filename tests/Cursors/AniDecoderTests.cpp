@@ -5,7 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
+#include <sstream>
+#include <string>
 
 using namespace SkinKit;
 using support::AniFile;
@@ -18,8 +19,6 @@ using support::encodeBMP;
 using support::solidImage;
 
 namespace {
-
-using Steps = std::vector<AnimatedCursor::Step>;
 
 // The frame as a file, told apart from others by its shade.
 ByteBuffer frame(std::uint8_t shade)
@@ -34,43 +33,46 @@ ByteBuffer plainBitmap(std::uint8_t shade)
     return {file.begin() + 14, file.end()};
 }
 
-Steps stepsOf(const AniFile& file)
+AniFile twoFrames()
+{
+    AniFile file;
+    file.frames = {frame(1), frame(2)};
+    return file;
+}
+
+// Each step as frame:jiffies, or a remark.
+std::string stepsOf(const AniFile& file)
 {
     const auto cursor = AniDecoder::decode(file.bytes());
-    return cursor ? cursor->steps : Steps{};
+    if (!cursor)
+        return "unreadable";
+    std::ostringstream text;
+    for (const auto& [frame, jiffies] : cursor->steps)
+        text << (text.view().empty() ? "" : " ") << frame << ":" << jiffies;
+    return text.str();
 }
 
 }
 
 TEST(AniDecoder, ShowsEachFrameInTurnAtTheDefaultRate)
 {
-    const AniFile file{
-        .frames = {frame(1), frame(2)},
-          .defaultRate = 7
-    };
-    AnimatedCursor expected;
-    expected.frames = {*CurDecoder::decode(frame(1)), *CurDecoder::decode(frame(2))};
-    expected.steps = {
-        {0, 7},
-        {1, 7}
-    };
-    expected.defaultJiffies = 7;
-    EXPECT_EQ(AniDecoder::decode(file.bytes()), expected);
+    AniFile file = twoFrames();
+    file.defaultRate = 7;
+    const auto cursor = AniDecoder::decode(file.bytes());
+    ASSERT_TRUE(cursor);
+    ASSERT_EQ(cursor->frames.size(), 2U);
+    EXPECT_EQ(cursor->frames[0], CurDecoder::decode(frame(1)));
+    EXPECT_EQ(cursor->frames[1], CurDecoder::decode(frame(2)));
+    EXPECT_EQ(cursor->defaultJiffies, 7);
+    EXPECT_EQ(stepsOf(file), "0:7 1:7");
 }
 
 TEST(AniDecoder, FollowsTheSequenceAndTheRateOfEachStep)
 {
-    const AniFile file{
-        .frames = {frame(1), frame(2)},
-          .sequence = {1, 0, 1, 1},
-          .rates = {3, 60, 1, 600}
-    };
-    EXPECT_EQ(stepsOf(file), (Steps{
-                                 {1, 3  },
-                                 {0, 60 },
-                                 {1, 1  },
-                                 {1, 600}
-    }));
+    AniFile file = twoFrames();
+    file.sequence = {1, 0, 1, 1};
+    file.rates = {3, 60, 1, 600};
+    EXPECT_EQ(stepsOf(file), "1:3 0:60 1:1 1:600");
 }
 
 TEST(AniDecoder, UsesTheDefaultForStepsWithoutARate)
@@ -78,134 +80,136 @@ TEST(AniDecoder, UsesTheDefaultForStepsWithoutARate)
     struct Row {
         std::vector<std::uint32_t> rates;
         std::uint32_t defaultRate;
-        Steps expected;
+        std::string_view expected;
     };
     const Row rows[] = {
-        {{5},          8,          {{0, 5}, {1, 8}}            },
-        {{0, 4},       8,          {{0, 8}, {1, 4}}            },
-        {{1, 2, 3, 4}, 8,          {{0, 1}, {1, 2}}            },
-        {{},           0,          {{0, 1}, {1, 1}}            }, // nothing is shown for no time at all
-        {{0xFFFFFFFF}, 0x80000000, {{0, INT_MAX}, {1, INT_MAX}}},
+        {{5},          8,          "0:5 1:8"                  },
+        {{0, 4},       8,          "0:8 1:4"                  },
+        {{1, 2, 3, 4}, 8,          "0:1 1:2"                  },
+        {{},           0,          "0:1 1:1"                  }, // nothing is shown for no time
+        {{0xFFFFFFFF}, 0x80000000, "0:2147483647 1:2147483647"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(stepsOf({
-                      .frames = {frame(1), frame(2)},
-                      .rates = row.rates,
-                      .defaultRate = row.defaultRate
-        }),
-                  row.expected);
+    for (const auto& row : rows) {
+        AniFile file = twoFrames();
+        file.rates = row.rates;
+        file.defaultRate = row.defaultRate;
+        EXPECT_EQ(stepsOf(file), row.expected);
+    }
 }
 
-TEST(AniDecoder, LeavesOutStepsWithoutAFrame)
+TEST(AniDecoder, LeavesOutStepsThatPointPastTheFrames)
 {
-    const AniFile pastTheEnd{
-        .frames = {frame(1), frame(2)},
-          .sequence = {0, 2, 0xFFFFFFFF, 1},
-          .rates = {1, 2, 3, 4}
-    };
-    EXPECT_EQ(stepsOf(pastTheEnd), (Steps{
-                                       {0, 1},
-                                       {1, 4}
-    }));
+    AniFile file = twoFrames();
+    file.sequence = {0, 2, 0xFFFFFFFF, 1};
+    file.rates = {1, 2, 3, 4};
+    EXPECT_EQ(stepsOf(file), "0:1 1:4");
+}
 
-    const AniFile damaged{
-        .frames = {bytes("no cursor"), frame(1), {}, frame(2)},
-        .sequence = {3,                  0,        1,  2       },
-        .rates = {1,                  2,        3,  4       }
-    };
-    EXPECT_EQ(stepsOf(damaged), (Steps{
-                                    {1, 1},
-                                    {0, 3}
-    }));
+TEST(AniDecoder, LeavesOutDamagedFramesAndTheirSteps)
+{
+    AniFile file;
+    file.frames = {bytes("no cursor"), frame(1), {}, frame(2)};
+    file.sequence = {3, 0, 1, 2};
+    file.rates = {1, 2, 3, 4};
+    EXPECT_EQ(stepsOf(file), "1:1 0:3");
+    EXPECT_EQ(AniDecoder::decode(file.bytes())->frames.size(), 2U);
 }
 
 TEST(AniDecoder, TakesNoMoreOfTheSequenceThanTheHeaderSays)
 {
-    AniFile file{
-        .frames = {frame(1), frame(2)},
-          .sequence = {1, 0, 1},
-          .steps = 2
+    struct Row {
+        std::uint32_t steps;
+        std::string_view expected;
     };
-    EXPECT_EQ(stepsOf(file), (Steps{
-                                 {1, 10},
-                                 {0, 10}
-    }));
-    file.steps = 4'000'000'000;
-    EXPECT_EQ(stepsOf(file), (Steps{
-                                 {1, 10},
-                                 {0, 10},
-                                 {1, 10}
-    }));
+    const Row rows[] = {
+        {2,          "1:10 0:10"     },
+        {3,          "1:10 0:10 1:10"},
+        {0xFFFFFFFF, "1:10 0:10 1:10"},
+        {0,          "1:10 0:10 1:10"}, // says nothing
+    };
+    for (const auto& row : rows) {
+        AniFile file = twoFrames();
+        file.sequence = {1, 0, 1};
+        file.steps = row.steps;
+        EXPECT_EQ(stepsOf(file), row.expected) << row.steps;
+    }
+}
+
+TEST(AniDecoder, TakesTheFirstOfSeveralLikeChunks)
+{
+    const ByteBuffer header(36, 0);
+    const ByteBuffer sequence(8, 0);
+    const ByteBuffer rates{5, 0, 0, 0, 0, 0, 0, 0};
+    AniFile file = twoFrames();
+    file.sequence = {1};
+    file.rates = {3};
+    file.steps = 2;
+    support::append(file.extraChunks, chunk("anih", header));
+    support::append(file.extraChunks, chunk("seq ", sequence));
+    support::append(file.extraChunks, chunk("rate", rates));
+    EXPECT_EQ(stepsOf(file), "0:5 0:10");
 }
 
 TEST(AniDecoder, TellsFramesByTheirBytes)
 {
     const auto red = solidImage({2, 2}, {255, 0, 0});
-    const AniFile file{
-        .frames = {frame(1), plainBitmap(2), *PNGCodec::encode(red)},
-          .frameHeight = 2, .flags = 0
-    };
+    AniFile file;
+    file.frames = {frame(1), plainBitmap(2), *PNGCodec::encode(red)};
+    file.frameHeight = 2;
+    file.flags = 0; // no cursor files, it says
     const auto cursor = AniDecoder::decode(file.bytes());
     ASSERT_TRUE(cursor);
     ASSERT_EQ(cursor->frames.size(), 3U);
-    EXPECT_EQ(cursor->frames[1].best(), (CursorImage{
-                                            solidImage({2, 2},
-                                            {2, 0, 0}
-                                            ), {1, 1},
-                                            24
-    }));
-    EXPECT_EQ(cursor->frames[2].best(), (CursorImage{
-                                            red, {1, 1},
-                                             32
-    }));
+    const Point middle{1, 1};
+    const CursorImage bitmap{solidImage({2, 2}, {2, 0, 0}), middle, 24};
+    const CursorImage png{red, middle, 32};
+    EXPECT_EQ(cursor->frames[1].best(), bitmap);
+    EXPECT_EQ(cursor->frames[2].best(), png);
 }
 
 TEST(AniDecoder, SkipsOtherChunksAndTheirPadding)
 {
-    ByteBuffer information = bytes("INFO");
-    support::append(information, chunk("INAM", bytes("odd")));
-    ByteBuffer extra = chunk("LIST", information);
-    support::append(extra, chunk("junk", bytes("x")));
-    support::append(extra, chunk("none", {}));
-    const AniFile file{.frames = {frame(1)}, .rates = {3}, .extraChunks = extra};
-    EXPECT_EQ(stepsOf(file), (Steps{
-                                 {0, 3}
-    }));
+    AniFile file = twoFrames();
+    file.rates = {3};
+    support::append(file.extraChunks, chunk("junk", bytes("odd")));
+    support::append(file.extraChunks, chunk("none", {}));
+    support::append(file.extraChunks, chunk("LIST", bytes("INFO what is no chunk at all")));
+    EXPECT_EQ(stepsOf(file), "0:3 1:10");
 }
 
 TEST(AniDecoder, FindsTheFramesWhateverTheirListClaims)
 {
-    for (const std::uint32_t size : {4U, 5U, 30U, 100'000U, 0xFFFFFFFFU})
-        EXPECT_EQ(stepsOf({
-                              .frames = {frame(1), frame(2)},
-                                .listBytes = size
-        })
-                      .size(),
-                  2U)
-            << size;
+    for (const std::uint32_t size : {4U, 5U, 30U, 100'000U, 0xFFFFFFFFU}) {
+        AniFile file = twoFrames();
+        file.listBytes = size;
+        EXPECT_EQ(stepsOf(file), "0:10 1:10") << size;
+    }
 }
 
 TEST(AniDecoder, GivesNothingWithoutHeaderFramesOrSteps)
 {
-    const AniFile good{.frames = {frame(1)}};
-    ASSERT_TRUE(AniDecoder::decode(good.bytes()));
-    auto otherForm = good.bytes();
+    AniFile headless = twoFrames();
+    headless.hasHeader = false;
+    AniFile shortHeader = headless;
+    shortHeader.extraChunks = chunk("anih", ByteBuffer(35, 1));
+    AniFile damagedFrame;
+    damagedFrame.frames = {bytes("no cursor")};
+    AniFile noSteps = twoFrames();
+    noSteps.sequence = {2};
+    ByteBuffer otherForm = twoFrames().bytes();
     otherForm[8] = 'W';
-    const AniFile headless{.frames = {frame(1)}, .hasHeader = false};
-    const AniFile shortHeader{
-        .frames = {frame(1)}, .hasHeader = false, .extraChunks = chunk("anih", ByteBuffer(35, 1))};
     struct Row {
         std::string_view what;
         ByteBuffer file;
     };
     const Row rows[] = {
-        {"no header",                  headless.bytes()                                      },
-        {"a short header",             shortHeader.bytes()                                   },
-        {"another kind of file",       otherForm                                             },
-        {"no frames",                  AniFile{}.bytes()                                     },
-        {"damaged frames only",        AniFile{.frames = {bytes("no cursor")}}.bytes()       },
-        {"no step that shows a frame", AniFile{.frames = {frame(1)}, .sequence = {1}}.bytes()},
-        {"a bare container",           bytes("RIFF....ACON")                                 },
+        {"no header",                  headless.bytes()     },
+        {"a short header",             shortHeader.bytes()  },
+        {"no frames",                  AniFile{}.bytes()    },
+        {"damaged frames only",        damagedFrame.bytes() },
+        {"no step that shows a frame", noSteps.bytes()      },
+        {"another kind of file",       otherForm            },
+        {"a bare container",           bytes("RIFF....ACON")},
     };
     for (const auto& row : rows)
         EXPECT_FALSE(AniDecoder::decode(row.file)) << row.what;
@@ -214,9 +218,9 @@ TEST(AniDecoder, GivesNothingWithoutHeaderFramesOrSteps)
 TEST(AniDecoder, SpendsOneBudgetOnAllFrames)
 {
     const auto large = curFile(cursorPicture(encodeBMP(solidImage({256, 256}, {0, 0, 0}), 1)));
-    const auto cursor = AniDecoder::decode(AniFile{
-        .frames = {70, large}
-    }.bytes());
+    AniFile file;
+    file.frames.assign(70, large);
+    const auto cursor = AniDecoder::decode(file.bytes());
     ASSERT_TRUE(cursor);
     EXPECT_EQ(cursor->frames.size(), 64U);
     EXPECT_EQ(cursor->steps.size(), 64U);
@@ -224,13 +228,10 @@ TEST(AniDecoder, SpendsOneBudgetOnAllFrames)
 
 TEST(AniDecoder, ReadsNothingPastTheEndHoweverShortTheFileIsCut)
 {
-    const auto whole =
-        AniFile{
-            .frames = {frame(1), frame(2)},
-              .sequence = {1,        0       },
-              .rates = {2,        3       }
-    }
-            .bytes();
+    AniFile file = twoFrames();
+    file.sequence = {1, 0};
+    file.rates = {2, 3};
+    const auto whole = file.bytes();
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const ByteBuffer part(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
         const auto cursor = AniDecoder::decode(part);

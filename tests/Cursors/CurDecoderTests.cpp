@@ -219,16 +219,18 @@ TEST(CurDecoder, BelievesAnUndoubledHeightWhenTheDirectoryAndTheBytesAgree)
     const ByteBuffer wide = plainBitmap(picture({"rr", "bb"}, legend));
     // So narrow that two rows of colours are as long as one of colours and one of mask.
     const ByteBuffer narrow = plainBitmap(picture({"r", "b"}, legend));
+    const ByteBuffer tall = plainBitmap(solidImage({2, 256}, {255, 0, 0}));
     struct Row {
         ByteView picture;
         int statedHeight;
         Rows expected;
     };
     const Row rows[] = {
-        {wide,                                  2, {"rr", "bb"}},
-        {wide,                                  1, {"bb"}      }, // the lower row comes first
-        {ByteView(wide).first(wide.size() - 4), 2, {"bb"}      },
-        {narrow,                                2, {"b"}       },
+        {wide, 2, {"rr", "bb"}},
+        {wide, 1, {"bb"}}, // the lower row comes first
+        {ByteView(wide).first(wide.size() - 1), 2, {"bb"}},
+        {narrow, 2, {"b"}},
+        {tall, 256, Rows(256, "rr")}, // which the directory calls 0
     };
     for (const auto& [bytes, statedHeight, expected] : rows) {
         const CurFile file{{{.picture = {bytes.begin(), bytes.end()}, .size = {1, statedHeight}}}};
@@ -243,10 +245,11 @@ TEST(CurDecoder, ReadsPNGPicturesByTheirContent)
     const Image image(std::move(pixels), Image::Alpha::any);
     const auto cursor = CurDecoder::decode(curFile(png(image), {1, 1}));
     ASSERT_TRUE(cursor);
-    EXPECT_EQ(cursor->images[0], (CursorImage{
-                                     image, {1, 1},
-                                      32
-    }));
+    const CursorImage expected{
+        image, Point{1, 1},
+         32
+    };
+    EXPECT_EQ(cursor->images[0], expected);
 }
 
 TEST(CurDecoder, KeepsTheHotSpotInsideThePicture)
@@ -294,18 +297,18 @@ TEST(CurDecoder, LeavesOutDamagedPicturesAndEntries)
 {
     const auto good = cursorPicture(encodeBMP(picture({"r"}, legend), 24), {"-"});
     const support::CurEntry entry{.picture = good};
+    const auto end = static_cast<std::uint32_t>(6 + 2 * 16 + good.size());
+    const ByteBuffer pngSignature = support::bytes("\x89PNG\r\n\x1A\n");
     struct Row {
         std::string_view what;
         CurFile file;
     };
     const Row rows[] = {
         {"an offset past the end",              {{{.offset = 0xFFFFFFFF}, entry}}                },
-        {"an offset at the end",
-         {{entry, {.offset = static_cast<std::uint32_t>(38 + good.size())}}}                     },
+        {"an offset at the end",                {{entry, {.offset = end}}}                       },
         {"a picture of no bytes",               {{{.picture = {}}, entry}}                       },
         {"a picture that is none",              {{{.picture = ByteBuffer(50, 7)}, entry}}        },
-        {"a PNG that ends after its signature",
-         {{{.picture = support::bytes("\x89PNG\r\n\x1A\n")}, entry}}                             },
+        {"a PNG that ends after its signature", {{{.picture = pngSignature}, entry}}             },
         {"more entries than there are",         {{entry}, 2, 65535}                              },
         {"a picture longer than the file",      {{{.picture = good, .pictureBytes = 0xFFFFFFFF}}}},
     };
@@ -321,6 +324,8 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
         support::put32(bytes, offset, value);
         return CurFile{{{.picture = bytes, .size = {1, 9}}}}.bytes();
     };
+    ByteBuffer reserved = curFile(good);
+    reserved[0] = 1;
     struct Row {
         std::string_view what;
         ByteBuffer file;
@@ -329,6 +334,7 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
         {"no bytes", {}},
         {"no entries", CurFile{}.bytes()},
         {"a type of neither", CurFile{{{.picture = good}}, 3}.bytes()},
+        {"a first number that is not 0", reserved},
         {"a bitmap file", encodeBMP(picture({"r"}, legend), 24)},
         {"an unknown header", altered(0, 41)},
         {"a header longer than the picture", altered(0, 108)},

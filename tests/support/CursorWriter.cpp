@@ -89,8 +89,8 @@ ByteBuffer AniFile::bytes() const
     const auto stepCount = sequence.empty() ? count : static_cast<std::uint32_t>(sequence.size());
     ByteBuffer content = support::bytes("ACON");
     if (hasHeader)
-        append(content, chunk("anih", numbers({36, count, steps == 0 ? stepCount : steps, 0,
-                                               frameHeight, 0, 0, defaultRate, flags})));
+        append(content, chunk("anih", numbers({36, count, steps.value_or(stepCount), 0, frameHeight,
+                                               0, 0, defaultRate, flags})));
     append(content, extraChunks);
     if (!rates.empty())
         append(content, chunk("rate", numbers(rates)));

@@ -44,8 +44,8 @@ struct AniFile {
     std::vector<std::uint32_t> sequence;
     std::vector<std::uint32_t> rates;
     std::uint32_t defaultRate = 10;
-    std::uint32_t steps = 0;       // of the header; 0: as many as there are
-    std::uint32_t frameHeight = 0; // of the header, like the flags
+    std::optional<std::uint32_t> steps; // of the header, like the next two
+    std::uint32_t frameHeight = 0;
     std::uint32_t flags = 1;
     bool hasHeader = true;
     ByteBuffer extraChunks;                 // between the header and the rest
