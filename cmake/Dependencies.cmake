@@ -4,9 +4,9 @@
 function(skinkit_find_library target header)
   find_path(${target}_INCLUDE ${header} REQUIRED)
   find_library(${target}_LIBRARY NAMES ${ARGN} REQUIRED)
-  add_library(${target} INTERFACE IMPORTED)
+  add_library(${target} UNKNOWN IMPORTED)
+  set_target_properties(${target} PROPERTIES IMPORTED_LOCATION ${${target}_LIBRARY})
   target_include_directories(${target} INTERFACE ${${target}_INCLUDE})
-  target_link_libraries(${target} INTERFACE ${${target}_LIBRARY})
 endfunction()
 
 skinkit_find_library(Dependency::deflate libdeflate.h libdeflate.a deflate)
