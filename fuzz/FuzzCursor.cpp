@@ -1,41 +1,50 @@
 #include "SkinKit/Cursors/CursorPicture.h"
 #include "SkinKit/Cursors/SkinCursors.h"
-#include "SkinKit/Platform/Check.h"
+#include "fuzz/Fuzzing.h"
 
-using namespace SkinKit;
+#include <algorithm>
 
 namespace {
 
-void checkStatic(const StaticCursor& cursor)
+using namespace SkinKit;
+
+void requireSound(const CursorImage& picture)
 {
-    check(!cursor.images.empty(), "a cursor without pictures");
-    for (const auto& [image, hotSpot, bitCount] : cursor.images) {
-        const Rect whole{0, 0, image.width(), image.height()};
-        check(image.width() <= CursorPicture::maxSide && image.height() <= CursorPicture::maxSide,
-              "a picture beyond the limit");
-        check(contains(whole, hotSpot), "a hot spot outside its picture");
-        check(bitCount > 0, "a picture without depth");
-    }
+    const Image& image = picture.image;
+    fuzzing::require(image.width() <= CursorPicture::maxSide &&
+                     image.height() <= CursorPicture::maxSide);
+    fuzzing::require(contains(Rect{0, 0, image.width(), image.height()}, picture.hotSpot));
+    fuzzing::require(picture.bitCount > 0);
+    for (int y = 0; y < image.height(); ++y)
+        for (const Pixel pixel : image.row(y)) {
+            fuzzing::require(alphaOf(pixel) == 255 || !image.isOpaque());
+            fuzzing::require(std::max({redOf(pixel), greenOf(pixel), blueOf(pixel)}) <=
+                             alphaOf(pixel));
+        }
+}
+
+void requireSound(const StaticCursor& cursor)
+{
+    fuzzing::require(!cursor.images.empty());
+    for (const auto& picture : cursor.images)
+        requireSound(picture);
+}
+
+void requireSound(const AnimatedCursor& cursor)
+{
+    for (const auto& frame : cursor.frames)
+        requireSound(frame);
+    fuzzing::require(!cursor.steps.empty() && cursor.defaultJiffies >= 1);
+    for (const auto& step : cursor.steps)
+        fuzzing::require(step.frame >= 0 && step.frame < std::ssize(cursor.frames) &&
+                         step.jiffies >= 1);
 }
 
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto cursor = SkinCursors::decode({data, size});
-    if (!cursor)
-        return 0;
-    if (const auto* single = std::get_if<StaticCursor>(&*cursor)) {
-        checkStatic(*single);
-        return 0;
-    }
-    const auto& animated = std::get<AnimatedCursor>(*cursor);
-    for (const auto& frame : animated.frames)
-        checkStatic(frame);
-    check(!animated.steps.empty() && animated.defaultJiffies > 0, "an animation without steps");
-    for (const auto& step : animated.steps) {
-        check(step.frame >= 0 && step.frame < std::ssize(animated.frames), "a step without frame");
-        check(step.jiffies > 0, "a step without duration");
-    }
+    if (const auto cursor = SkinCursors::decode({data, size}))
+        std::visit([](const auto& kind) { requireSound(kind); }, *cursor);
     return 0;
 }

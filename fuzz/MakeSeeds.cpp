@@ -1,6 +1,7 @@
 #include "SkinKit/Platform/PNGCodec.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "tests/support/BMPWriter.h"
+#include "tests/support/CursorWriter.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/ZipWriter.h"
 
@@ -80,6 +81,29 @@ void writeArchives(const SeedFolder& folder)
     folder.write("lying.zip", lying.bytes());
 }
 
+void writeCursors(const SeedFolder& folder)
+{
+    const ByteBuffer picture = cursorPicture(encodeBMP(smallPicture(), 8),
+                                             std::vector<std::string_view>(7, "#.#.#.#.#.#.#"));
+    const ByteBuffer deep = cursorPicture(encodeBMP(smallPicture(), 32));
+    folder.write("still.cur", curFile(picture, {3, 2}));
+    folder.write("png.cur", curFile(*SkinKit::PNGCodec::encode(smallPicture())));
+    folder.write(
+        "two.cur",
+        CurFile{
+            .entries = {{.picture = picture, .size = {13, 7}}, {.picture = deep, .size = {13, 7}}}
+    }
+            .bytes());
+    folder.write(
+        "moving.ani",
+        AniFile{
+            .frames = {curFile(picture), curFile(deep)},
+              .sequence = {0, 1, 0},
+              .rates = {5, 0, 9}
+    }
+            .bytes());
+}
+
 void writePNGs(const SeedFolder& folder)
 {
     folder.write("opaque.png", *SkinKit::PNGCodec::encode(smallPicture()));
@@ -128,6 +152,7 @@ int main(int argc, char** argv)
     const std::filesystem::path root = argv[1];
     writeBMPs(SeedFolder(root / "BMP"));
     writeArchives(SeedFolder(root / "Archive"));
+    writeCursors(SeedFolder(root / "Cursor"));
     writePNGs(SeedFolder(root / "PNG"));
     SeedFolder(root / "PNGRoundTrip").write("bytes", "\5abcdefghijklmnopqrstuvwxyz0123456789");
     writeSkins(SeedFolder(root / "Skin"));

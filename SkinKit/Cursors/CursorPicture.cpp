@@ -60,14 +60,10 @@ int channelCount(unsigned pngColorType)
 {
     enum : unsigned { rgb = 2, grayAlpha = 4, rgba = 6 };
     switch (pngColorType) {
-    case rgb:
-        return 3;
-    case grayAlpha:
-        return 2;
-    case rgba:
-        return 4;
-    default:
-        return 1;
+    case rgb: return 3;
+    case grayAlpha: return 2;
+    case rgba: return 4;
+    default: return 1;
     }
 }
 

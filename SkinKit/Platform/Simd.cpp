@@ -11,6 +11,7 @@
 #endif
 
 namespace SkinKit::Simd {
+namespace {
 
 void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
 {
@@ -38,7 +39,6 @@ DifferenceCounts countDifferencesPlain(const std::uint32_t* ours, const std::uin
 }
 
 #if defined(__x86_64__)
-namespace {
 
 // Each pixel's three bytes turned round, a gap for alpha: four pixels from the first 12 of 16
 // bytes, and four from the last 12.
@@ -133,36 +133,30 @@ countDifferencesAvx2(const std::uint32_t* ours, const std::uint32_t* reference, 
     return counts;
 }
 
-}
-
 #endif
 
-std::span<const ExpandBGR> expandBGRForms()
+std::vector<ExpandBGR> findExpandBGRForms()
 {
-    static const auto forms = [] {
-        std::vector<ExpandBGR> found{expandBGRPlain};
+    std::vector<ExpandBGR> forms{expandBGRPlain};
 #if defined(__x86_64__)
-        if (__builtin_cpu_supports("ssse3"))
-            found.push_back(expandBGRSsse3);
-        if (__builtin_cpu_supports("avx2"))
-            found.push_back(expandBGRAvx2);
+    if (__builtin_cpu_supports("ssse3"))
+        forms.push_back(expandBGRSsse3);
+    if (__builtin_cpu_supports("avx2"))
+        forms.push_back(expandBGRAvx2);
 #endif
-        return found;
-    }();
     return forms;
 }
 
-std::span<const CountDifferences> countDifferencesForms()
+std::vector<CountDifferences> findCountDifferencesForms()
 {
-    static const auto forms = [] {
-        std::vector<CountDifferences> found{countDifferencesPlain};
+    std::vector<CountDifferences> forms{countDifferencesPlain};
 #if defined(__x86_64__)
-        if (__builtin_cpu_supports("avx2"))
-            found.push_back(countDifferencesAvx2);
+    if (__builtin_cpu_supports("avx2"))
+        forms.push_back(countDifferencesAvx2);
 #endif
-        return found;
-    }();
     return forms;
+}
+
 }
 
 void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count)
@@ -171,11 +165,23 @@ void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t co
     best(source, target, count);
 }
 
+std::span<const ExpandBGR> expandBGRForms()
+{
+    static const auto forms = findExpandBGRForms();
+    return forms;
+}
+
 DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
                                   std::size_t count, std::uint8_t tolerance)
 {
     static const CountDifferences best = countDifferencesForms().back();
     return best(ours, reference, count, tolerance);
+}
+
+std::span<const CountDifferences> countDifferencesForms()
+{
+    static const auto forms = findCountDifferencesForms();
+    return forms;
 }
 
 }

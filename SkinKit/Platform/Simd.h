@@ -11,7 +11,10 @@ namespace SkinKit::Simd {
 
 // Turns `count` pixels of three bytes (blue, green, red) into RGBA words with alpha 255.
 void expandBGR(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
-void expandBGRPlain(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
+
+// All forms that this processor can run, from the plain one to the one that is used.
+using ExpandBGR = void (*)(const std::uint8_t* source, std::uint32_t* target, std::size_t count);
+std::span<const ExpandBGR> expandBGRForms();
 
 // How two rows of pixels differ.
 struct DifferenceCounts {
@@ -23,13 +26,10 @@ struct DifferenceCounts {
 };
 DifferenceCounts countDifferences(const std::uint32_t* ours, const std::uint32_t* reference,
                                   std::size_t count, std::uint8_t tolerance);
-DifferenceCounts countDifferencesPlain(const std::uint32_t* ours, const std::uint32_t* reference,
-                                       std::size_t count, std::uint8_t tolerance);
 
-// All forms of each that this processor can run, from the plain one to the one that is used.
-using ExpandBGR = decltype(&expandBGR);
-using CountDifferences = decltype(&countDifferences);
-std::span<const ExpandBGR> expandBGRForms();
+using CountDifferences = DifferenceCounts (*)(const std::uint32_t* ours,
+                                              const std::uint32_t* reference, std::size_t count,
+                                              std::uint8_t tolerance);
 std::span<const CountDifferences> countDifferencesForms();
 
 }

@@ -149,16 +149,17 @@ void Canvas::drawVisible(const Image& image, const Rect& cell, const Rect& devic
         return static_cast<int>((2 * index + 1) * source / (2 * std::int64_t{target}));
     };
     const bool stretchesColumns = image.width() != cell.width;
+    const bool stretchesRows = image.height() != cell.height;
     // A row may be widened in place when it is copied, not blended, and no pixel of it is cut off.
     const bool inPlace = image.isOpaque() && !state_.mask &&
                          columns * static_cast<std::size_t>(scale) == deviceWidth;
 
-    for (int y = device.y; y < device.bottom();) {
-        const std::int64_t rowOfCell = (y - cellTop) / scale;
+    std::int64_t rowOfCell = (device.y - cellTop) / scale;
+    for (int y = device.y; y < device.bottom(); ++rowOfCell) {
         const int endOfRow = static_cast<int>(
             std::min<std::int64_t>(device.bottom(), cellTop + (rowOfCell + 1) * scale));
-
-        const auto source = image.row(sample(rowOfCell, image.height(), cell.height));
+        const auto source = image.row(stretchesRows ? sample(rowOfCell, image.height(), cell.height)
+                                                    : static_cast<int>(rowOfCell));
         std::span<const Pixel> visible;
         if (stretchesColumns) {
             stretched_.resize(columns);

@@ -111,18 +111,17 @@ void drawMarquee(const SpriteDrawer& drawer, const MainWindowState& state)
         MarqueeLayout::stepOffset(state.marqueeText, state.marqueeStep, state.marqueePixels);
     const SavedCanvasState saved(drawer.context);
     drawer.context.clip(Layout::marquee);
-    drawImage(drawer.context, textImage(drawer.skin, MarqueeLayout::loopText(state.marqueeText)),
-              {Layout::marquee.x - offset, Layout::marquee.y});
+    drawText(drawer.context, drawer.skin, MarqueeLayout::loopText(state.marqueeText),
+             {Layout::marquee.x - offset, Layout::marquee.y});
 }
 
 void drawStreamInfo(const SpriteDrawer& drawer, const MainWindowStatus& status)
 {
     const bool stopped = status.transport == Transport::stopped;
     if (!stopped) {
-        drawImage(drawer.context, textImage(drawer.skin, MediaInfoText::kbps(status.bitrateKbps)),
-                  Layout::kbps);
-        drawImage(drawer.context, textImage(drawer.skin, MediaInfoText::khz(status.sampleRate)),
-                  Layout::khz);
+        drawText(drawer.context, drawer.skin, MediaInfoText::kbps(status.bitrateKbps),
+                 Layout::kbps);
+        drawText(drawer.context, drawer.skin, MediaInfoText::khz(status.sampleRate), Layout::khz);
     }
     const bool isMono = !stopped && status.channels == 1;
     const bool isStereo = !stopped && status.channels == 2;

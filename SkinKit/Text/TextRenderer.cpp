@@ -2,7 +2,6 @@
 
 #include "SkinKit/Layout/MainShadeLayout.h"
 #include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Text/TextFont.h"
 
 #include <utility>
@@ -16,13 +15,21 @@ const Image* textSheet(const Skin& skin)
     return found == skin.sheets.end() ? nullptr : &found->second;
 }
 
-// The unit's cell with its left edge at `x`; a crop cut short by a small sheet is stretched.
-void drawCell(Canvas& canvas, const Image& sheet, char16_t unit, int x)
+// The unit's cell with its top left corner at `at`; a crop cut short by a small sheet is stretched.
+void drawCell(Canvas& canvas, const Image& sheet, char16_t unit, Point at)
 {
     const auto sprite = TextFont::sprite(unit);
     const auto cell = sprite ? sheet.crop(sprite->rect()) : std::nullopt;
     if (cell)
-        canvas.draw(*cell, Rect{x, 0, TextFont::cellWidth, TextFont::cellHeight});
+        canvas.draw(*cell, Rect{at.x, at.y, TextFont::cellWidth, TextFont::cellHeight});
+}
+
+void drawCells(Canvas& canvas, const Image& sheet, std::u16string_view units, Point at)
+{
+    for (const char16_t unit : units) {
+        drawCell(canvas, sheet, unit, at);
+        at.x += TextFont::cellWidth;
+    }
 }
 
 }
@@ -35,12 +42,14 @@ std::optional<Image> textImage(const Skin& skin, std::string_view text)
 
     const auto units = Unicode::toUTF16(Unicode::composed(text));
     Canvas canvas({TextFont::cellWidth * static_cast<int>(units.size()), TextFont::cellHeight});
-    int x = 0;
-    for (const char16_t unit : units) {
-        drawCell(canvas, *sheet, unit, x);
-        x += TextFont::cellWidth;
-    }
+    drawCells(canvas, *sheet, units, {0, 0});
     return std::move(canvas).image();
+}
+
+void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at)
+{
+    if (const Image* const sheet = textSheet(skin))
+        drawCells(canvas, *sheet, Unicode::toUTF16(Unicode::composed(text)), at);
 }
 
 std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters)
@@ -53,7 +62,7 @@ std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters&
     for (std::size_t i = 0; i < characters.size(); ++i) {
         const auto units = Unicode::toUTF16(Unicode::composed(characters[i]));
         if (!units.empty())
-            drawCell(canvas, *sheet, units.front(), MainShadeLayout::miniTimeCellX[i]);
+            drawCell(canvas, *sheet, units.front(), {MainShadeLayout::miniTimeCellX[i], 0});
     }
     return std::move(canvas).image();
 }

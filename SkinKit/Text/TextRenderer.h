@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SkinKit/Display/MiniTime.h"
+#include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Raster/Image.h"
 #include "SkinKit/Skin.h"
 
@@ -13,6 +14,10 @@ namespace SkinKit {
 // The text in the skin's font, 5 × 6 pixels a cell, transparent where the font has no cell for a
 // character. Nothing without a text sheet or for an empty text.
 std::optional<Image> textImage(const Skin& skin, std::string_view text);
+
+// Draws such a text with its top left corner at `at`: what drawing its image would, without the
+// image, so that a text far longer than the clip costs little.
+void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at);
 
 // The shaded window's clock, 30 × 6 pixels, with a gap for the colon of the skin's own background.
 // Nothing without a text sheet.

@@ -155,7 +155,7 @@ Look look()
         .label = silver,
         .labelShadow = hex(0x000000, 150),
         .stateLit = ice,
-        .stateUnlit = hex(0x5A636E),
+        .stateUnlit = hex(0x6B7582),
         .displayInk = ice,
         .displayDim = hex(0x2F5A63),
         .play = hex(0x6DF28E),

@@ -23,17 +23,6 @@ constexpr Color coralDeep = hex(0xD9523F);
 constexpr Color sand = hex(0xFFF3D6);
 constexpr Color sandShade = hex(0xE3CFA0);
 
-// A wave made of parabolas: how far its line lies from its middle at a column, up to `height`.
-int wave(int column, int length, int height)
-{
-    const int half = length / 2;
-    const int place = (column % length + length) % length;
-    const int inHalf = place % half;
-    // 4 t (1 - t) for t = inHalf / half, rounded to nearest.
-    const int rise = (8 * height * inHalf * (half - inHalf) + half * half) / (2 * half * half);
-    return place < half ? -rise : rise;
-}
-
 // The window is a broad lid on a narrower body that ends in waves.
 constexpr int waist = 4;
 constexpr int shoulder = 10; // rows that the lid takes to become the waist
@@ -139,7 +128,7 @@ void outlineBar(Painter& painter, Window window)
         return;
     const Shape& shape = window == Window::shaded ? shadeShape() : windowShape(window);
     const auto [width, height] = painter.size();
-    for (int y = 0; y < height - 1; ++y)
+    for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             if (!shape.holdsAround({x, y}))
                 painter.dot({x, y}, depth);

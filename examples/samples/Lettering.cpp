@@ -260,62 +260,34 @@ void drawCenteredText(Painter& painter, const Rect& rect, std::string_view text,
 Rows rowsOf(Icon icon)
 {
     switch (icon) {
-    case Icon::previous:
-        return previousRows;
-    case Icon::play:
-        return playRows;
-    case Icon::pause:
-        return pauseRows;
-    case Icon::stop:
-        return stopRows;
-    case Icon::next:
-        return nextRows;
-    case Icon::eject:
-        return ejectRows;
-    case Icon::smallPrevious:
-        return smallPreviousRows;
-    case Icon::smallPlay:
-        return smallPlayRows;
-    case Icon::smallPause:
-        return smallPauseRows;
-    case Icon::smallStop:
-        return smallStopRows;
-    case Icon::smallNext:
-        return smallNextRows;
-    case Icon::smallEject:
-        return smallEjectRows;
-    case Icon::lampPlay:
-        return lampPlayRows;
-    case Icon::lampPause:
-        return lampPauseRows;
-    case Icon::lampStop:
-        return lampStopRows;
-    case Icon::options:
-        return optionsRows;
-    case Icon::minimize:
-        return minimizeRows;
-    case Icon::shade:
-        return shadeRows;
-    case Icon::unshade:
-        return unshadeRows;
-    case Icon::close:
-        return closeRows;
-    case Icon::up:
-        return upRows;
-    case Icon::down:
-        return downRows;
-    case Icon::kbps:
-        return kbpsRows;
-    case Icon::khz:
-        return khzRows;
-    case Icon::wave:
-        return waveRows;
-    case Icon::fish:
-        return fishRows;
-    case Icon::star:
-        return starRows;
-    case Icon::ghost:
-        return ghostRows;
+    case Icon::previous: return previousRows;
+    case Icon::play: return playRows;
+    case Icon::pause: return pauseRows;
+    case Icon::stop: return stopRows;
+    case Icon::next: return nextRows;
+    case Icon::eject: return ejectRows;
+    case Icon::smallPrevious: return smallPreviousRows;
+    case Icon::smallPlay: return smallPlayRows;
+    case Icon::smallPause: return smallPauseRows;
+    case Icon::smallStop: return smallStopRows;
+    case Icon::smallNext: return smallNextRows;
+    case Icon::smallEject: return smallEjectRows;
+    case Icon::lampPlay: return lampPlayRows;
+    case Icon::lampPause: return lampPauseRows;
+    case Icon::lampStop: return lampStopRows;
+    case Icon::options: return optionsRows;
+    case Icon::minimize: return minimizeRows;
+    case Icon::shade: return shadeRows;
+    case Icon::unshade: return unshadeRows;
+    case Icon::close: return closeRows;
+    case Icon::up: return upRows;
+    case Icon::down: return downRows;
+    case Icon::kbps: return kbpsRows;
+    case Icon::khz: return khzRows;
+    case Icon::wave: return waveRows;
+    case Icon::fish: return fishRows;
+    case Icon::star: return starRows;
+    case Icon::ghost: return ghostRows;
     }
     return {};
 }

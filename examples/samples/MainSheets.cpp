@@ -165,7 +165,7 @@ void drawClutterBar(Sheets& sheets, const Look& look, const Image& window)
     sheets.sprite("MAIN_CLUTTER_BAR_BACKGROUND_DISABLED").put(disabled, {0, 0});
     for (const auto& [button, letter] : letters) {
         Painter lit = sheets.sprite(Layout::spriteName(button));
-        lit.put(disabled, {0, Layout::clutterBar.y - Layout::rect(button).y});
+        drawBehind(lit, look, disabled, {0, Layout::rect(button).y - Layout::clutterBar.y});
         drawCharacter(lit, {2, 1}, static_cast<unsigned char>(letter), look.displayInk);
     }
 }

@@ -24,8 +24,21 @@ Color mix(Color a, Color b, int share)
             channel(a.alpha, b.alpha)};
 }
 
+int wave(int column, int length, int height)
+{
+    const int half = length / 2;
+    const int place = (column % length + length) % length;
+    const int inHalf = place % half;
+    // 4 t (1 - t) for t = inHalf / half, rounded to nearest.
+    const int rise = (8 * height * inHalf * (half - inHalf) + half * half) / (2 * half * half);
+    return place < half ? -rise : rise;
+}
+
 Color Ramp::at(int row, int rows, int column) const
 {
+    if (steps == Steps::banded)
+        return stops[static_cast<std::size_t>(std::clamp(row, 0, rows - 1)) * stops.size() /
+                     static_cast<std::size_t>(rows)];
     const int steps256 = static_cast<int>(stops.size() - 1) * 256;
     const int place = rows > 1 ? std::clamp(row, 0, rows - 1) * steps256 / (rows - 1) : 0;
     const auto index = static_cast<std::size_t>(place / 256);

@@ -38,11 +38,15 @@ constexpr Color hex(std::uint32_t digits, std::uint8_t alpha = 255)
 // From `a` at share 0 to `b` at share 256.
 Color mix(Color a, Color b, int share);
 
+// A wave made of parabolas: how far its line lies from its middle at a column, up to `height`.
+int wave(int column, int length, int height);
+
 // Colours from top to bottom.
 struct Ramp {
     enum class Steps {
         smooth,
         dithered, // only the stops themselves, in an ordered pattern
+        banded,   // only the stops themselves, in bands
     };
 
     std::vector<Color> stops;

@@ -31,8 +31,8 @@ constexpr Rect resizeFromRight{ 29, 3,  9,  9};
 // clang-format off
 constexpr Size menuButton{22, 18};
 constexpr int  menuY = 8;
-constexpr struct { int x; std::string_view first, second; } menus[] = {
-    {14, "ADD", ""}, {43, "REM", ""}, {72, "SEL", ""}, {101, "MISC", ""},
+constexpr struct { int x; std::string_view caption; } menus[] = {
+    {14, "ADD"}, {43, "REM"}, {72, "SEL"}, {101, "OPT"},
 };
 constexpr int  listMenuFromRight = 44;
 constexpr Rect timeWellFromRight    {147,  7, 98, 11};
@@ -65,8 +65,11 @@ void drawPlaylistTop(Painter& painter, const Look& look, bool isSelected)
 void drawList(Painter& painter, const Look& look, const Rect& list, const Rect& track)
 {
     painter.box(list, look.list);
-    if (!track.isEmpty())
-        painter.box(track, look.groove);
+    if (track.isEmpty())
+        return;
+    Surface groove = look.groove;
+    groove.fill = {{groove.fill.stops.front()}}; // the tiles beside the list are all alike
+    painter.box(track, groove);
 }
 
 void drawResizeGrip(Painter& painter, const Look& look, Point corner)
@@ -79,9 +82,9 @@ void drawResizeGrip(Painter& painter, const Look& look, Point corner)
 void drawFoot(Painter foot, const Look& look)
 {
     const int width = foot.size().width;
-    for (const auto& [x, first, second] : menus)
-        drawTextButton(foot.part(sizedBy({x, menuY}, menuButton)), look, first, second, false);
-    drawTextButton(foot.part(sizedBy({width - listMenuFromRight, menuY}, menuButton)), look, "LIST",
+    for (const auto& [x, caption] : menus)
+        drawTextButton(foot.part(sizedBy({x, menuY}, menuButton)), look, caption, "", false);
+    drawTextButton(foot.part(sizedBy({width - listMenuFromRight, menuY}, menuButton)), look, "LST",
                    "", false);
 
     foot.box(fromRight(timeWellFromRight, width), look.textDisplay);
@@ -102,7 +105,8 @@ void drawFoot(Painter foot, const Look& look)
     drawResizeGrip(foot, look, {width - 6, footHeight - 5});
 }
 
-// The whole window. The list's ring lies on the pieces around it, its inside is the player's.
+// The whole window. The list's ring lies on the pieces around it, its inside is the player's. The
+// scroll track ends in them too, with its bends, for the tiles beside the list must be straight.
 Image playlistWindow(const Look& look, bool isSelected)
 {
     return paintedImage(playlistSize, [&](Painter& painter) {
@@ -110,7 +114,7 @@ Image playlistWindow(const Look& look, bool isSelected)
         drawBody(painter, look, Window::sizable);
         const int listHeight = playlistFoot.y - topHeight + 2;
         drawList(painter, look, {11, topHeight - 1, width - 30, listHeight},
-                 {width - 16, topHeight - 1, 10, listHeight});
+                 {width - 16, topHeight - 2, 10, listHeight + 2});
         drawPlaylistTop(painter, look, isSelected);
         drawFoot(painter.part(playlistFoot), look);
     });
@@ -161,6 +165,7 @@ void drawShadedPlaylist(Sheets& sheets, const Look& look)
     const Size size{125, titleHeight};
     const auto bar = [&](bool isSelected) {
         return paintedImage(size, [&](Painter& painter) {
+            painter.box(painter.bounds(), look.sizableBody);
             drawBareBar(painter, look, true, Window::sizable);
             painter.box({2, 2, size.width - resizeFromRight.x - 2, 10}, look.textDisplay);
             drawResizeGrip(painter, look, {size.width - 23, 10});

@@ -14,7 +14,7 @@ SkinKit::ByteBuffer SampleSkin::archive() const
 
 std::vector<SampleSkin> allSampleSkins()
 {
-    return {graphite(), lagoon()};
+    return {graphite(), lagoon(), aurora(), arcade()};
 }
 
 }

@@ -25,6 +25,11 @@ struct SampleSkin {
 SampleSkin graphite();
 // A light window cut to waves; its files lie in a folder, under names in mixed case.
 SampleSkin lagoon();
+// Sheets in PNG whose buttons and thumbs are glass; the volume stands in for the balance.
+SampleSkin aurora();
+// Sixteen colours in bitmaps with palettes, many of them packed; with mouse pointers.
+SampleSkin arcade();
+
 std::vector<SampleSkin> allSampleSkins();
 
 }

@@ -31,6 +31,8 @@ void drawBody(Painter& painter, const Look& look, Window window)
 
 void drawBareBar(Painter painter, const Look& look, bool isSelected, Window window)
 {
+    if (window == Window::shaded) // all there is of its window, so nothing may show through
+        painter.box(painter.bounds(), look.sizableBody);
     painter.box(painter.bounds(), isSelected ? look.titleBarSelected : look.titleBar);
     if (look.decorateBar)
         look.decorateBar(painter, window);
@@ -81,7 +83,7 @@ void drawTextButton(Painter painter, const Look& look, std::string_view first,
     const Size size = painter.size();
     int y = (size.height - lines * pitch + 2) / 2;
     for (const auto line : {first, second}) {
-        const int x = (size.width - textWidth(line)) / 2;
+        const int x = (size.width - textWidth(line) + 1) / 2;
         drawText(painter, {x, isPressed ? y + 1 : y}, line, ink); // too wide to move sideways
         y += pitch;
     }
@@ -109,7 +111,12 @@ void drawToggle(Painter painter, const Look& look, std::string_view caption, But
 
 void drawThumb(Painter painter, const Look& look, Grip grip, bool isPressed)
 {
-    painter.box(painter.bounds(), isPressed ? look.thumbPressed : look.thumb);
+    Surface surface = isPressed ? look.thumbPressed : look.thumb;
+    if (grip == Grip::small) { // no room for a ring, nor for marks
+        surface.ringTop = surface.ringBottom = none;
+        surface.radius = 0;
+    }
+    painter.box(painter.bounds(), surface);
     const Color mark = isPressed ? look.gripPressed : look.grip;
     const Size size = painter.size();
     constexpr int margin = 3;
@@ -123,6 +130,7 @@ void drawThumb(Painter painter, const Look& look, Grip grip, bool isPressed)
             painter.fill({margin, (size.height - 1) / 2 + dy, size.width - 2 * margin, 1}, mark);
         break;
     case Grip::small:
+        break;
         painter.fill({1, 2, size.width - 2, size.height - 4}, mark);
         break;
     }

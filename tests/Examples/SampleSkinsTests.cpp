@@ -1,0 +1,353 @@
+#include "examples/samples/SampleSkins.h"
+
+#include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Layout/MainSliders.h"
+#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Platform/ZipFile.h"
+#include "SkinKit/Rendering/MainWindowLayout.h"
+#include "SkinKit/SkinParser.h"
+#include "SkinKit/Tooling/RequiredSprites.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <set>
+
+namespace {
+
+using namespace SkinKit;
+
+std::filesystem::path committedPath(std::string_view name)
+{
+    return std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "examples/skins" /
+           (std::string(name) + ".wsz");
+}
+
+SkinArchive committedArchive(std::string_view name)
+{
+    return SkinArchive::open(committedPath(name)).value();
+}
+
+Skin committedSkin(std::string_view name)
+{
+    return SkinParser::parse(committedPath(name)).value();
+}
+
+// The paths of a container's entries, as they are written there.
+std::vector<std::string> entryPaths(const ZipFile& zip)
+{
+    std::vector<std::string> paths;
+    for (std::int64_t i = 0; i < zip.entryCount(); ++i)
+        paths.push_back(zip.entry(i)->path);
+    return paths;
+}
+
+std::uint32_t numberAt(ByteView bytes, std::size_t offset, int width)
+{
+    std::uint32_t number = 0;
+    for (int i = width - 1; i >= 0; --i)
+        number = number << 8 | bytes[offset + static_cast<std::size_t>(i)];
+    return number;
+}
+
+bool holdsText(ByteView bytes, std::string_view text)
+{
+    return !std::ranges::search(bytes, text).empty();
+}
+
+// How many pixels of an image are of some kind.
+template <class Predicate>
+int countPixels(const Image& image, Predicate&& predicate)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        count += static_cast<int>(std::ranges::count_if(image.row(y), predicate));
+    return count;
+}
+
+bool isPartlyTransparent(Pixel pixel)
+{
+    return alphaOf(pixel) > 0 && alphaOf(pixel) < 255;
+}
+
+}
+
+TEST(SampleSkins, AreWhatTheProgramMakesToday)
+{
+    for (const auto& skin : samples::allSampleSkins()) {
+        const auto zip = ZipFile::open(committedPath(skin.name));
+        ASSERT_TRUE(zip) << skin.name;
+        std::vector<std::string> names;
+        for (const auto& file : skin.files)
+            names.push_back(file.name);
+        EXPECT_EQ(entryPaths(*zip), names) << skin.name;
+
+        const SkinArchive made = SkinArchive::open(skin.archive()).value();
+        const SkinArchive committed = committedArchive(skin.name);
+        ASSERT_EQ(made.files().size(), committed.files().size()) << skin.name;
+        for (const auto& [name, bytes] : made.files()) {
+            const auto& there = committed.files().at(name);
+            // How a PNG file is packed depends on the library; what it shows does not.
+            if (const auto image = PNGCodec::decode(bytes, {}))
+                EXPECT_EQ(PNGCodec::decode(there, {}), image) << skin.name << ": " << name;
+            else
+                EXPECT_EQ(there, bytes) << skin.name << ": " << name;
+        }
+    }
+}
+
+TEST(SampleSkins, ParseWithoutAWarningAndBringTheirWholeMainWindow)
+{
+    for (const auto& [name, fallbacks] : std::map<std::string_view, std::vector<std::string>>{
+             {"graphite", {"nums_ex.bmp missing; digits use numbers.bmp"}},
+             {"lagoon",   {"nums_ex.bmp missing; digits use numbers.bmp"}},
+             {"aurora",
+              {"balance.bmp missing; balance slider uses volume.bmp",
+               "nums_ex.bmp missing; digits use numbers.bmp"}            },
+             {"arcade",   {"numbers.bmp missing; digits use nums_ex.bmp"}},
+    }) {
+        const Skin skin = committedSkin(name);
+        EXPECT_TRUE(skin.warnings.empty()) << name << ": " << skin.warnings.front();
+        EXPECT_EQ(skin.fallbacks, fallbacks) << name;
+        EXPECT_TRUE(skin.generatedSheets.empty()) << name;
+        EXPECT_TRUE(RequiredSprites::missing(skin).empty()) << name;
+        EXPECT_NE(skin.visColors, VisColorParser::defaults) << name;
+        EXPECT_NE(skin.playlistStyle, PlaylistStyle{}) << name;
+        EXPECT_LT(std::filesystem::file_size(committedPath(name)), 100'000U) << name;
+    }
+}
+
+TEST(SampleSkins, ShowAPressedControlDifferentlyFromAReleasedOne)
+{
+    for (const auto& made : samples::allSampleSkins()) {
+        const Skin skin = committedSkin(made.name);
+        for (const auto button : MainWindowLayout::allTransports) {
+            using MainWindowLayout::ButtonState;
+            EXPECT_NE(skin.image(MainWindowLayout::spriteName(button, ButtonState::released)),
+                      skin.image(MainWindowLayout::spriteName(button, ButtonState::pressed)));
+        }
+        for (const auto toggle : {MainSliders::Toggle::shuffle, MainSliders::Toggle::repeatAll,
+                                  MainSliders::Toggle::equalizer, MainSliders::Toggle::playlist}) {
+            std::vector<Image> faces;
+            for (const bool selected : {false, true})
+                for (const bool pressed : {false, true})
+                    faces.push_back(
+                        skin.image(MainSliders::spriteName(toggle, {selected, pressed})).value());
+            for (std::size_t a = 0; a < faces.size(); ++a)
+                for (std::size_t b = a + 1; b < faces.size(); ++b)
+                    EXPECT_NE(faces[a], faces[b]) << made.name;
+        }
+    }
+}
+
+TEST(SampleSkins, FillTheirSlidersFromFrameToFrame)
+{
+    for (const auto& made : samples::allSampleSkins()) {
+        const Skin skin = committedSkin(made.name);
+        for (int frame = 1; frame < MainSliders::frameCount; ++frame) {
+            EXPECT_NE(skin.image("EQ_SLIDER_BACKGROUND", BandFrame{frame}),
+                      skin.image("EQ_SLIDER_BACKGROUND", BandFrame{frame - 1}))
+                << made.name << " " << frame;
+        }
+        const auto empty = skin.image("MAIN_VOLUME_BACKGROUND", Frame{0});
+        const auto half = skin.image("MAIN_VOLUME_BACKGROUND", Frame{13});
+        const auto full = skin.image("MAIN_VOLUME_BACKGROUND", Frame{27});
+        ASSERT_TRUE(empty && half && full);
+        EXPECT_NE(*empty, *half) << made.name;
+        EXPECT_NE(*half, *full) << made.name;
+        EXPECT_EQ(skin.image("EQ_GRAPH_LINE_COLORS")->size(), (Size{1, 19})) << made.name;
+    }
+}
+
+TEST(SampleSkins, HaveFramesWhosePiecesMeetWithoutASeam)
+{
+    enum class Side { right, below };
+    struct Row {
+        std::string_view piece;
+        Side side;
+        std::string_view neighbour;
+    };
+    constexpr Row rows[] = {
+        {"PLAYLIST_TOP_LEFT_CORNER",       Side::right, "PLAYLIST_TOP_TILE"              },
+        {"PLAYLIST_TOP_TILE",              Side::right, "PLAYLIST_TOP_TILE"              },
+        {"PLAYLIST_TOP_TILE",              Side::right, "PLAYLIST_TITLE_BAR"             },
+        {"PLAYLIST_TITLE_BAR",             Side::right, "PLAYLIST_TOP_TILE"              },
+        {"PLAYLIST_TOP_LEFT_SELECTED",     Side::right, "PLAYLIST_TOP_TILE_SELECTED"     },
+        {"PLAYLIST_TOP_TILE_SELECTED",     Side::right, "PLAYLIST_TOP_TILE_SELECTED"     },
+        {"PLAYLIST_TITLE_BAR_SELECTED",    Side::right, "PLAYLIST_TOP_TILE_SELECTED"     },
+        {"PLAYLIST_LEFT_TILE",             Side::below, "PLAYLIST_LEFT_TILE"             },
+        {"PLAYLIST_RIGHT_TILE",            Side::below, "PLAYLIST_RIGHT_TILE"            },
+        {"PLAYLIST_BOTTOM_LEFT_CORNER",    Side::right, "PLAYLIST_BOTTOM_TILE"           },
+        {"PLAYLIST_BOTTOM_TILE",           Side::right, "PLAYLIST_BOTTOM_TILE"           },
+        {"PLAYLIST_BOTTOM_TILE",           Side::right, "PLAYLIST_BOTTOM_RIGHT_CORNER"   },
+        {"PLAYLIST_SHADE_BACKGROUND_LEFT", Side::right, "PLAYLIST_SHADE_BACKGROUND"      },
+        {"PLAYLIST_SHADE_BACKGROUND",      Side::right, "PLAYLIST_SHADE_BACKGROUND_RIGHT"},
+        {"GEN_TOP_LEFT",                   Side::right, "GEN_TOP_LEFT_RIGHT_FILL"        },
+        {"GEN_TOP_CENTER_FILL",            Side::right, "GEN_TOP_RIGHT_END"              },
+        {"GEN_BOTTOM_LEFT",                Side::right, "GEN_BOTTOM_FILL"                },
+        {"GEN_BOTTOM_FILL",                Side::right, "GEN_BOTTOM_RIGHT"               },
+        {"GEN_MIDDLE_LEFT",                Side::below, "GEN_MIDDLE_LEFT_BOTTOM"         },
+    };
+    for (const auto& made : samples::allSampleSkins()) {
+        const Skin skin = committedSkin(made.name);
+        for (const auto& [piece, side, neighbour] : rows) {
+            const Image a = skin.image(piece).value();
+            const Image b = skin.image(neighbour).value();
+            if (side == Side::right)
+                EXPECT_EQ(a.crop({a.width() - 1, 0, 1, a.height()}), b.crop({0, 0, 1, b.height()}))
+                    << made.name << ": " << piece << " | " << neighbour;
+            else
+                EXPECT_EQ(a.crop({0, a.height() - 1, a.width(), 1}), b.crop({0, 0, b.width(), 1}))
+                    << made.name << ": " << piece << " / " << neighbour;
+        }
+    }
+}
+
+TEST(SampleSkins, KeepLagoonInAFolderUnderNamesInMixedCase)
+{
+    const auto zip = ZipFile::open(committedPath("lagoon"));
+    ASSERT_TRUE(zip);
+    for (const auto& path : entryPaths(*zip)) {
+        EXPECT_TRUE(path.starts_with("Lagoon Skin/")) << path;
+        const std::string_view name = std::string_view(path).substr(path.find('/') + 1);
+        EXPECT_TRUE(std::ranges::any_of(name, [](char c) { return c >= 'a' && c <= 'z'; }) &&
+                    std::ranges::any_of(name, [](char c) { return c >= 'A' && c <= 'Z'; }))
+            << path;
+    }
+}
+
+TEST(SampleSkins, CutLagoonToShapesThatSpareEveryControl)
+{
+    const SkinRegion region = committedSkin("lagoon").region;
+    ASSERT_TRUE(region.normal() && region.windowShade() && region.equalizer() &&
+                region.equalizerShade());
+
+    const auto mask = SkinRegion::maskImage(*region.normal(), MainWindowLayout::size, 1);
+    ASSERT_TRUE(mask);
+    const auto isHidden = [](Pixel pixel) { return alphaOf(pixel) == 0; };
+    const int hidden = countPixels(*mask, isHidden);
+    EXPECT_GT(hidden, 1000);
+    EXPECT_LT(hidden, 5000);
+
+    std::vector<Rect> controls{
+        MainWindowLayout::clutterBar,      MainWindowLayout::visualizer,
+        MainWindowLayout::marqueeHitArea,  MainSliders::volume.background(),
+        MainSliders::balance.background(), MainSliders::position.background()};
+    using MainWindowLayout::TitleButton;
+    for (const auto button : MainWindowLayout::allTransports)
+        controls.push_back(MainWindowLayout::rect(button));
+    for (const auto toggle : {MainSliders::Toggle::shuffle, MainSliders::Toggle::repeatAll,
+                              MainSliders::Toggle::equalizer, MainSliders::Toggle::playlist})
+        controls.push_back(MainSliders::frame(toggle));
+    for (const auto button :
+         {TitleButton::options, TitleButton::minimize, TitleButton::shade, TitleButton::close})
+        controls.push_back(MainWindowLayout::rect(button));
+    for (const Rect& control : controls)
+        EXPECT_EQ(countPixels(mask->crop(control).value(), isHidden), 0)
+            << control.x << ", " << control.y;
+
+    const auto shade = SkinRegion::maskImage(*region.windowShade(), MainWindowLayout::shadeSize, 1);
+    ASSERT_TRUE(shade);
+    EXPECT_TRUE(isHidden(shade->pixel({0, 0})));
+    EXPECT_FALSE(isHidden(shade->pixel({137, 7})));
+}
+
+TEST(SampleSkins, LetTheWindowShowThroughAurorasControls)
+{
+    const Skin skin = committedSkin("aurora");
+    EXPECT_FALSE(skin.sheets.contains("BALANCE"));
+    EXPECT_EQ(skin.resolve("MAIN_BALANCE_THUMB")->sheet, "VOLUME");
+    for (const auto* name : {"MAIN_PLAY_BUTTON", "MAIN_PLAY_BUTTON_ACTIVE", "MAIN_VOLUME_THUMB",
+                             "MAIN_POSITION_SLIDER_THUMB", "MAIN_SHUFFLE_BUTTON_SELECTED"}) {
+        const Image sprite = skin.image(name).value();
+        EXPECT_GT(countPixels(sprite, isPartlyTransparent), 50) << name;
+    }
+    // The groove lies in the window; the strip holds nothing but the filling.
+    const auto empty = skin.image("MAIN_VOLUME_BACKGROUND", Frame{0});
+    EXPECT_EQ(countPixels(*empty, [](Pixel pixel) { return pixel != 0; }), 0);
+
+    const auto window = skin.image("MAIN_WINDOW_BACKGROUND");
+    EXPECT_EQ(countPixels(*window, isPartlyTransparent), 0);
+    const SkinArchive archive = committedArchive("aurora");
+    for (const auto& [name, bytes] : archive.files())
+        EXPECT_TRUE(name.ends_with(".png") || name.ends_with(".txt")) << name;
+}
+
+TEST(SampleSkins, DrawArcadeInSixteenColoursAndEveryKindOfPalette)
+{
+    constexpr std::size_t bitCountOffset = 28;
+    constexpr std::size_t compressionOffset = 30;
+    std::set<std::pair<std::uint32_t, std::uint32_t>> kinds;
+    const SkinArchive archive = committedArchive("arcade");
+    for (const auto& [name, bytes] : archive.files())
+        if (name.ends_with(".bmp"))
+            kinds.emplace(numberAt(bytes, bitCountOffset, 2),
+                          numberAt(bytes, compressionOffset, 4));
+    EXPECT_EQ(kinds, (std::set<std::pair<std::uint32_t, std::uint32_t>>{
+                         {1, 0},
+                         {4, 0},
+                         {8, 0},
+                         {4, 2},
+                         {8, 1}
+    }));
+
+    const Skin skin = committedSkin("arcade");
+    std::set<Pixel> colors;
+    for (const auto& [name, sheet] : skin.sheets)
+        for (int y = 0; y < sheet.height(); ++y)
+            colors.insert(sheet.row(y).begin(), sheet.row(y).end());
+    EXPECT_LE(colors.size(), 16U);
+    EXPECT_TRUE(skin.region.sections.empty());
+}
+
+TEST(SampleSkins, GiveArcadeAMinusSignOfItsOwn)
+{
+    const Skin skin = committedSkin("arcade");
+    EXPECT_TRUE(skin.usesNumsEx());
+    EXPECT_FALSE(skin.sheets.contains("NUMBERS"));
+    const Image none = skin.image("NO_MINUS_SIGN").value();
+    const Image minus = skin.image("MINUS_SIGN").value();
+    const Pixel background = none.pixel({0, 0});
+    const auto isLit = [background](Pixel pixel) { return pixel != background; };
+    EXPECT_EQ(countPixels(none, isLit), 0);
+    EXPECT_EQ(countPixels(minus, isLit), 12);
+}
+
+TEST(SampleSkins, GiveArcadeMousePointersOfEveryDepthAndAMovingOne)
+{
+    struct Row {
+        std::string_view name;
+        std::uint32_t bitCount;
+        Point hotSpot;
+    };
+    constexpr Row rows[] = {
+        {"normal.cur", 1,  {0, 0}},
+        {"posbar.cur", 8,  {8, 4}},
+        {"close.cur",  32, {6, 6}},
+    };
+    const SkinArchive archive = committedArchive("arcade");
+    for (const auto& [name, bitCount, hotSpot] : rows) {
+        const ByteView file = archive.files().at(std::string(name));
+        EXPECT_EQ(numberAt(file, 2, 2), 2U) << name; // a pointer, not an icon
+        EXPECT_EQ(numberAt(file, 4, 2), 1U) << name;
+        EXPECT_EQ(numberAt(file, 10, 2), static_cast<std::uint32_t>(hotSpot.x)) << name;
+        EXPECT_EQ(numberAt(file, 12, 2), static_cast<std::uint32_t>(hotSpot.y)) << name;
+
+        const std::uint32_t size = numberAt(file, 14, 4);
+        const std::uint32_t start = numberAt(file, 18, 4);
+        ASSERT_EQ(start + size, file.size()) << name;
+        EXPECT_EQ(numberAt(file, start + 14, 2), bitCount) << name;
+        // Header, palette, colours and mask of 32 × 32 pixels, and nothing more.
+        const std::uint32_t palette = bitCount <= 8 ? 4U << bitCount : 0;
+        EXPECT_EQ(size, 40 + palette + 32 * 4 * bitCount + 32 * 4) << name;
+    }
+
+    const ByteView moving = archive.files().at("titlebar.ani");
+    EXPECT_EQ(numberAt(moving, 4, 4) + 8, moving.size());
+    for (const auto* chunk : {"RIFF", "ACONanih", "rate", "seq ", "LIST", "framicon"})
+        EXPECT_TRUE(holdsText(moving, chunk)) << chunk;
+}
