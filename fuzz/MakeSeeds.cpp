@@ -66,6 +66,26 @@ void writeBMPs(const SeedFolder& folder)
     folder.write("masked.bmp", masked.bytes());
 }
 
+void writeCursors(const SeedFolder& folder)
+{
+    const std::vector<std::string_view> mask(7, "##---###---##");
+    std::vector<CurEntry> entries;
+    for (const int bitCount : {4, 8, 16, 24, 32})
+        entries.push_back({.picture = cursorPicture(encodeBMP(smallPicture(), bitCount), mask)});
+    folder.write("depths.cur", CurFile{entries}.bytes());
+    folder.write("icons.ico", CurFile{entries, 1}.bytes());
+    const ByteBuffer png = *SkinKit::PNGCodec::encode(smallPicture());
+    folder.write("png.cur", curFile(png, {3, 4}));
+    BMPFile alpha{.width = 2, .height = -1, .bitCount = 32};
+    append32(alpha.pixels, 0x80FF0000);
+    append32(alpha.pixels, 0xFF00FF00);
+    AniFile animation;
+    animation.frames = {curFile(cursorPicture(alpha.bytes())), png, entries[0].picture};
+    animation.sequence = {0, 2, 1, 9};
+    animation.rates = {6, 0};
+    folder.write("moving.ani", animation.bytes());
+}
+
 void writeArchives(const SeedFolder& folder)
 {
     ZipWriter plain;
@@ -151,6 +171,7 @@ int main(int argc, char** argv)
     }
     const std::filesystem::path root = argv[1];
     writeBMPs(SeedFolder(root / "BMP"));
+    writeCursors(SeedFolder(root / "Cursor"));
     writeArchives(SeedFolder(root / "Archive"));
     writeCursors(SeedFolder(root / "Cursor"));
     writePNGs(SeedFolder(root / "PNG"));
