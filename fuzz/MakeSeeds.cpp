@@ -101,29 +101,6 @@ void writeArchives(const SeedFolder& folder)
     folder.write("lying.zip", lying.bytes());
 }
 
-void writeCursors(const SeedFolder& folder)
-{
-    const ByteBuffer picture = cursorPicture(encodeBMP(smallPicture(), 8),
-                                             std::vector<std::string_view>(7, "#.#.#.#.#.#.#"));
-    const ByteBuffer deep = cursorPicture(encodeBMP(smallPicture(), 32));
-    folder.write("still.cur", curFile(picture, {3, 2}));
-    folder.write("png.cur", curFile(*SkinKit::PNGCodec::encode(smallPicture())));
-    folder.write(
-        "two.cur",
-        CurFile{
-            .entries = {{.picture = picture, .size = {13, 7}}, {.picture = deep, .size = {13, 7}}}
-    }
-            .bytes());
-    folder.write(
-        "moving.ani",
-        AniFile{
-            .frames = {curFile(picture), curFile(deep)},
-              .sequence = {0, 1, 0},
-              .rates = {5, 0, 9}
-    }
-            .bytes());
-}
-
 void writePNGs(const SeedFolder& folder)
 {
     folder.write("opaque.png", *SkinKit::PNGCodec::encode(smallPicture()));
@@ -171,7 +148,6 @@ int main(int argc, char** argv)
     }
     const std::filesystem::path root = argv[1];
     writeBMPs(SeedFolder(root / "BMP"));
-    writeCursors(SeedFolder(root / "Cursor"));
     writeArchives(SeedFolder(root / "Archive"));
     writeCursors(SeedFolder(root / "Cursor"));
     writePNGs(SeedFolder(root / "PNG"));
