@@ -13,6 +13,7 @@
 #include "SkinKit/Display/MediaInfoText.h"
 #include "SkinKit/Display/MiniTime.h"
 #include "SkinKit/Display/TimeDigits.h"
+#include "SkinKit/Layout/EQLayout.h"
 #include "SkinKit/Layout/MainShadeLayout.h"
 #include "SkinKit/Layout/MainSliders.h"
 #include "SkinKit/Parsers/BMPDecoder.h"
