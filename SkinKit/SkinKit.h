@@ -31,6 +31,8 @@
 #include "SkinKit/Raster/Geometry.h"
 #include "SkinKit/Raster/Image.h"
 #include "SkinKit/Raster/RGBColor.h"
+#include "SkinKit/Rendering/EQWindowRenderer.h"
+#include "SkinKit/Rendering/EQWindowState.h"
 #include "SkinKit/Rendering/ImageDiff.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
