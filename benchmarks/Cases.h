@@ -27,6 +27,7 @@ void registerBMP(const SkinFile& skin);
 void registerRender(const SkinFile& skin);
 void registerPNG(const SkinFile& skin);
 void registerCompare(const SkinFile& skin);
+void registerEQ(const SkinFile& skin);
 void registerPipeline(const SkinFile& skin);
 
 }

@@ -54,7 +54,7 @@ int main(int argc, char** argv)
             return 2;
     for (const SkinFile& skin : skins)
         for (const auto registerCases : {registerArchive, registerBMP, registerRender, registerPNG,
-                                         registerCompare, registerPipeline})
+                                         registerCompare, registerEQ, registerPipeline})
             registerCases(skin);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
