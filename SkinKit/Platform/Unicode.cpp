@@ -87,6 +87,10 @@ std::string repaired(ByteView bytes)
 
 char32_t takeFirst(std::string_view& text)
 {
+    if (const auto byte = static_cast<unsigned char>(text[0]); byte < 0x80) {
+        text.remove_prefix(1);
+        return byte;
+    }
     utf8proc_int32_t codePoint = 0;
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                          static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
@@ -103,6 +107,34 @@ void append(std::string& text, char32_t codePoint)
     utf8proc_uint8_t bytes[4];
     const auto length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(codePoint), bytes);
     text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
+}
+
+std::string_view takeFirstCharacter(std::string_view& text)
+{
+    const std::string_view whole = text;
+    const auto taken = [&] { return whole.substr(0, whole.size() - text.size()); };
+    char32_t last = takeFirst(text);
+    utf8proc_int32_t state = 0;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const char32_t next = takeFirst(rest);
+        const bool isASCII = last < 0x80 && next < 0x80 && last != '\r';
+        if (isASCII ||
+            utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(last),
+                                             static_cast<utf8proc_int32_t>(next), &state))
+            return taken();
+        last = next;
+        text = rest;
+    }
+    return taken();
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count)
+{
+    std::string_view rest = text;
+    for (std::size_t i = 0; i < count && !rest.empty(); ++i)
+        takeFirstCharacter(rest);
+    return text.substr(0, text.size() - rest.size());
 }
 
 std::string lowercased(std::string_view text)
@@ -180,17 +212,23 @@ bool isDigit(char32_t codePoint)
     return utf8proc_category(static_cast<utf8proc_int32_t>(codePoint)) == UTF8PROC_CATEGORY_ND;
 }
 
-std::string_view trimmed(std::string_view text)
+std::string_view trimmedFront(std::string_view text)
 {
-    const auto isContinuation = [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    };
     while (!text.empty()) {
         std::string_view rest = text;
         if (!isWhiteSpace(takeFirst(rest)))
             break;
         text = rest;
     }
+    return text;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    text = trimmedFront(text);
+    const auto isContinuation = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
     while (!text.empty()) {
         std::size_t start = text.size() - 1;
         while (start > 0 && isContinuation(text[start]))

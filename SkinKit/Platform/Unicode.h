@@ -2,6 +2,7 @@
 
 #include "SkinKit/Platform/Bytes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -22,6 +23,11 @@ std::string repaired(ByteView bytes);
 char32_t takeFirst(std::string_view& text);
 void append(std::string& text, char32_t codePoint);
 
+// A character as a reader sees it: a letter with its marks, a whole emoji (an extended grapheme
+// cluster). The first one off non-empty text, and the first `count` as far as there are so many.
+std::string_view takeFirstCharacter(std::string_view& text);
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+
 // Unicode lower case, independent of language.
 std::string lowercased(std::string_view text);
 // Canonical composition (NFC).
@@ -32,7 +38,8 @@ std::u16string toUTF16(std::string_view text);
 bool isWhiteSpace(char32_t codePoint);
 bool isDigit(char32_t codePoint);
 
-// Without white space, line ends among it, at both ends.
+// Without white space, line ends among it, in front, or at both ends.
+std::string_view trimmedFront(std::string_view text);
 std::string_view trimmed(std::string_view text);
 
 }
