@@ -15,6 +15,8 @@
 #include "SkinKit/Display/TimeDigits.h"
 #include "SkinKit/Layout/MainShadeLayout.h"
 #include "SkinKit/Layout/MainSliders.h"
+#include "SkinKit/Layout/WinampHotkeys.h"
+#include "SkinKit/Menus/MainMenu.h"
 #include "SkinKit/Parsers/BMPDecoder.h"
 #include "SkinKit/Parsers/ByteReader.h"
 #include "SkinKit/Parsers/IniParser.h"
