@@ -9,6 +9,7 @@
 #include "SkinKit/Cursors/CursorPicture.h"
 #include "SkinKit/Cursors/SkinCursors.h"
 #include "SkinKit/Display/DigitFont.h"
+#include "SkinKit/Display/HTMLText.h"
 #include "SkinKit/Display/MainWindowStatus.h"
 #include "SkinKit/Display/MediaInfoText.h"
 #include "SkinKit/Display/MiniTime.h"
