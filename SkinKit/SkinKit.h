@@ -36,6 +36,7 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Rendering/MainWindowState.h"
 #include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Rendering/WindowDrawing.h"
 #include "SkinKit/Skin.h"
 #include "SkinKit/SkinError.h"
 #include "SkinKit/SkinParser.h"

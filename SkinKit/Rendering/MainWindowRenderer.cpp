@@ -3,57 +3,22 @@
 #include "SkinKit/Display/DigitFont.h"
 #include "SkinKit/Display/MediaInfoText.h"
 #include "SkinKit/Layout/MainSliders.h"
-#include "SkinKit/Platform/Check.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/Text/MarqueeLayout.h"
 #include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Vis/VisRenderer.h"
 
-#include <algorithm>
 #include <utility>
 
-namespace SkinKit {
-
-bool SpriteDrawer::draw(std::string_view name, Point at) const
-{
-    const auto image = skin.image(name);
-    if (image)
-        context.draw(*image, at);
-    return image.has_value();
-}
-
-namespace MainWindowRenderer {
+namespace SkinKit::MainWindowRenderer {
 namespace {
 
 namespace Layout = MainWindowLayout;
 using MainSliders::Toggle;
+using WindowDrawing::effectiveScale;
+using WindowDrawing::makeCanvas;
 
 constexpr RGBColor bareBackground{26, 26, 26}; // a tenth of white
-
-int effectiveScale(int scale)
-{
-    return std::max(scale, 1);
-}
-
-Canvas makeCanvas(int scale)
-{
-    const auto deviceSize = size(scale);
-    check(deviceSize.has_value(), "a scale whose raster cannot exist");
-    return Canvas(*deviceSize);
-}
-
-void drawClipped(const SpriteDrawer& drawer, std::string_view name, const Rect& rect)
-{
-    const SavedCanvasState saved(drawer.context);
-    drawer.context.clip(rect);
-    drawer.draw(name, rect.origin());
-}
-
-void drawImage(Canvas& canvas, const std::optional<Image>& image, Point at)
-{
-    if (image)
-        canvas.draw(*image, at);
-}
 
 void drawBase(const SpriteDrawer& drawer, bool focused)
 {
@@ -62,8 +27,8 @@ void drawBase(const SpriteDrawer& drawer, bool focused)
     drawer.draw(focused ? "MAIN_TITLE_BAR_SELECTED" : "MAIN_TITLE_BAR", Layout::titleBar.origin());
     drawer.draw("MAIN_CLUTTER_BAR_BACKGROUND", Layout::clutterBar.origin());
     for (const auto button : Layout::allTransports)
-        drawClipped(drawer, Layout::spriteName(button, Layout::ButtonState::released),
-                    Layout::rect(button));
+        drawer.drawClipped(Layout::spriteName(button, Layout::ButtonState::released),
+                           Layout::rect(button));
 }
 
 void drawIndicators(const SpriteDrawer& drawer, const MainWindowStatus& status)
@@ -71,7 +36,7 @@ void drawIndicators(const SpriteDrawer& drawer, const MainWindowStatus& status)
     if (const auto indicator = status.indicator())
         drawer.draw(*indicator, Layout::playIndicator);
     if (const auto work = status.workIndicator())
-        drawClipped(drawer, *work, Layout::workIndicator);
+        drawer.drawClipped(*work, Layout::workIndicator);
 }
 
 void drawClock(const SpriteDrawer& drawer, const MainWindowStatus& status)
@@ -132,17 +97,16 @@ void drawStreamInfo(const SpriteDrawer& drawer, const MainWindowStatus& status)
 void drawVolume(const SpriteDrawer& drawer, float volume)
 {
     const auto& slider = MainSliders::volume;
-    drawImage(drawer.context,
-              drawer.skin.image("MAIN_VOLUME_BACKGROUND", Frame{MainSliders::volumeFrame(volume)}),
-              slider.origin);
+    drawer.draw(
+        drawer.skin.image("MAIN_VOLUME_BACKGROUND", Frame{MainSliders::volumeFrame(volume)}),
+        slider.origin);
     drawer.draw("MAIN_VOLUME_THUMB", {slider.thumbX(volume), slider.thumbY()});
 }
 
 void drawBalance(const SpriteDrawer& drawer, float balance)
 {
     const auto& slider = MainSliders::balance;
-    drawImage(
-        drawer.context,
+    drawer.draw(
         drawer.skin.image("MAIN_BALANCE_BACKGROUND", Frame{MainSliders::balanceFrame(balance)}),
         slider.origin);
     drawer.draw("MAIN_BALANCE_THUMB",
@@ -185,25 +149,19 @@ void drawDynamic(const SpriteDrawer& drawer, const MainWindowState& state, int s
 
 std::optional<Size> size(std::int64_t scale)
 {
-    constexpr std::int64_t beyondAnyRaster = 1 << 30; // and small enough to multiply
-    const std::int64_t factor = std::clamp<std::int64_t>(scale, 1, beyondAnyRaster);
-    const std::int64_t width = Layout::size.width * factor;
-    const std::int64_t height = Layout::size.height * factor;
-    if (!PixelBuffer::fits(width, height))
-        return std::nullopt;
-    return Size{static_cast<int>(width), static_cast<int>(height)};
+    return WindowDrawing::size(Layout::size, scale);
 }
 
 Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip)
 {
-    Canvas canvas = makeCanvas(scale);
+    Canvas canvas = makeCanvas(Layout::size, scale);
     draw(canvas, {0, 0}, skin, state, scale, clip);
     return std::move(canvas).image();
 }
 
 Image renderBase(const Skin& skin, bool focused, int scale)
 {
-    Canvas canvas = makeCanvas(scale);
+    Canvas canvas = makeCanvas(Layout::size, scale);
     canvas.scale(effectiveScale(scale));
     drawBase({canvas, skin}, focused);
     return std::move(canvas).image();
@@ -211,7 +169,7 @@ Image renderBase(const Skin& skin, bool focused, int scale)
 
 Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& state, int scale)
 {
-    Canvas canvas = makeCanvas(scale);
+    Canvas canvas = makeCanvas(Layout::size, scale);
     canvas.draw(base, Point{0, 0});
     canvas.scale(effectiveScale(scale));
     drawDynamic({canvas, skin}, state, effectiveScale(scale));
@@ -221,17 +179,10 @@ Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& 
 void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
           Clip clip)
 {
-    const SavedCanvasState saved(canvas);
-    canvas.translate(at);
-    canvas.scale(effectiveScale(scale));
-    if (const auto* polygons = skin.region.normal(); polygons && clip == Clip::toRegion)
-        canvas.clip(SkinRegion::path(*polygons, 1));
-
+    const WindowDrawing::Placement placement(canvas, at, scale, skin.region.normal(), clip);
     const SpriteDrawer drawer{canvas, skin};
     drawBase(drawer, state.focused);
     drawDynamic(drawer, state, effectiveScale(scale));
-}
-
 }
 
 }

@@ -3,33 +3,20 @@
 #include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Raster/Image.h"
 #include "SkinKit/Rendering/MainWindowState.h"
+#include "SkinKit/Rendering/WindowDrawing.h"
 #include "SkinKit/Skin.h"
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 
 namespace SkinKit {
-
-// Draws a skin's sprites onto a canvas, in window pixels.
-struct SpriteDrawer {
-    Canvas& context;
-    const Skin& skin;
-
-    // The sprite at its own size with its top left corner at `at`. Draws nothing where the skin has
-    // none of it, and no more than the sheet has. Tells whether there was anything to draw.
-    bool draw(std::string_view name, Point at) const;
-};
 
 // Draws the classic main window: 275 × 116 pixels times an integer scale, each pixel replicated,
 // nothing smoothed. What a skin lacks is left out. A scale below 1 counts as 1; one whose raster
 // cannot exist is a programming error. Keeps no state, so renders may run on any number of threads.
 namespace MainWindowRenderer {
 
-enum class Clip {
-    none,
-    toRegion, // to the skin's "normal" polygons; a skin without that section is not clipped
-};
+using WindowDrawing::Clip; // the region is the section "normal"
 
 // The pixels of a window at this scale, or nothing when no raster can hold it.
 std::optional<Size> size(std::int64_t scale);
