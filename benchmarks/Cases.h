@@ -25,6 +25,7 @@ inline std::string caseName(std::string_view what, std::string_view which, std::
 void registerArchive(const SkinFile& skin);
 void registerBMP(const SkinFile& skin);
 void registerRender(const SkinFile& skin);
+void registerPlaylist(const SkinFile& skin);
 void registerPNG(const SkinFile& skin);
 void registerCompare(const SkinFile& skin);
 void registerPipeline(const SkinFile& skin);

@@ -53,8 +53,9 @@ int main(int argc, char** argv)
         if (!addSkin(path, skins))
             return 2;
     for (const SkinFile& skin : skins)
-        for (const auto registerCases : {registerArchive, registerBMP, registerRender, registerPNG,
-                                         registerCompare, registerPipeline})
+        for (const auto registerCases :
+             {registerArchive, registerBMP, registerRender, registerPlaylist, registerPNG,
+              registerCompare, registerPipeline})
             registerCases(skin);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

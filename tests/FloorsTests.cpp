@@ -36,11 +36,11 @@ constexpr Place places[] = {
     {"SkinKit/SkinError.",             3},
     {"SkinKit/SkinRegion.",            3},
     {"SkinKit/Archive/",               4},
+    {"SkinKit/Display/",               4},
     {"SkinKit/Parsers/",               4},
     {"SkinKit/Sprites/",               4},
     {"SkinKit/Vis/",                   4},
     {"SkinKit/Cursors/",               5},
-    {"SkinKit/Display/",               5},
     {"SkinKit/Layout/",                5},
     {"SkinKit/Text/",                  5},
     {"SkinKit/Menus/",                 6},  // follow what the display shows

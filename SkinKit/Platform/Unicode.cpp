@@ -105,6 +105,34 @@ void append(std::string& text, char32_t codePoint)
     text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
 }
 
+std::string_view takeFirstCharacter(std::string_view& text)
+{
+    const std::string_view whole = text;
+    const auto taken = [&] { return whole.substr(0, whole.size() - text.size()); };
+    char32_t last = takeFirst(text);
+    utf8proc_int32_t state = 0;
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const char32_t next = takeFirst(rest);
+        const bool isASCII = last < 0x80 && next < 0x80 && last != '\r';
+        if (isASCII ||
+            utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(last),
+                                             static_cast<utf8proc_int32_t>(next), &state))
+            return taken();
+        last = next;
+        text = rest;
+    }
+    return taken();
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count)
+{
+    std::string_view rest = text;
+    for (std::size_t i = 0; i < count && !rest.empty(); ++i)
+        takeFirstCharacter(rest);
+    return text.substr(0, text.size() - rest.size());
+}
+
 std::string lowercased(std::string_view text)
 {
     std::string lower;

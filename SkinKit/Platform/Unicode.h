@@ -2,6 +2,7 @@
 
 #include "SkinKit/Platform/Bytes.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -21,6 +22,11 @@ std::string repaired(ByteView bytes);
 // Takes the first code point off well-formed, non-empty text.
 char32_t takeFirst(std::string_view& text);
 void append(std::string& text, char32_t codePoint);
+
+// A character as a reader sees it: a letter with its marks, a whole emoji (an extended grapheme
+// cluster). The first one off non-empty text, and the first `count` as far as there are so many.
+std::string_view takeFirstCharacter(std::string_view& text);
+std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 // Unicode lower case, independent of language.
 std::string lowercased(std::string_view text);

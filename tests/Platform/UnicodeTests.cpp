@@ -104,6 +104,32 @@ TEST(Unicode, CountsCharactersOutsideTheFirstPlaneAsTwoUnits)
               u"a\u00E9\uFFFD\xD83D\xDE00\xDBFF\xDFFF");
 }
 
+TEST(Unicode, TakesCharactersAsReadersSeeThem)
+{
+    const std::vector<std::string_view> characters{
+        "a",
+        "e\u0301\u0323",
+        "\r\n",
+        "\n",
+        "\U0001F1E9\U0001F1EA", // a flag of two letters
+        "\U0001F1EB\U0001F1F7",
+        "\U0001F469\U0001F3FD\u200D\U0001F680",
+        "\u1100\u1161\u11A8", // Hangul
+        "\xFF",               // ill-formed
+        "z",
+    };
+    std::string text;
+    for (const auto character : characters)
+        text += character;
+    std::string_view rest = text;
+    for (const auto character : characters)
+        EXPECT_EQ(Unicode::takeFirstCharacter(rest), character);
+    EXPECT_TRUE(rest.empty());
+    EXPECT_EQ(Unicode::firstCharacters(text, 0), "");
+    EXPECT_EQ(Unicode::firstCharacters(text, 2), "ae\u0301\u0323");
+    EXPECT_EQ(Unicode::firstCharacters(text, 100), text);
+}
+
 TEST(Unicode, TrimsWhiteSpaceOfEveryKindAtBothEnds)
 {
     struct Row {

@@ -1,4 +1,5 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
 #include "tests/support/Golden.h"
 
@@ -61,4 +62,27 @@ TEST(Golden, SampleSkinsLookAsTheyDid)
         support::expectGolden(MainWindowRenderer::render(*skin, row.state, row.scale, row.clip),
                               row.golden);
     }
+}
+
+TEST(Golden, SamplePlaylistsLookAsTheyDid)
+{
+    const PlaylistWindowState state{
+        .entries = {{"DJ Nico Parda - Parda Rattling Intro", 5.0},
+                    {"Sj\u00F8h\u00E6sten - St\u00F6rst (Live @ Troms\u00F8)", 254.0, true},
+                    {"A Name \u2013 With a \u201CTitle\u201D That Is Longer Than Its Row", 3725.0},
+                    {"\u591C\u306E\u6B4C"},
+                    {"jazzy_quilt-01.mp3", 61.0},
+                    {"Not in Sight", 10.0}},
+        .current = 2,
+        .steps = {3, 0},
+        .scrollPosition = 100,
+        .status = {.transport = Transport::playing, .elapsed = 83, .duration = 3725},
+        .openMenu = PlaylistLayout::Menu::list,
+    };
+    const auto skin = SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) /
+                                        "examples/skins/lagoon.wsz");
+    ASSERT_TRUE(skin);
+    support::expectGolden(PlaylistWindowRenderer::render(*skin, state, 1), "lagoon-playlist");
+    support::expectGolden(PlaylistWindowRenderer::renderShade(*skin, state, 1),
+                          "lagoon-playlist-shaded");
 }

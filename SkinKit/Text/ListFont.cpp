@@ -1,0 +1,307 @@
+#include "SkinKit/Text/ListFont.h"
+
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Text/TextFont.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <string>
+
+namespace SkinKit::ListFont {
+namespace {
+
+struct GlyphBlock {
+    std::u32string_view characters;
+    std::array<std::string_view, height> rows; // a glyph for each character, a blank between two
+};
+
+// In the order of their code points; the last character stands for all that have no glyph.
+// clang-format off
+constexpr GlyphBlock blocks[] = {
+    {U" !\"#$%&'",
+     {"... # #.# ..... ..#.. ##... .#... #",
+      "... # #.# .#.#. .#### ##..# #.#.. #",
+      "... # #.# ##### #.#.. ...#. #.#.. #",
+      "... # ... .#.#. .###. ..#.. .#... .",
+      "... # ... ##### ..#.# .#... #.#.# .",
+      "... . ... .#.#. ####. #..## #..#. .",
+      "... # ... ..... ..#.. ...## .##.# .",
+      "... . ... ..... ..... ..... ..... .",
+      "... . ... ..... ..... ..... ..... ."}},
+    {U"()*+,-./",
+     {".# #. #.# ..... .. ... . ..#",
+      "#. .# .#. ..... .. ... . ..#",
+      "#. .# #.# ..#.. .. ... . .#.",
+      "#. .# ... ..#.. .. ... . .#.",
+      "#. .# ... ##### .. ### . .#.",
+      "#. .# ... ..#.. .. ... . #..",
+      "#. .# ... ..#.. .# ... # #..",
+      ".# #. ... ..... #. ... . ...",
+      ".. .. ... ..... .. ... . ..."}},
+    {U"01234567",
+     {".##. ..#. .##. .##. ...# #### .##. ####",
+      "#..# .##. #..# #..# ..## #... #..# ...#",
+      "#..# ..#. ...# ...# .#.# ###. #... ...#",
+      "#..# ..#. ..#. .##. #..# ...# ###. ..#.",
+      "#..# ..#. .#.. ...# #### ...# #..# ..#.",
+      "#..# ..#. #... #..# ...# #..# #..# .#..",
+      ".##. .### #### .##. ...# .##. .##. .#..",
+      ".... .... .... .... .... .... .... ....",
+      ".... .... .... .... .... .... .... ...."}},
+    {U"89:;<=>?",
+     {".##. .##. . .. ... .... ... .##.",
+      "#..# #..# . .. ... .... ... #..#",
+      "#..# #..# # .# ..# .... #.. ...#",
+      ".##. .### . .. .#. #### .#. ..#.",
+      "#..# ...# . .. #.. .... ..# .#..",
+      "#..# #..# . .. .#. #### .#. ....",
+      ".##. .##. # .# ..# .... #.. .#..",
+      ".... .... . #. ... .... ... ....",
+      ".... .... . .. ... .... ... ...."}},
+    {U"@ABCDEFG",
+     {".####. .###. ####. .###. ####. #### #### .###.",
+      "#....# #...# #...# #...# #...# #... #... #...#",
+      "#.##.# #...# #...# #.... #...# #... #... #....",
+      "#.##.# ##### ####. #.... #...# ###. ###. #..##",
+      "#.###. #...# #...# #.... #...# #... #... #...#",
+      "#..... #...# #...# #...# #...# #... #... #...#",
+      ".####. #...# ####. .###. ####. #### #... .###.",
+      "...... ..... ..... ..... ..... .... .... .....",
+      "...... ..... ..... ..... ..... .... .... ....."}},
+    {U"HIJKLMNO",
+     {"#...# ### ..## #...# #... #...# #...# .###.",
+      "#...# .#. ...# #..#. #... ##.## ##..# #...#",
+      "#...# .#. ...# #.#.. #... #.#.# ##..# #...#",
+      "##### .#. ...# ##... #... #.#.# #.#.# #...#",
+      "#...# .#. ...# #.#.. #... #...# #..## #...#",
+      "#...# .#. #..# #..#. #... #...# #..## #...#",
+      "#...# ### .##. #...# #### #...# #...# .###.",
+      "..... ... .... ..... .... ..... ..... .....",
+      "..... ... .... ..... .... ..... ..... ....."}},
+    {U"PQRSTUVW",
+     {"####. .###. ####. .###. ##### #...# #...# #...#",
+      "#...# #...# #...# #...# ..#.. #...# #...# #...#",
+      "#...# #...# #...# #.... ..#.. #...# #...# #...#",
+      "####. #...# ####. .###. ..#.. #...# #...# #.#.#",
+      "#.... #.#.# #.#.. ....# ..#.. #...# .#.#. #.#.#",
+      "#.... #..#. #..#. #...# ..#.. #...# .#.#. #.#.#",
+      "#.... .##.# #...# .###. ..#.. .###. ..#.. .#.#.",
+      "..... ..... ..... ..... ..... ..... ..... .....",
+      "..... ..... ..... ..... ..... ..... ..... ....."}},
+    {U"XYZ[\\]^_",
+     {"#...# #...# ##### ## #.. ## .#. ....",
+      "#...# #...# ....# #. #.. .# #.# ....",
+      ".#.#. .#.#. ...#. #. .#. .# ... ....",
+      "..#.. ..#.. ..#.. #. .#. .# ... ....",
+      ".#.#. ..#.. .#... #. .#. .# ... ....",
+      "#...# ..#.. #.... #. ..# .# ... ....",
+      "#...# ..#.. ##### #. ..# .# ... ....",
+      "..... ..... ..... ## ... ## ... ####",
+      "..... ..... ..... .. ... .. ... ...."}},
+    {U"`abcdefg",
+     {"#. .... #... .... ...# .... .## ....",
+      ".# .... #... .... ...# .... .#. ....",
+      ".. .##. ###. .### .### .##. ### .###",
+      ".. ...# #..# #... #..# #..# .#. #..#",
+      ".. .### #..# #... #..# #### .#. #..#",
+      ".. #..# #..# #... #..# #... .#. #..#",
+      ".. .### ###. .### .### .### .#. .###",
+      ".. .... .... .... .... .... ... ...#",
+      ".. .... .... .... .... .... ... .##."}},
+    {U"hijklmno",
+     {"#... # .# #... # ..... .... ....",
+      "#... . .. #... # ..... .... ....",
+      "###. # .# #..# # ####. ###. .##.",
+      "#..# # .# #.#. # #.#.# #..# #..#",
+      "#..# # .# ##.. # #.#.# #..# #..#",
+      "#..# # .# #.#. # #.#.# #..# #..#",
+      "#..# # .# #..# # #.#.# #..# .##.",
+      ".... . .# .... . ..... .... ....",
+      ".... . #. .... . ..... .... ...."}},
+    {U"pqrstuvw",
+     {".... .... ... .... ... .... ..... .....",
+      ".... .... ... .... .#. .... ..... .....",
+      "###. .### #.# .### ### #..# #...# #...#",
+      "#..# #..# ##. #... .#. #..# #...# #...#",
+      "#..# #..# #.. .##. .#. #..# .#.#. #.#.#",
+      "#..# #..# #.. ...# .#. #..# .#.#. #.#.#",
+      "###. .### #.. ###. ..# .### ..#.. .#.#.",
+      "#... ...# ... .... ... .... ..... .....",
+      "#... ...# ... .... ... .... ..... ....."}},
+    {U"xyz{|}~\u00A0",
+     {".... .... .... ..# # #.. .... ....",
+      ".... .... .... .#. # .#. .... ....",
+      "#..# #..# #### .#. # .#. .... ....",
+      "#..# #..# ..#. #.. # ..# .#.# ....",
+      ".##. #..# .#.. .#. # .#. #.#. ....",
+      "#..# #..# #... .#. # .#. .... ....",
+      "#..# .### #### .#. # .#. .... ....",
+      ".... ...# .... ..# # #.. .... ....",
+      ".... .##. .... ... # ... .... ...."}},
+    {U"…\uFFFD",
+     {"..... ....",
+      "..... ####",
+      "..... #..#",
+      "..... #..#",
+      "..... #..#",
+      "..... #..#",
+      "#.#.# ####",
+      "..... ....",
+      "..... ...."}},
+};
+// clang-format on
+
+constexpr char32_t firstCharacter = U' ';
+constexpr char32_t endOfASCII = U'\x7F';
+constexpr char32_t noBreakSpace = U'\u00A0';
+constexpr char32_t ellipsis = U'…';
+
+constexpr std::size_t glyphCount = [] {
+    std::size_t count = 0;
+    for (const auto& block : blocks)
+        count += block.characters.size();
+    return count;
+}();
+
+static_assert([] {
+    char32_t previous = firstCharacter - 1;
+    for (const auto& block : blocks)
+        for (const char32_t character : block.characters) {
+            const bool isNext = character == previous + 1 || character > endOfASCII;
+            if (!isNext || character <= previous)
+                return false;
+            previous = character;
+        }
+    return previous == Unicode::replacementCharacter;
+}());
+
+// The blanks stand in the same columns of every row, one fewer than there are glyphs.
+static_assert([] {
+    for (const auto& block : blocks) {
+        std::size_t blanks = 0;
+        for (std::size_t x = 0; x < block.rows[0].size(); ++x) {
+            const bool isBlank = block.rows[0][x] == ' ';
+            blanks += isBlank ? 1 : 0;
+            for (const auto row : block.rows)
+                if (row.size() != block.rows[0].size() || (row[x] == ' ') != isBlank)
+                    return false;
+        }
+        if (blanks + 1 != block.characters.size())
+            return false;
+    }
+    return true;
+}());
+
+// One of a block's glyphs, its leftmost column at `left`.
+constexpr Glyph readGlyph(const GlyphBlock& block, std::size_t left)
+{
+    const std::size_t columns =
+        std::min(block.rows[0].find(' ', left), block.rows[0].size()) - left;
+    Glyph glyph{.width = static_cast<int>(columns)};
+    for (std::size_t y = 0; y < glyph.rows.size(); ++y)
+        for (std::size_t x = 0; x < columns; ++x)
+            if (block.rows[y][left + x] == '#')
+                glyph.rows[y] = static_cast<std::uint8_t>(glyph.rows[y] | 0x80 >> x);
+    return glyph;
+}
+
+constexpr auto glyphs = [] {
+    std::array<Glyph, glyphCount> all{};
+    std::size_t count = 0;
+    for (const auto& block : blocks)
+        for (std::size_t left = 0; left < block.rows[0].size();) {
+            all[count] = readGlyph(block, left);
+            left += static_cast<std::size_t>(all[count].width) + 1;
+            ++count;
+        }
+    return all;
+}();
+
+// What looks like a character of ASCII in a font as small as this.
+struct Alike {
+    char32_t plain;
+    std::u32string_view others;
+};
+constexpr Alike alikes[] = {
+    {U'-',  U"\u2010\u2011\u2012–—\u2212"}, // hyphens, dashes, minus
+    {U'\'', U"‘’\u2032"                  },
+    {U'"',  U"“”\u2033"                  },
+};
+
+char32_t withSameGlyph(char32_t character)
+{
+    for (const auto& [plain, others] : alikes)
+        if (others.contains(character))
+            return plain;
+    return character;
+}
+
+std::optional<std::string_view> folded(char32_t character)
+{
+    constexpr char32_t endOfFirstPlane = 0x10000;
+    return character < endOfFirstPlane ? TextFont::deburr(static_cast<char16_t>(character))
+                                       : std::nullopt;
+}
+
+// Shows what a reader takes for one character by its first code point; the marks go.
+void append(std::vector<Glyph>& line, std::string_view character)
+{
+    const char32_t first = Unicode::takeFirst(character);
+    if (const auto letters = folded(first)) {
+        for (const char letter : *letters)
+            line.push_back(glyph(static_cast<unsigned char>(letter)));
+        return;
+    }
+    const bool isSpace = first != noBreakSpace && Unicode::isWhiteSpace(first);
+    line.push_back(glyph(isSpace ? U' ' : first));
+}
+
+}
+
+Glyph glyph(char32_t character)
+{
+    if (character >= endOfASCII)
+        character = withSameGlyph(character);
+    if (character >= firstCharacter && character < endOfASCII)
+        return glyphs[character - firstCharacter];
+    // Behind ASCII stand the no-break space, the ellipsis and the box.
+    if (character == noBreakSpace)
+        return glyphs[glyphCount - 3];
+    return character == ellipsis ? glyphs[glyphCount - 2] : glyphs[glyphCount - 1];
+}
+
+std::vector<Glyph> line(std::string_view text, int width)
+{
+    const Glyph end = glyph(ellipsis);
+    const std::string composed = Unicode::composed(text);
+    std::string_view rest = composed;
+    std::vector<Glyph> line;
+    std::size_t keptBeforeEnd = 0; // glyphs
+    std::int64_t right = -gap;
+    while (!rest.empty()) {
+        const std::size_t before = line.size();
+        append(line, Unicode::takeFirstCharacter(rest));
+        for (const Glyph& added : std::span(line).subspan(before))
+            right += gap + added.width;
+        if (right > width) {
+            line.resize(keptBeforeEnd);
+            if (end.width <= width)
+                line.push_back(end);
+            return line;
+        }
+        if (right + gap + end.width <= width)
+            keptBeforeEnd = line.size();
+    }
+    return line;
+}
+
+int width(std::span<const Glyph> glyphs)
+{
+    int right = glyphs.empty() ? 0 : -gap;
+    for (const Glyph& glyph : glyphs)
+        right += gap + glyph.width;
+    return right;
+}
+
+}

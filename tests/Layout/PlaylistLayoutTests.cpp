@@ -1,0 +1,271 @@
+#include "SkinKit/Layout/PlaylistLayout.h"
+#include "SkinKit/Sprites/SkinSprites.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace SkinKit;
+using namespace SkinKit::PlaylistLayout;
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr int smallest = std::numeric_limits<int>::min();
+constexpr int largest = std::numeric_limits<int>::max();
+
+std::vector<Steps> someSteps()
+{
+    std::vector<Steps> steps;
+    for (int width = 0; width < 12; ++width)
+        for (int height = 0; height < 14; ++height)
+            steps.emplace_back(width, height);
+    steps.emplace_back(100, 200);
+    steps.emplace_back(largest, 0);
+    steps.emplace_back(0, largest);
+    steps.emplace_back(largest, largest);
+    return steps;
+}
+
+}
+
+TEST(PlaylistLayout, HoldsStepsWithinTheWindowsThatCanBe)
+{
+    EXPECT_EQ(Steps(-1, smallest), Steps::zero());
+    EXPECT_EQ(size(Steps::zero()), (Size{275, 116}));
+    EXPECT_EQ(size({2, 3}), (Size{325, 203}));
+    const Size most = size({largest, largest});
+    EXPECT_GT(most.width, largest - stepSize.width);
+    EXPECT_GT(most.height, largest - stepSize.height);
+}
+
+TEST(PlaylistLayout, KeepsThePartsAtTheirEdges)
+{
+    struct Row {
+        Rect small, large; // at no steps, and at 4 × 3: 375 × 203
+        std::string_view what;
+    };
+    constexpr Steps base;
+    constexpr Steps wide(4, 3);
+    const Row rows[] = {
+        {closeButton(base), {264, 3, 9, 9}, "close"},
+        {closeButton(wide), {364, 3, 9, 9}, "close"},
+        {titleButtonRects(wide)[0], {354, 3, 9, 9}, "shade"},
+        {titleButtonRects(wide)[1], closeButton(wide), "close, behind shade"},
+        {resizeTarget(base), {255, 96, 20, 20}, "resize"},
+        {resizeTarget(wide), {355, 183, 20, 20}, "resize"},
+        {scrollTrack(base), {260, 20, 8, 58}, "track"},
+        {scrollTrack(wide), {360, 20, 8, 145}, "track"},
+        {scrollUpButton(wide), {360, 167, 8, 5}, "up"},
+        {scrollDownButton(wide), {360, 173, 8, 5}, "down"},
+        {trackArea(base), {12, 23, 243, 52}, "rows"},
+        {trackArea(wide), {12, 23, 343, 139}, "rows"},
+        {miniTimeHitArea(wide), {291, 188, 31, 6}, "mini time"},
+        {actionButtons(base)[0], {128, 100, 10, 10}, "previous"},
+        {actionButtons(wide)[5], {278, 187, 10, 10}, "open"},
+        {menuButton(Menu::add, wide), {14, 173, 22, 18}, "add"},
+        {menuButton(Menu::remove, wide), {43, 173, 22, 18}, "remove"},
+        {menuButton(Menu::selection, wide), {72, 173, 22, 18}, "selection"},
+        {menuButton(Menu::misc, wide), {101, 173, 22, 18}, "misc"},
+        {menuButton(Menu::list, wide), {331, 173, 22, 18}, "list"},
+        {leftTile(wide).rect, {0, 20, 12, 145}, "left"},
+        {rightTile(wide).rect, {355, 20, 20, 145}, "right"},
+        {visualizerBackground(wide).value(), {150, 165, 75, 38}, "visualizer"},
+    };
+    for (const auto& [actual, expected, what] : rows)
+        EXPECT_EQ(actual, expected) << what;
+    EXPECT_EQ(runningTimeOrigin(wide), (Point{232, 175}));
+    EXPECT_EQ(miniTimeOrigin(wide), (Point{291, 188}));
+    EXPECT_EQ(miniTimeCellXs, (std::array{1, 7, 12, 20, 25}));
+    EXPECT_FALSE(visualizerBackground({2, 99}));
+    EXPECT_TRUE(visualizerBackground({3, 0}));
+}
+
+TEST(PlaylistLayout, HasRoomForWholeRows)
+{
+    const std::pair<int, int> rows[] = {
+        {0,  4 },
+        {1,  6 },
+        {3,  11},
+        {10, 26}
+    };
+    for (const auto& [steps, expected] : rows)
+        EXPECT_EQ(visibleRows({0, steps}), expected);
+    for (const Steps steps : someSteps()) {
+        const Rect area = trackArea(steps);
+        const int unused = bottom(steps) - bottomHeight - area.y - rowHeight * visibleRows(steps);
+        EXPECT_GE(unused, -trackMargin); // no more than the margin is cut off the last row
+        EXPECT_LT(unused, rowHeight);
+    }
+}
+
+TEST(PlaylistLayout, LaysTheTitleRowOutByWidth)
+{
+    const std::vector<Piece> even{
+        {"PLAYLIST_TOP_LEFT_SELECTED",         {0, 0, 25, 20},   false},
+        {"PLAYLIST_TOP_TILE_SELECTED",         {25, 0, 12, 20},  true },
+        {"PLAYLIST_TOP_TILE_SELECTED",         {37, 0, 50, 20},  true },
+        {"PLAYLIST_TITLE_BAR_SELECTED",        {87, 0, 100, 20}, false},
+        {"PLAYLIST_TOP_TILE_SELECTED",         {187, 0, 13, 20}, true },
+        {"PLAYLIST_TOP_TILE_SELECTED",         {200, 0, 50, 20}, true },
+        {"PLAYLIST_TOP_RIGHT_CORNER_SELECTED", {250, 0, 25, 20}, false},
+    };
+    const std::vector<Piece> odd{
+        {"PLAYLIST_TOP_LEFT_CORNER",  {0, 0, 25, 20},    false},
+        {"PLAYLIST_TOP_TILE",         {25, 0, 75, 20},   true },
+        {"PLAYLIST_TITLE_BAR",        {100, 0, 100, 20}, false},
+        {"PLAYLIST_TOP_TILE",         {200, 0, 75, 20},  true },
+        {"PLAYLIST_TOP_RIGHT_CORNER", {275, 0, 25, 20},  false},
+    };
+    EXPECT_EQ(topRow(true, {0, 5}), even);
+    EXPECT_EQ(topRow(false, {1, 5}), odd);
+}
+
+TEST(PlaylistLayout, ClosesTheFrameAtEverySize)
+{
+    for (const Steps steps : someSteps()) {
+        for (const bool selected : {false, true}) {
+            int x = 0;
+            for (const Piece& piece : topRow(selected, steps)) {
+                ASSERT_EQ(piece.rect, (Rect{x, 0, piece.rect.width, topHeight})) << piece.sprite;
+                x = piece.rect.right();
+            }
+            EXPECT_EQ(x, right(steps));
+        }
+        const auto foot = bottomRow(steps);
+        EXPECT_EQ(foot[0].rect, (Rect{0, bottom(steps) - 38, right(steps), 38}));
+        EXPECT_EQ(foot[1].rect.x, 0);
+        EXPECT_LE(foot[1].rect.right(), foot[2].rect.x);
+        EXPECT_EQ(foot[2].rect.right(), right(steps));
+        for (const Rect& side : {leftTile(steps).rect, rightTile(steps).rect}) {
+            EXPECT_EQ(side.y, topHeight);
+            EXPECT_EQ(side.bottom(), foot[0].rect.y);
+        }
+        EXPECT_EQ(leftTile(steps).rect.right(), trackArea(steps).x);
+        EXPECT_EQ(rightTile(steps).rect.x, trackArea(steps).right());
+    }
+}
+
+TEST(PlaylistLayout, GivesEachPieceTheSizeOfItsSprite)
+{
+    const auto spriteSize = [](std::string_view name) {
+        const auto placed = SkinSprites::byName(name);
+        return placed ? placed->sprite.rect().size() : Size{};
+    };
+    constexpr Steps steps(3, 2);
+    auto pieces = topRow(true, steps);
+    for (const bool selected : {false, true})
+        for (const int width : {2, 3})
+            for (const Piece& piece : topRow(selected, {width, 2}))
+                pieces.push_back(piece);
+    for (const Piece& piece : bottomRow(steps))
+        pieces.push_back(piece);
+    for (const Piece& piece : {leftTile(steps), rightTile(steps)})
+        pieces.push_back(piece);
+    for (const Menu menu : allMenus) {
+        pieces.push_back(menuBar(menu, steps));
+        for (const auto& [sprite, rect] : menuEntries(menu, steps))
+            pieces.push_back({sprite, rect, false});
+    }
+    for (const auto& [sprite, rect, tiled] : pieces) {
+        const Size size = spriteSize(sprite);
+        EXPECT_FALSE(size.isEmpty()) << sprite;
+        if (tiled)
+            EXPECT_TRUE(rect.width == size.width || rect.height == size.height) << sprite;
+        else
+            EXPECT_EQ(rect.size(), size) << sprite;
+    }
+}
+
+TEST(PlaylistLayout, OpensMenusUpwardsFromTheirButtons)
+{
+    struct Row {
+        Menu menu;
+        std::string_view bar, first, last;
+        std::size_t count;
+    };
+    // clang-format off
+    const Row rows[] = {
+        {Menu::add,       "PLAYLIST_ADD_MENU_BAR",    "PLAYLIST_ADD_URL",          "PLAYLIST_ADD_FILE",        3},
+        {Menu::remove,    "PLAYLIST_REMOVE_MENU_BAR", "PLAYLIST_REMOVE_MISC",      "PLAYLIST_REMOVE_SELECTED", 4},
+        {Menu::selection, "PLAYLIST_SELECT_MENU_BAR", "PLAYLIST_INVERT_SELECTION", "PLAYLIST_SELECT_ALL",      3},
+        {Menu::misc,      "PLAYLIST_MISC_MENU_BAR",   "PLAYLIST_SORT_LIST",        "PLAYLIST_MISC_OPTIONS",    3},
+        {Menu::list,      "PLAYLIST_LIST_BAR",        "PLAYLIST_NEW_LIST",         "PLAYLIST_LOAD_LIST",       3},
+    };
+    // clang-format on
+    constexpr Steps steps(1, 2);
+    for (const auto& [menu, bar, first, last, count] : rows) {
+        const Rect button = menuButton(menu, steps);
+        const auto entries = menuEntries(menu, steps);
+        ASSERT_EQ(entries.size(), count);
+        EXPECT_EQ(entries.front().sprite, first);
+        EXPECT_EQ(entries.back(), (MenuEntry{last, button}));
+        for (std::size_t i = 1; i < count; ++i)
+            EXPECT_EQ(entries[i - 1].rect.bottom(), entries[i].rect.y);
+        const Rect beside{button.x - 3, entries.front().rect.y, 3, 18 * static_cast<int>(count)};
+        EXPECT_EQ(menuBar(menu, steps), (Piece{bar, beside, false}));
+    }
+}
+
+TEST(PlaylistLayout, TurnsTheScrollValueIntoAPlaceAndBack)
+{
+    constexpr Steps steps(0, 2);
+    const std::pair<double, int> rows[] = {
+        {0,          20 },
+        {0.5,        69 },
+        {0.999,      117},
+        {1,          118},
+        {7,          118},
+        {infinity,   118},
+        {-infinity,  20 },
+        {notANumber, 20 },
+    };
+    for (const auto& [value, y] : rows)
+        EXPECT_EQ(scrollHandleY(value, steps), y) << value;
+    for (const double grabbed : {0.0, 5.5, 18.0})
+        for (int y = 20; y <= 118; ++y)
+            ASSERT_EQ(scrollHandleY(scrollValue(y + grabbed + 0.001, grabbed, steps), steps), y);
+    EXPECT_EQ(scrollValue(infinity, 3, steps), 1);
+    EXPECT_EQ(scrollValue(infinity, infinity, steps), 0);
+    EXPECT_EQ(scrollValue(notANumber, 3, steps), 0);
+}
+
+TEST(PlaylistLayout, ResizesInTheNearestWholeSteps)
+{
+    struct Row {
+        double dx, dy;
+        Steps expected;
+    };
+    const Row rows[] = {
+        {12,         14,       {3, 3}            },
+        {12.5,       14.5,     {4, 4}            },
+        {13,         15,       {4, 4}            },
+        {-12.5,      -14.5,    {3, 3}            },
+        {-13,        -15,      {2, 2}            },
+        {-1000,      -1000,    {0, 0}            },
+        {1e300,      1e300,    {largest, largest}},
+        {notANumber, 0,        {0, 3}            },
+        {0,          infinity, {3, 0}            },
+    };
+    for (const auto& [dx, dy, expected] : rows)
+        EXPECT_EQ(stepsAfterDrag({3, 3}, dx, dy), expected) << dx << ", " << dy;
+}
+
+TEST(PlaylistLayout, FindsTheLargestWindowWithinASize)
+{
+    struct Row {
+        double width, height;
+        Steps expected;
+    };
+    const Row rows[] = {
+        {274,        115,      {0, 0}      },
+        {275,        116,      {0, 0}      },
+        {300,        145,      {1, 1}      },
+        {299.9,      174,      {0, 2}      },
+        {-1e300,     1e300,    {0, largest}},
+        {notANumber, infinity, {0, 0}      },
+    };
+    for (const auto& [width, height, expected] : rows)
+        EXPECT_EQ(stepsForPixelSize(width, height), expected) << width << " x " << height;
+}
