@@ -13,6 +13,7 @@
 #include "SkinKit/Display/MainWindowStatus.h"
 #include "SkinKit/Display/MediaInfoText.h"
 #include "SkinKit/Display/MiniTime.h"
+#include "SkinKit/Display/PlaylistHTML.h"
 #include "SkinKit/Display/PlaylistScroll.h"
 #include "SkinKit/Display/PlaylistText.h"
 #include "SkinKit/Display/TimeDigits.h"
