@@ -1,16 +1,12 @@
 #include "SkinKit/Skin.h"
 
+#include "SkinKit/Layout/EQLayout.h"
+
 namespace SkinKit {
 namespace {
 
 constexpr int framePitch = 15;
 constexpr int frameRows = 13;
-
-constexpr int bandFrameCount = 28;
-constexpr int bandFramesInRow = 14;
-constexpr int bandFramePitch = 15;
-constexpr int bandRowPitch = 65;
-constexpr Size bandFrameSize{14, 63};
 
 }
 
@@ -44,12 +40,10 @@ std::optional<Image> Skin::image(std::string_view sprite, Frame frame) const
 std::optional<Image> Skin::image(std::string_view sprite, BandFrame frame) const
 {
     const auto resolved = resolve(sprite);
-    if (!resolved || frame.number < 0 || frame.number >= bandFrameCount)
+    if (!resolved || frame.number < 0 || frame.number >= EQLayout::frameCount)
         return std::nullopt;
     const Image& sheet = sheets.find(resolved->sheet)->second;
-    const Rect rect{resolved->rect.x + frame.number % bandFramesInRow * bandFramePitch,
-                    resolved->rect.y + frame.number / bandFramesInRow * bandRowPitch,
-                    bandFrameSize.width, bandFrameSize.height};
+    const Rect rect = EQLayout::bandFrameRect(resolved->rect, frame.number);
     if (rect.right() > sheet.width() || rect.bottom() > sheet.height())
         return std::nullopt;
     return sheet.crop(rect);

@@ -28,6 +28,7 @@ void registerRender(const SkinFile& skin);
 void registerPlaylist(const SkinFile& skin);
 void registerPNG(const SkinFile& skin);
 void registerCompare(const SkinFile& skin);
+void registerEQ(const SkinFile& skin);
 void registerPipeline(const SkinFile& skin);
 
 }

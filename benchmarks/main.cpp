@@ -54,8 +54,8 @@ int main(int argc, char** argv)
             return 2;
     for (const SkinFile& skin : skins)
         for (const auto registerCases :
-             {registerArchive, registerBMP, registerRender, registerPlaylist, registerPNG,
-              registerCompare, registerPipeline})
+             {registerArchive, registerBMP, registerRender, registerEQ, registerPlaylist,
+              registerPNG, registerCompare, registerPipeline})
             registerCases(skin);
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

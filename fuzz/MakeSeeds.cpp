@@ -66,6 +66,26 @@ void writeBMPs(const SeedFolder& folder)
     folder.write("masked.bmp", masked.bytes());
 }
 
+void writeCursors(const SeedFolder& folder)
+{
+    const std::vector<std::string_view> mask(7, "##---###---##");
+    std::vector<CurEntry> entries;
+    for (const int bitCount : {4, 8, 16, 24, 32})
+        entries.push_back({.picture = cursorPicture(encodeBMP(smallPicture(), bitCount), mask)});
+    folder.write("depths.cur", CurFile{entries}.bytes());
+    folder.write("icons.ico", CurFile{entries, 1}.bytes());
+    const ByteBuffer png = *SkinKit::PNGCodec::encode(smallPicture());
+    folder.write("png.cur", curFile(png, {3, 4}));
+    BMPFile alpha{.width = 2, .height = -1, .bitCount = 32};
+    append32(alpha.pixels, 0x80FF0000);
+    append32(alpha.pixels, 0xFF00FF00);
+    AniFile animation;
+    animation.frames = {curFile(cursorPicture(alpha.bytes())), png, entries[0].picture};
+    animation.sequence = {0, 2, 1, 9};
+    animation.rates = {6, 0};
+    folder.write("moving.ani", animation.bytes());
+}
+
 void writeArchives(const SeedFolder& folder)
 {
     ZipWriter plain;
@@ -79,29 +99,6 @@ void writeArchives(const SeedFolder& folder)
     lying.add({.name = "b.txt", .data = bytes("b"), .flags = 1});
     lying.add({.name = "c.txt", .data = bytes("c"), .method = 12});
     folder.write("lying.zip", lying.bytes());
-}
-
-void writeCursors(const SeedFolder& folder)
-{
-    const ByteBuffer picture = cursorPicture(encodeBMP(smallPicture(), 8),
-                                             std::vector<std::string_view>(7, "#.#.#.#.#.#.#"));
-    const ByteBuffer deep = cursorPicture(encodeBMP(smallPicture(), 32));
-    folder.write("still.cur", curFile(picture, {3, 2}));
-    folder.write("png.cur", curFile(*SkinKit::PNGCodec::encode(smallPicture())));
-    folder.write(
-        "two.cur",
-        CurFile{
-            .entries = {{.picture = picture, .size = {13, 7}}, {.picture = deep, .size = {13, 7}}}
-    }
-            .bytes());
-    folder.write(
-        "moving.ani",
-        AniFile{
-            .frames = {curFile(picture), curFile(deep)},
-              .sequence = {0, 1, 0},
-              .rates = {5, 0, 9}
-    }
-            .bytes());
 }
 
 void writePNGs(const SeedFolder& folder)

@@ -1,6 +1,7 @@
 #include "SkinKit/Cursors/CursorPicture.h"
 
 #include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Parsers/BMPHeader.h"
 #include "SkinKit/Parsers/ByteReader.h"
 #include "SkinKit/Platform/PNGCodec.h"
 
@@ -22,17 +23,12 @@ namespace SkinKit::CursorPicture {
 namespace {
 
 constexpr std::string_view pngSignature = "\x89PNG\r\n\x1A\n";
-constexpr std::int64_t pngSizeOffset = 16;
+constexpr std::int64_t pngFirstChunk = 12; // its name, and right behind that the size
 
 // Its pixel offset of 0 makes the bitmap decoder look right after the palette.
 constexpr std::array<std::uint8_t, 14> fileHeader{'B', 'M'};
-constexpr std::uint32_t coreHeaderBytes = 12;
-constexpr std::uint32_t infoHeaderBytes = 40;
-constexpr std::int64_t masksBytes = 12;
 constexpr Pixel black = packPixel(0, 0, 0);
 constexpr Pixel white = packPixel(255, 255, 255);
-
-enum Compression : std::uint32_t { uncompressed = 0, bitFields = 3 };
 
 bool isSide(std::int64_t length)
 {
@@ -69,7 +65,10 @@ int channelCount(unsigned pngColorType)
 
 std::optional<CursorImage> decodePNG(ByteView bytes, Budget& budget)
 {
-    ByteReader reader(bytes, pngSizeOffset);
+    ByteReader reader(bytes, pngFirstChunk);
+    const auto name = reader.bytes(4);
+    if (!name || asText(*name) != "IHDR")
+        return std::nullopt;
     const std::int64_t width = std::byteswap(reader.u32().value_or(0));
     const std::int64_t height = std::byteswap(reader.u32().value_or(0));
     const auto depthAndType = reader.bytes(2);
@@ -85,36 +84,25 @@ std::optional<CursorImage> decodePNG(ByteView bytes, Budget& budget)
     return centred(std::move(*image), (*depthAndType)[0] * channelCount((*depthAndType)[1]));
 }
 
-// What a bitmap's header tells, and what follows from it. Offsets are in the picture's bytes.
+// Where things lie in a bitmap. Offsets are in the picture's bytes.
 struct Layout {
-    std::uint32_t headerBytes = 0;
+    BMPHeader header;
     int width = 0;
     int rows = 0;
-    bool isTopDown = false;
-    int bitCount = 0;
-    std::uint32_t compression = uncompressed;
-    std::int64_t colorsOffset = 0;
 
-    std::int64_t colorStride() const { return (std::int64_t{width} * bitCount + 31) / 32 * 4; }
-    std::int64_t maskStride() const { return (std::int64_t{width} + 31) / 32 * 4; }
-    std::int64_t maskOffset() const { return colorsOffset + colorStride() * rows; }
+    bool isTopDown() const { return header.height < 0; }
+    std::int64_t colorsOffset() const { return header.paletteEnd(); }
+    std::int64_t colorStride() const { return BMPHeader::rowStride(width, header.bitCount); }
+    std::int64_t maskStride() const { return BMPHeader::rowStride(width, 1); }
+    std::int64_t maskOffset() const { return colorsOffset() + colorStride() * rows; }
 };
-
-std::int64_t paletteBytes(const Layout& layout, std::uint32_t colorsUsed)
-{
-    if (layout.bitCount > 8)
-        return 0;
-    const std::int64_t most = std::int64_t{1} << layout.bitCount;
-    const std::int64_t entries = colorsUsed != 0 && colorsUsed <= most ? colorsUsed : most;
-    return entries * (layout.headerBytes == coreHeaderBytes ? 3 : 4);
-}
 
 // The rows of a height that usually counts the mask's too.
 std::int64_t rowsOf(std::int64_t height, std::int64_t statedHeight, const Layout& layout,
                     std::int64_t byteCount)
 {
     const std::int64_t both = (layout.colorStride() + layout.maskStride()) * (height / 2);
-    const std::int64_t present = byteCount - layout.colorsOffset;
+    const std::int64_t present = byteCount - layout.colorsOffset();
     const bool isPlain =
         height == statedHeight && present >= layout.colorStride() * height && present > both;
     return isPlain ? height : height / 2;
@@ -124,36 +112,14 @@ std::int64_t rowsOf(std::int64_t height, std::int64_t statedHeight, const Layout
 // bitmap decoder.
 std::optional<Layout> readLayout(ByteView bytes, std::int64_t statedHeight)
 {
-    ByteReader reader(bytes);
-    Layout layout;
-    layout.headerBytes = reader.u32().value_or(0);
-    const bool isCore = layout.headerBytes == coreHeaderBytes;
-    if ((!isCore && layout.headerBytes < infoHeaderBytes) || std::ssize(bytes) < layout.headerBytes)
+    const auto header = BMPHeader::read(bytes);
+    if (!header || !isSide(header->width) || header->bitCount > 32 ||
+        (header->compression != BMPHeader::uncompressed &&
+         header->compression != BMPHeader::bitFields))
         return std::nullopt;
 
-    const auto side = [&]() -> std::int64_t {
-        return isCore ? *reader.u16() : std::bit_cast<std::int32_t>(*reader.u32());
-    };
-    const std::int64_t width = side();
-    const std::int64_t height = side();
-    reader.u16(); // planes
-    layout.bitCount = *reader.u16();
-    std::uint32_t colorsUsed = 0;
-    if (!isCore) {
-        layout.compression = *reader.u32();
-        reader.bytes(12); // image size and the two resolutions
-        colorsUsed = *reader.u32();
-    }
-    if (!isSide(width) || layout.bitCount > 32 ||
-        (layout.compression != uncompressed && layout.compression != bitFields))
-        return std::nullopt;
-
-    layout.width = static_cast<int>(width);
-    layout.isTopDown = height < 0;
-    layout.colorsOffset = layout.headerBytes + paletteBytes(layout, colorsUsed);
-    if (layout.compression == bitFields && layout.headerBytes == infoHeaderBytes)
-        layout.colorsOffset += masksBytes;
-    const auto rows = rowsOf(std::abs(height), statedHeight, layout, std::ssize(bytes));
+    Layout layout{*header, static_cast<int>(header->width), 0};
+    const auto rows = rowsOf(std::abs(header->height), statedHeight, layout, std::ssize(bytes));
     if (!isSide(rows))
         return std::nullopt;
     layout.rows = static_cast<int>(rows);
@@ -169,8 +135,8 @@ ByteBuffer bitmapFile(ByteView bytes, const Layout& layout)
     file.insert(file.end(), fileHeader.begin(), fileHeader.end());
     file.insert(file.end(), picture.begin(), picture.end());
 
-    const bool isCore = layout.headerBytes == coreHeaderBytes;
-    const auto height = static_cast<std::uint32_t>(layout.isTopDown ? -layout.rows : layout.rows);
+    const bool isCore = layout.header.isCore();
+    const auto height = static_cast<std::uint32_t>(layout.isTopDown() ? -layout.rows : layout.rows);
     const std::size_t heightOffset = fileHeader.size() + (isCore ? 6 : 8);
     for (std::size_t i = 0; i < (isCore ? 2U : 4U); ++i)
         file[heightOffset + i] = static_cast<std::uint8_t>(height >> (8 * i));
@@ -185,7 +151,7 @@ Image converted(const Image& colors, const Layout& layout, const Convert& conver
     auto pixels = PixelBuffer::uncleared(colors.size());
     bool isOpaque = true;
     for (int y = 0; y < layout.rows; ++y) {
-        const int row = layout.isTopDown ? y : layout.rows - 1 - y;
+        const int row = layout.isTopDown() ? y : layout.rows - 1 - y;
         const auto source = colors.row(y);
         const auto target = pixels.row(y);
         for (std::size_t x = 0; x < target.size(); ++x) {
@@ -199,9 +165,9 @@ Image converted(const Image& colors, const Layout& layout, const Convert& conver
 // Whether pixels have a fourth byte that belongs to no colour.
 bool hasAlphaByte(ByteView bytes, const Layout& layout)
 {
-    if (layout.bitCount != 32 || layout.compression == uncompressed)
-        return layout.bitCount == 32;
-    const auto masks = bytes.subspan(infoHeaderBytes, masksBytes);
+    if (layout.header.bitCount != 32 || layout.header.compression == BMPHeader::uncompressed)
+        return layout.header.bitCount == 32;
+    const auto masks = bytes.subspan(BMPHeader::masksOffset, BMPHeader::masksBytes);
     return masks[3] == 0 && masks[7] == 0 && masks[11] == 0;
 }
 
@@ -247,11 +213,11 @@ std::optional<CursorImage> decodeBitmap(ByteView bytes, std::int64_t statedHeigh
 
     const auto maskOffset = static_cast<std::size_t>(layout->maskOffset());
     const auto plane =
-        bytes.first(maskOffset).subspan(static_cast<std::size_t>(layout->colorsOffset));
+        bytes.first(maskOffset).subspan(static_cast<std::size_t>(layout->colorsOffset()));
     auto image = hasAlphaByte(bytes, *layout) ? withAlpha(*colors, *layout, plane) : std::nullopt;
     if (!image)
         image = withMask(*colors, *layout, bytes.subspan(maskOffset));
-    return centred(std::move(*image), layout->bitCount);
+    return centred(std::move(*image), layout->header.bitCount);
 }
 
 }

@@ -1,5 +1,6 @@
 #include "SkinKit/Parsers/BMPDecoder.h"
 
+#include "SkinKit/Parsers/BMPHeader.h"
 #include "SkinKit/Parsers/ByteReader.h"
 #include "SkinKit/Platform/Simd.h"
 
@@ -21,124 +22,64 @@ namespace {
 
 constexpr std::int64_t fileHeaderBytes = 14;
 constexpr std::int64_t pixelOffsetField = 10;
-constexpr std::uint32_t coreHeaderBytes = 12;
-constexpr std::uint32_t infoHeaderBytes = 40;
-constexpr std::uint32_t headerSizes[] = {12, 40, 52, 56, 108, 124};
-constexpr std::int64_t masksOffset = 54;
-constexpr std::int64_t masksBytes = 12;
 constexpr Pixel black = packPixel(0, 0, 0);
 
-enum Compression : std::uint32_t { uncompressed = 0, rle8 = 1, rle4 = 2, bitFields = 3 };
-
-struct Header {
-    std::uint32_t headerBytes = 0;
-    std::uint32_t pixelOffset = 0;
+// What the checks have left: sides within their limits, a format that is known.
+struct Picture {
+    BMPHeader header;
     int width = 0;
     int rows = 0;
     bool isTopDown = false;
-    int bitCount = 0;
-    std::uint32_t compression = uncompressed;
-    std::uint32_t colorsUsed = 0;
 };
 
 // Indices the file's palette lacks are black.
-struct Palette {
-    std::array<Pixel, 256> colors;
-    std::int64_t end = 0; // offset in the file
-};
-
-bool isSide(std::int64_t length)
-{
-    return length >= 1 && length <= maxSide;
-}
+using Palette = std::array<Pixel, 256>;
 
 // One row of the table of what may go together.
-bool isKnownFormat(const Header& header)
+bool isKnownFormat(const BMPHeader& header)
 {
+    const bool isTopDown = header.height < 0;
     switch (header.compression) {
-    case uncompressed:
+    case BMPHeader::uncompressed:
         return header.bitCount == 1 || header.bitCount == 4 || header.bitCount == 8 ||
                header.bitCount == 16 || header.bitCount == 24 || header.bitCount == 32;
-    case rle8: return header.bitCount == 8 && !header.isTopDown;
-    case rle4: return header.bitCount == 4 && !header.isTopDown;
-    case bitFields: return header.bitCount == 16 || header.bitCount == 32;
+    case BMPHeader::rle8: return header.bitCount == 8 && !isTopDown;
+    case BMPHeader::rle4: return header.bitCount == 4 && !isTopDown;
+    case BMPHeader::bitFields: return header.bitCount == 16 || header.bitCount == 32;
     default: return false;
     }
 }
 
-// The caller has seen to it that the bytes of these fields are there.
-void readCoreFields(ByteReader& reader, Header& header)
+// `bytes` are the file's from the header on.
+std::optional<Picture> readPicture(ByteView bytes)
 {
-    header.width = *reader.u16();
-    header.rows = *reader.u16();
-    reader.u16(); // planes
-    header.bitCount = *reader.u16();
+    const auto header = BMPHeader::read(bytes);
+    if (!header)
+        return std::nullopt;
+    const auto isSide = [](std::int64_t length) { return length >= 1 && length <= maxSide; };
+    const std::int64_t rows = std::abs(header->height);
+    if (!isSide(header->width) || !isSide(rows) || header->width * rows > maxPixels ||
+        !isKnownFormat(*header))
+        return std::nullopt;
+    return Picture{*header, static_cast<int>(header->width), static_cast<int>(rows),
+                   header->height < 0};
 }
 
-void readInfoFields(ByteReader& reader, Header& header)
+std::optional<Palette> readPalette(ByteView bytes, const BMPHeader& header)
 {
-    const auto signedField = [&reader] { return std::bit_cast<std::int32_t>(*reader.u32()); };
-    header.width = signedField();
-    const std::int64_t height = signedField();
-    header.isTopDown = height < 0;
-    header.rows = static_cast<int>(std::min<std::int64_t>(std::abs(height), maxSide + 1));
-    reader.u16(); // planes
-    header.bitCount = *reader.u16();
-    header.compression = *reader.u32();
-    reader.bytes(12); // image size and the two resolutions
-    header.colorsUsed = *reader.u32();
-}
-
-std::optional<Header> readHeader(ByteView bytes)
-{
-    ByteReader reader(bytes);
-    const auto magic = reader.bytes(2);
-    if (std::ssize(bytes) < fileHeaderBytes || asText(*magic) != "BM")
-        return std::nullopt;
-
-    Header header;
-    reader = ByteReader(bytes, pixelOffsetField);
-    header.pixelOffset = reader.u32().value_or(0);
-    header.headerBytes = reader.u32().value_or(0);
-    if (std::ranges::find(headerSizes, header.headerBytes) == std::end(headerSizes) ||
-        std::ssize(bytes) < fileHeaderBytes + header.headerBytes)
-        return std::nullopt;
-
-    if (header.headerBytes == coreHeaderBytes)
-        readCoreFields(reader, header);
-    else
-        readInfoFields(reader, header);
-    if (!isSide(header.width) || !isSide(header.rows) ||
-        std::int64_t{header.width} * header.rows > maxPixels || !isKnownFormat(header))
-        return std::nullopt;
-    return header;
-}
-
-std::optional<Palette> readPalette(ByteView bytes, const Header& header)
-{
-    const bool isCore = header.headerBytes == coreHeaderBytes;
-    const std::int64_t entryBytes = isCore ? 3 : 4;
-    std::int64_t position = fileHeaderBytes + header.headerBytes;
-    if (header.compression == bitFields && header.headerBytes == infoHeaderBytes)
-        position = masksOffset + masksBytes;
-
-    std::uint32_t entries = 0;
-    if (header.bitCount <= 8) {
-        const std::uint32_t most = 1U << header.bitCount;
-        entries = header.colorsUsed != 0 && header.colorsUsed <= most ? header.colorsUsed : most;
-    }
-    ByteReader reader(bytes, position);
-    const auto colors = reader.bytes(entries * entryBytes);
+    const auto entries = static_cast<std::size_t>(header.paletteEntries());
+    const auto entryBytes = static_cast<std::size_t>(header.paletteEntryBytes());
+    ByteReader reader(bytes, header.paletteOffset());
+    const auto colors = reader.bytes(static_cast<std::int64_t>(entries * entryBytes));
     if (!colors)
         return std::nullopt;
 
     Palette palette;
-    palette.end = reader.offset();
     if (header.bitCount <= 8)
-        palette.colors.fill(black);
+        palette.fill(black);
     for (std::size_t i = 0; i < entries; ++i) {
-        const auto color = colors->subspan(i * static_cast<std::size_t>(entryBytes), 3);
-        palette.colors[i] = packPixel(color[2], color[1], color[0]);
+        const auto color = colors->subspan(i * entryBytes, 3);
+        palette[i] = packPixel(color[2], color[1], color[0]);
     }
     return palette;
 }
@@ -169,11 +110,11 @@ struct Masks {
 constexpr Masks fiveBitMasks{{0x7C00}, {0x03E0}, {0x001F}};
 constexpr Masks eightBitMasks{{0x00FF0000}, {0x0000FF00}, {0x000000FF}};
 
-std::optional<Masks> readMasks(ByteView bytes, const Header& header)
+std::optional<Masks> readMasks(ByteView bytes, const BMPHeader& header)
 {
-    if (header.compression != bitFields)
+    if (header.compression != BMPHeader::bitFields)
         return header.bitCount == 16 ? fiveBitMasks : eightBitMasks;
-    ByteReader reader(bytes, masksOffset);
+    ByteReader reader(bytes, BMPHeader::masksOffset);
     const auto red = reader.u32();
     const auto green = reader.u32();
     const auto blue = reader.u32();
@@ -192,20 +133,20 @@ void decodePackedRow(const std::uint8_t* source, const Palette& palette, std::sp
     const auto whole = static_cast<std::ptrdiff_t>(target.size()) / perByte;
     for (std::ptrdiff_t i = 0; i < whole; ++i)
         for (int shift = 8 - bitCount; shift >= 0; shift -= bitCount)
-            *pixel++ = palette.colors[static_cast<unsigned>(source[i]) >> shift & mask];
+            *pixel++ = palette[static_cast<unsigned>(source[i]) >> shift & mask];
     for (int shift = 8 - bitCount; pixel != target.data() + target.size(); shift -= bitCount)
-        *pixel++ = palette.colors[static_cast<unsigned>(source[whole]) >> shift & mask];
+        *pixel++ = palette[static_cast<unsigned>(source[whole]) >> shift & mask];
 }
 
-void decodeRow(const std::uint8_t* source, const Header& header, const Palette& palette,
-               const Masks& masks, std::span<Pixel> target)
+void decodeRow(const std::uint8_t* source, int bitCount, const Palette& palette, const Masks& masks,
+               std::span<Pixel> target)
 {
-    switch (header.bitCount) {
+    switch (bitCount) {
     case 1: return decodePackedRow<1>(source, palette, target);
     case 4: return decodePackedRow<4>(source, palette, target);
     case 8:
         for (std::size_t x = 0; x < target.size(); ++x)
-            target[x] = palette.colors[source[x]];
+            target[x] = palette[source[x]];
         return;
     case 16:
         for (std::size_t x = 0; x < target.size(); ++x)
@@ -220,17 +161,18 @@ void decodeRow(const std::uint8_t* source, const Header& header, const Palette& 
     }
 }
 
-std::optional<Image> decodeRows(ByteView bytes, std::int64_t start, const Header& header,
+std::optional<Image> decodeRows(ByteView bytes, std::int64_t start, const Picture& picture,
                                 const Palette& palette, const Masks& masks)
 {
-    const std::int64_t stride = (std::int64_t{header.width} * header.bitCount + 31) / 32 * 4;
-    if (std::ssize(bytes) < start + stride * header.rows)
+    const int bitCount = picture.header.bitCount;
+    const std::int64_t stride = BMPHeader::rowStride(picture.width, bitCount);
+    if (std::ssize(bytes) < start + stride * picture.rows)
         return std::nullopt;
 
-    auto pixels = PixelBuffer::uncleared({header.width, header.rows});
-    for (int row = 0; row < header.rows; ++row)
-        decodeRow(bytes.data() + start + row * stride, header, palette, masks,
-                  pixels.row(header.isTopDown ? row : header.rows - 1 - row));
+    auto pixels = PixelBuffer::uncleared({picture.width, picture.rows});
+    for (int row = 0; row < picture.rows; ++row)
+        decodeRow(bytes.data() + start + row * stride, bitCount, palette, masks,
+                  pixels.row(picture.isTopDown ? row : picture.rows - 1 - row));
     return Image(std::move(pixels), Image::Alpha::opaque);
 }
 
@@ -259,10 +201,10 @@ public:
     {
         const auto target = take(count);
         if (!isRLE4_) {
-            std::ranges::fill(target, palette_.colors[value]);
+            std::ranges::fill(target, palette_[value]);
             return;
         }
-        const Pixel nibbles[] = {palette_.colors[value >> 4], palette_.colors[value & 0xF]};
+        const Pixel nibbles[] = {palette_[value >> 4], palette_[value & 0xF]};
         for (std::size_t i = 0; i < target.size(); ++i)
             target[i] = nibbles[i % 2];
     }
@@ -270,8 +212,7 @@ public:
     {
         const auto target = take(count);
         for (std::size_t i = 0; i < target.size(); ++i)
-            target[i] =
-                palette_.colors[isRLE4_ ? values[i / 2] >> (i % 2 == 0 ? 4 : 0) & 0xF : values[i]];
+            target[i] = palette_[isRLE4_ ? values[i / 2] >> (i % 2 == 0 ? 4 : 0) & 0xF : values[i]];
     }
 
 private:
@@ -341,13 +282,13 @@ bool decodeRuns(ByteReader& reader, RunPlotter& plotter, bool isRLE4)
     }
 }
 
-std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Header& header,
+std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Picture& picture,
                                const Palette& palette)
 {
-    auto pixels = PixelBuffer::uncleared({header.width, header.rows});
-    std::fill_n(pixels.data(), pixels.count(), palette.colors[0]);
+    auto pixels = PixelBuffer::uncleared({picture.width, picture.rows});
+    std::fill_n(pixels.data(), pixels.count(), palette[0]);
     ByteReader reader(bytes, start);
-    const bool isRLE4 = header.compression == rle4;
+    const bool isRLE4 = picture.header.compression == BMPHeader::rle4;
     RunPlotter plotter(pixels, palette, isRLE4);
     if (!decodeRuns(reader, plotter, isRLE4))
         return std::nullopt;
@@ -356,24 +297,32 @@ std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Header&
 
 }
 
-std::optional<Image> decode(ByteView bytes)
+std::optional<Image> decode(ByteView file)
 {
-    const auto header = readHeader(bytes);
-    if (!header)
+    ByteReader reader(file, pixelOffsetField);
+    const auto pixelOffset = reader.u32();
+    if (!pixelOffset || file[0] != 'B' || file[1] != 'M')
         return std::nullopt;
-    const auto masks = readMasks(bytes, *header);
-    const auto palette = readPalette(bytes, *header);
+
+    // From here on offsets count from the header.
+    const ByteView bytes = file.subspan(fileHeaderBytes);
+    const auto picture = readPicture(bytes);
+    if (!picture)
+        return std::nullopt;
+    const BMPHeader& header = picture->header;
+    const auto masks = readMasks(bytes, header);
+    const auto palette = readPalette(bytes, header);
     if (!masks || !palette)
         return std::nullopt;
 
     // An offset that points into the header or past the end is wrong; the pixels follow the
     // palette.
-    const bool offsetIsGood =
-        header->pixelOffset >= palette->end && header->pixelOffset < std::ssize(bytes);
-    const std::int64_t start = offsetIsGood ? header->pixelOffset : palette->end;
-    if (header->compression == rle8 || header->compression == rle4)
-        return decodeRLE(bytes, start, *header, *palette);
-    return decodeRows(bytes, start, *header, *palette, *masks);
+    const std::int64_t stated = std::int64_t{*pixelOffset} - fileHeaderBytes;
+    const bool isGood = stated >= header.paletteEnd() && stated < std::ssize(bytes);
+    const std::int64_t start = isGood ? stated : header.paletteEnd();
+    if (header.compression == BMPHeader::rle8 || header.compression == BMPHeader::rle4)
+        return decodeRLE(bytes, start, *picture, *palette);
+    return decodeRows(bytes, start, *picture, *palette, *masks);
 }
 
 }

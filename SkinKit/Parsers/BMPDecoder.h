@@ -16,6 +16,6 @@ inline constexpr std::int64_t maxPixels = 8'388'608;
 
 // An opaque image, or nothing when the bytes are no bitmap, are damaged, or exceed a limit. Partial
 // images are never handed out.
-std::optional<Image> decode(ByteView bytes);
+std::optional<Image> decode(ByteView file);
 
 }

@@ -309,10 +309,10 @@ void addCursors(SampleSkin& skin)
         };
     };
 
-    const Cursor pointer{
+    const Pointer pointer{
         cursorImage(arrow, legend(hex(0x000000), white, white)), {0, 0}
     };
-    skin.files.push_back({"normal.cur", encodeCursor(pointer, 1)});
+    skin.files.push_back({"normal.cur", encodePointer(pointer, 1)});
 
     // Its shadow is half transparent, which only the deepest kind of pointer can show.
     const auto shade = SkinKit::packPixel(0, 0, 0, 96);
@@ -326,28 +326,28 @@ void addCursors(SampleSkin& skin)
                  Point{2, 2});
     closing.draw(support::picture(cross, legend(ink, pink, pink)), Point{0, 0});
     skin.files.push_back({
-        "close.cur", encodeCursor({closing.image(), {6, 6}},
+        "close.cur", encodePointer({closing.image(), {6, 6}},
          32)
     });
 
-    const Cursor sliding{
+    const Pointer sliding{
         cursorImage(sideways, legend(ink, yellow, orange)), {8, 4}
     };
-    skin.files.push_back({"posbar.cur", encodeCursor(sliding, 8)});
+    skin.files.push_back({"posbar.cur", encodePointer(sliding, 8)});
 
     const std::array<Color, 3> glow{blue, cyan, ice};
-    std::vector<Cursor> frames;
+    std::vector<Pointer> frames;
     for (const Color color : glow)
         frames.push_back({
             cursorImage(fourWays, legend(ink, white, color)), {7, 7}
         });
-    constexpr CursorStep steps[] = {
+    constexpr PointerStep steps[] = {
         {0, 12},
         {1, 8 },
         {2, 20},
         {1, 8 }
     };
-    skin.files.push_back({"titlebar.ani", encodeAnimatedCursor(frames, steps, 8)});
+    skin.files.push_back({"titlebar.ani", encodeMovingPointer(frames, steps, 8)});
 }
 
 }

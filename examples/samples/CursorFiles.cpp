@@ -1,172 +1,76 @@
 #include "examples/samples/CursorFiles.h"
 
-#include "tests/support/Bytes.h"
+#include "tests/support/CursorWriter.h"
 
-#include <algorithm>
-#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace samples {
 namespace {
 
-using SkinKit::ByteBuffer;
-using SkinKit::Pixel;
-using support::append32;
-
-void padTo32Bits(ByteBuffer& rows)
+// Straight colours with their alpha, which no ordinary bitmap keeps.
+support::ByteBuffer bitmapWithAlpha(const Image& image)
 {
-    while (rows.size() % 4 != 0)
-        rows.push_back(0);
-}
-
-bool shows(Pixel pixel)
-{
-    return SkinKit::alphaOf(pixel) >= 128;
-}
-
-std::vector<Pixel> paletteOf(const Image& image, int bitCount)
-{
-    std::vector<Pixel> palette{SkinKit::packPixel(0, 0, 0)}; // black below what does not show
-    for (int y = 0; y < image.height(); ++y)
-        for (const Pixel pixel : image.row(y))
-            if (shows(pixel) && std::ranges::find(palette, pixel) == palette.end())
-                palette.push_back(pixel);
-    if (palette.size() > std::size_t{1} << bitCount)
-        throw std::invalid_argument("too many colours for the depth");
-    palette.resize(std::size_t{1} << bitCount, SkinKit::packPixel(0, 0, 0));
-    return palette;
-}
-
-void appendBGR(ByteBuffer& target, Pixel pixel, unsigned fourth)
-{
-    for (const unsigned byte :
-         {SkinKit::blueOf(pixel), SkinKit::greenOf(pixel), SkinKit::redOf(pixel), fourth})
-        target.push_back(static_cast<std::uint8_t>(byte));
-}
-
-void appendIndices(ByteBuffer& target, std::span<const Pixel> row,
-                   const std::vector<Pixel>& palette, int bitCount)
-{
-    unsigned byte = 0;
-    int bits = 0;
-    for (const Pixel pixel : row) {
-        const auto index = shows(pixel) ? std::ranges::find(palette, pixel) - palette.begin() : 0;
-        byte = byte << bitCount | static_cast<unsigned>(index);
-        bits += bitCount;
-        if (bits == 8) {
-            target.push_back(static_cast<std::uint8_t>(byte));
-            byte = 0;
-            bits = 0;
-        }
-    }
-    padTo32Bits(target);
-}
-
-// The mask, lowest row first: a set bit for each pixel that does not show.
-void appendMask(ByteBuffer& target, const Image& image)
-{
+    support::BMPFile file{.width = image.width(),
+                          .height = image.height(),
+                          .bitCount = 32,
+                          .palette = {},
+                          .pixels = {}};
     for (int y = image.height() - 1; y >= 0; --y) {
-        unsigned byte = 0;
-        for (int x = 0; x < image.width(); ++x) {
-            byte = byte << 1 | (shows(image.pixel({x, y})) ? 0 : 1);
-            if (x % 8 == 7)
-                target.push_back(static_cast<std::uint8_t>(byte));
+        for (const auto premultiplied : image.row(y)) {
+            const auto pixel = SkinKit::unpremultiply(premultiplied);
+            for (const unsigned byte : {SkinKit::blueOf(pixel), SkinKit::greenOf(pixel),
+                                        SkinKit::redOf(pixel), SkinKit::alphaOf(pixel)})
+                file.pixels.push_back(static_cast<std::uint8_t>(byte));
         }
-        padTo32Bits(target);
     }
+    return file.bytes();
 }
 
-// The pointer's picture as a bitmap without file header, of twice its height: colours, then mask.
-ByteBuffer bitmapOf(const Image& image, int bitCount)
+// Rows of the mask: '#' for what does not show.
+std::vector<std::string> maskOf(const Image& image)
 {
-    // Compression and what follows it stay zero.
-    constexpr std::uint32_t headerSize = 40;
-    ByteBuffer header(headerSize, 0);
-    support::put32(header, 0, headerSize);
-    support::put32(header, 4, static_cast<std::uint32_t>(image.width()));
-    support::put32(header, 8, static_cast<std::uint32_t>(2 * image.height()));
-    support::put16(header, 12, 1);
-    support::put16(header, 14, static_cast<std::uint32_t>(bitCount));
-
-    ByteBuffer pixels;
-    if (bitCount == 32) {
-        for (int y = image.height() - 1; y >= 0; --y)
-            for (const Pixel pixel : image.row(y))
-                appendBGR(pixels, SkinKit::unpremultiply(pixel), SkinKit::alphaOf(pixel));
-    } else {
-        const auto palette = paletteOf(image, bitCount);
-        for (const Pixel color : palette)
-            appendBGR(header, color, 0);
-        for (int y = image.height() - 1; y >= 0; --y)
-            appendIndices(pixels, image.row(y), palette, bitCount);
+    std::vector<std::string> mask;
+    for (int y = 0; y < image.height(); ++y) {
+        auto& row = mask.emplace_back();
+        for (const auto pixel : image.row(y))
+            row += SkinKit::alphaOf(pixel) == 0 ? '#' : '.';
     }
-    appendMask(pixels, image);
-    support::append(header, pixels);
-    return header;
+    return mask;
 }
 
-void appendChunk(ByteBuffer& target, std::string_view name, const ByteBuffer& content)
+}
+
+SkinKit::ByteBuffer encodePointer(const Pointer& pointer, int bitCount)
 {
-    support::append(target, SkinKit::asBytes(name));
-    append32(target, static_cast<std::uint32_t>(content.size()));
-    support::append(target, content);
-    if (content.size() % 2 != 0)
-        target.push_back(0);
+    const auto mask = maskOf(pointer.image);
+    const auto bitmap = bitCount == 32 ? bitmapWithAlpha(pointer.image)
+                                       : support::encodeBMP(pointer.image, bitCount);
+    return support::CurFile{{{.picture = support::cursorPicture(bitmap, {mask.begin(), mask.end()}),
+                              .size = pointer.image.size(),
+                              .hotSpot = pointer.hotSpot}}}
+        .bytes();
 }
 
-}
-
-ByteBuffer encodeCursor(const Cursor& cursor, int bitCount)
+SkinKit::ByteBuffer encodeMovingPointer(std::span<const Pointer> frames,
+                                        std::span<const PointerStep> steps, int bitCount)
 {
-    constexpr std::uint32_t isPointer = 2;
-    constexpr std::uint32_t directorySize = 6 + 16;
-    const auto bitmap = bitmapOf(cursor.image, bitCount);
-    ByteBuffer file(directorySize, 0);
-    support::put16(file, 2, isPointer);
-    support::put16(file, 4, 1);
-    file[6] = static_cast<std::uint8_t>(cursor.image.width());
-    file[7] = static_cast<std::uint8_t>(cursor.image.height());
-    file[8] = bitCount == 1 ? 2 : 0; // colours, where a byte can say it
-    support::put16(file, 10, static_cast<std::uint32_t>(cursor.hotSpot.x));
-    support::put16(file, 12, static_cast<std::uint32_t>(cursor.hotSpot.y));
-    support::put32(file, 14, static_cast<std::uint32_t>(bitmap.size()));
-    support::put32(file, 18, directorySize);
-    support::append(file, bitmap);
-    return file;
-}
-
-ByteBuffer encodeAnimatedCursor(std::span<const Cursor> frames, std::span<const CursorStep> steps,
-                                int bitCount)
-{
-    constexpr std::uint32_t headerSize = 36;
-    constexpr std::uint32_t framesAreCursors = 1;
+    constexpr std::uint32_t framesAreFiles = 1;
     constexpr std::uint32_t hasSequence = 2;
-    ByteBuffer header(headerSize, 0); // sizes and depth stand in the frames
-    support::put32(header, 0, headerSize);
-    support::put32(header, 4, static_cast<std::uint32_t>(frames.size()));
-    support::put32(header, 8, static_cast<std::uint32_t>(steps.size()));
-    support::put32(header, 28, steps.front().duration);
-    support::put32(header, 32, framesAreCursors | hasSequence);
-
-    ByteBuffer rates;
-    ByteBuffer sequence;
-    for (const auto& step : steps) {
-        append32(rates, step.duration);
-        append32(sequence, step.frame);
+    support::AniFile file{.frames = {},
+                          .sequence = {},
+                          .rates = {},
+                          .defaultRate = steps.front().duration,
+                          .flags = framesAreFiles | hasSequence,
+                          .extraChunks = {}};
+    for (const Pointer& frame : frames)
+        file.frames.push_back(encodePointer(frame, bitCount));
+    for (const PointerStep& step : steps) {
+        file.sequence.push_back(step.frame);
+        file.rates.push_back(step.duration);
     }
-    ByteBuffer list = support::bytes("fram");
-    for (const auto& frame : frames)
-        appendChunk(list, "icon", encodeCursor(frame, bitCount));
-
-    ByteBuffer content = support::bytes("ACON");
-    appendChunk(content, "anih", header);
-    appendChunk(content, "rate", rates);
-    appendChunk(content, "seq ", sequence);
-    appendChunk(content, "LIST", list);
-    ByteBuffer file;
-    appendChunk(file, "RIFF", content);
-    return file;
+    return file.bytes();
 }
 
 }

@@ -1,3 +1,5 @@
+#include "SkinKit/Display/EQGraph.h"
+#include "SkinKit/Layout/EQLayout.h"
 #include "SkinKit/Layout/MainSliders.h"
 #include "examples/samples/Sheets.h"
 #include "examples/samples/WindowParts.h"
@@ -6,36 +8,13 @@
 namespace samples {
 namespace {
 
+namespace Graph = SkinKit::EQGraph;
+namespace Layout = SkinKit::EQLayout;
 namespace Sliders = SkinKit::MainSliders;
 
-// Window pixels, origin top left.
-constexpr Size windowSize{275, 116};
-// clang-format off
-//                           x    y    w   h
-constexpr Rect onButton  {  14,  18,  26, 12};
-constexpr Rect autoButton{  40,  18,  32, 12};
-constexpr Rect presets   { 217,  18,  44, 12};
-constexpr Rect graph     {  86,  17, 113, 19};
-constexpr Rect preamp    {  21,  38,  14, 63};
-constexpr Rect shade     { 254,   3,   9,  9};
-constexpr Rect close     { 264,   3,   9,  9};
-// clang-format on
-constexpr int bandCount = 10;
-constexpr int bandPitch = 18;
-constexpr Rect band(int index)
-{
-    return {78 + bandPitch * index, preamp.y, preamp.width, preamp.height};
-}
+constexpr Rect preamp = sizedBy(Layout::preampOrigin, Layout::bandSize);
 constexpr int labelY = preamp.bottom() + 2;
-
-// The strip of slider backgrounds: two rows of frames.
-constexpr int framesPerRow = 14;
-constexpr Size framePitch{preamp.width + 1, preamp.height + 2};
-
-// The thumb's way inside a slider, and the groove in the middle of it.
-constexpr Size thumbSize{11, 11};
-constexpr int thumbTravel = 51;
-constexpr Rect groove{4, 1, 5, preamp.height - 2};
+constexpr Rect groove{4, 1, 5, preamp.height - 2}; // in the middle of a slider
 
 void drawEqualizerTitle(Painter bar, const Look& look, bool isSelected)
 {
@@ -44,10 +23,10 @@ void drawEqualizerTitle(Painter bar, const Look& look, bool isSelected)
                  {.caption = "EQUALIZER",
                   .isSelected = isSelected,
                   .linesFrom = margin,
-                  .linesTo = shade.x - margin / 2,
+                  .linesTo = Layout::shadeButton.x - margin / 2,
                   .window = Window::equalizer});
-    drawTitleButton(bar.part(shade), look, Icon::shade, false);
-    drawTitleButton(bar.part(close), look, Icon::close, false);
+    drawTitleButton(bar.part(Layout::shadeButton), look, Icon::shade, false);
+    drawTitleButton(bar.part(Layout::closeButton), look, Icon::close, false);
 }
 
 void drawScale(Painter& painter, const Look& look)
@@ -56,14 +35,14 @@ void drawScale(Painter& painter, const Look& look)
         std::string_view text;
         int y;
     };
-    constexpr int top = preamp.y + thumbSize.height / 2;
+    constexpr int top = preamp.y + Layout::thumbSize.height / 2;
     constexpr Mark marks[] = {
-        {"+12", top                  },
-        {"0",   top + thumbTravel / 2},
-        {"-12", top + thumbTravel    }
+        {"+12", top                          },
+        {"0",   top + Layout::thumbTravel / 2},
+        {"-12", top + Layout::thumbTravel    }
     };
     constexpr int left = preamp.right();
-    constexpr int right = band(0).x;
+    constexpr int right = Layout::bandStrip.x;
     for (const auto& [text, y] : marks) {
         const int x = left + (right - left - textWidth(text)) / 2;
         drawLabel(painter, {x, y - 2}, text, look);
@@ -72,22 +51,22 @@ void drawScale(Painter& painter, const Look& look)
                      look.stateUnlit);
     }
 
-    constexpr std::string_view bands[bandCount] = {"60", "170", "310", "600", "1K",
-                                                   "3K", "6K",  "12K", "14K", "16K"};
-    const auto center = [](const Rect& slider, std::string_view text) {
-        return slider.x + (slider.width - textWidth(text)) / 2;
+    constexpr std::string_view bands[Layout::bandCount] = {"60", "170", "310", "600", "1K",
+                                                           "3K", "6K",  "12K", "14K", "16K"};
+    const auto drawBelow = [&](Point slider, std::string_view text) {
+        const int x = slider.x + (Layout::bandSize.width - textWidth(text)) / 2;
+        drawLabel(painter, {x, labelY}, text, look);
     };
-    drawLabel(painter, {center(preamp, "PRE"), labelY}, "PRE", look);
-    for (int i = 0; i < bandCount; ++i)
-        drawLabel(painter, {center(band(i), bands[i]), labelY}, bands[i], look);
+    drawBelow(Layout::preampOrigin, "PRE");
+    for (int i = 0; i < Layout::bandCount; ++i)
+        drawBelow(Layout::bandOrigin(i), bands[i]);
 }
 
 void drawGraphGrid(Painter painter, const Look& look)
 {
     painter.box(painter.bounds(), look.textDisplay);
-    constexpr int bandSpacing = 12;
     const Size size = painter.size();
-    for (int x = 2; x < size.width - 1; x += bandSpacing)
+    for (int x = Graph::paddingLeft; x < size.width - 1; x += Graph::bandSpacingX)
         for (int y = 2; y < size.height - 2; y += 2)
             painter.dot({x, y}, look.graphGrid);
     painter.fill({1, size.height / 2, size.width - 2, 1}, look.graphGrid);
@@ -95,10 +74,10 @@ void drawGraphGrid(Painter painter, const Look& look)
 
 Image equalizerWindow(const Look& look)
 {
-    return paintedImage(windowSize, [&](Painter& painter) {
+    return paintedImage(Layout::windowSize, [&](Painter& painter) {
         drawBody(painter, look, Window::equalizer);
         drawScale(painter, look);
-        drawGraphGrid(painter.part(graph), look);
+        drawGraphGrid(painter.part(Layout::graph), look);
     });
 }
 
@@ -106,15 +85,13 @@ void drawSliderFrames(Sheets& sheets, const Look& look, const Image& window)
 {
     Painter strip = sheets.sprite("EQ_SLIDER_BACKGROUND");
     const Rect inner = inset(groove, 1);
-    for (int frame = 0; frame < Sliders::frameCount; ++frame) {
-        const Point at{frame % framesPerRow * framePitch.width,
-                       frame / framesPerRow * framePitch.height};
-        Painter slider = strip.part(sizedBy(at, preamp.size()));
+    for (int frame = 0; frame < Layout::frameCount; ++frame) {
+        Painter slider = strip.part(Layout::bandFrameRect(strip.bounds(), frame));
         drawBehind(slider, look, window, preamp.origin());
         slider.box(groove, look.groove);
 
         // Filled from the foot up to the middle of the thumb.
-        const int last = Sliders::frameCount - 1;
+        const int last = Layout::frameCount - 1;
         const int filled = inner.height * frame / last;
         for (int y = inner.height - filled; y < inner.height; ++y)
             if (look.levelPitch == 0 || y % look.levelPitch != look.levelPitch - 1)
@@ -124,7 +101,8 @@ void drawSliderFrames(Sheets& sheets, const Look& look, const Image& window)
 
     for (const bool isPressed : {false, true}) {
         Painter thumb = sheets.sprite(isPressed ? "EQ_SLIDER_THUMB_SELECTED" : "EQ_SLIDER_THUMB");
-        drawBehind(thumb, look, window, {preamp.x + 1, preamp.y + thumbTravel / 2});
+        drawBehind(thumb, look, window,
+                   {preamp.x + Layout::thumbInsetX, preamp.y + Layout::thumbTravel / 2});
         drawThumb(thumb, look, Grip::horizontal, isPressed);
     }
 }
@@ -137,14 +115,16 @@ void drawButtons(Sheets& sheets, const Look& look, const Image& window)
         ButtonState state;
     };
     constexpr Toggle toggles[] = {
-        {"EQ_ON_BUTTON",                      "ON",   onButton,   {}                            },
-        {"EQ_ON_BUTTON_DEPRESSED",            "ON",   onButton,   {.pressed = true}             },
-        {"EQ_ON_BUTTON_SELECTED",             "ON",   onButton,   {.lit = true}                 },
-        {"EQ_ON_BUTTON_SELECTED_DEPRESSED",   "ON",   onButton,   {.pressed = true, .lit = true}},
-        {"EQ_AUTO_BUTTON",                    "AUTO", autoButton, {}                            },
-        {"EQ_AUTO_BUTTON_DEPRESSED",          "AUTO", autoButton, {.pressed = true}             },
-        {"EQ_AUTO_BUTTON_SELECTED",           "AUTO", autoButton, {.lit = true}                 },
-        {"EQ_AUTO_BUTTON_SELECTED_DEPRESSED", "AUTO", autoButton, {.pressed = true, .lit = true}},
+        {"EQ_ON_BUTTON",                      "ON",   Layout::onButton,   {}                            },
+        {"EQ_ON_BUTTON_DEPRESSED",            "ON",   Layout::onButton,   {.pressed = true}             },
+        {"EQ_ON_BUTTON_SELECTED",             "ON",   Layout::onButton,   {.lit = true}                 },
+        {"EQ_ON_BUTTON_SELECTED_DEPRESSED",   "ON",   Layout::onButton,   {.pressed = true, .lit = true}},
+        {"EQ_AUTO_BUTTON",                    "AUTO", Layout::autoButton, {}                            },
+        {"EQ_AUTO_BUTTON_DEPRESSED",          "AUTO", Layout::autoButton, {.pressed = true}             },
+        {"EQ_AUTO_BUTTON_SELECTED",           "AUTO", Layout::autoButton, {.lit = true}                 },
+        {"EQ_AUTO_BUTTON_SELECTED_DEPRESSED",
+         "AUTO",                                      Layout::autoButton,
+         {.pressed = true, .lit = true}                                                                 },
     };
     for (const auto& [name, caption, place, state] : toggles) {
         Painter sprite = sheets.sprite(name);
@@ -154,7 +134,7 @@ void drawButtons(Sheets& sheets, const Look& look, const Image& window)
     for (const bool isPressed : {false, true}) {
         Painter sprite =
             sheets.sprite(isPressed ? "EQ_PRESETS_BUTTON_SELECTED" : "EQ_PRESETS_BUTTON");
-        drawBehind(sprite, look, window, presets.origin());
+        drawBehind(sprite, look, window, Layout::presetsButton.origin());
         drawTextButton(sprite, look, "PRESETS", "", isPressed);
     }
 }
@@ -162,7 +142,7 @@ void drawButtons(Sheets& sheets, const Look& look, const Image& window)
 // A title button that stands at `at` in its bar.
 void drawButtonOnBar(Painter button, const Look& look, Icon icon, Point at, bool isPressed)
 {
-    drawBarBehind(button, look, {0, 0, windowSize.width, titleHeight}, at);
+    drawBarBehind(button, look, {0, 0, Layout::windowSize.width, titleHeight}, at);
     drawTitleButton(button, look, icon, isPressed);
 }
 
@@ -173,8 +153,8 @@ void drawShadeBar(Painter bar, const Look& look, bool isSelected)
     for (const auto& slider : {Sliders::eqShadeVolume, Sliders::eqShadeBalance})
         bar.box({slider.origin.x, slider.origin.y, slider.size.width, slider.thumbSize.height},
                 look.groove);
-    drawTitleButton(bar.part(shade), look, Icon::unshade, false);
-    drawTitleButton(bar.part(close), look, Icon::close, false);
+    drawTitleButton(bar.part(Layout::shadeButton), look, Icon::unshade, false);
+    drawTitleButton(bar.part(Layout::closeButton), look, Icon::close, false);
 }
 
 void drawShadedEqualizer(Sheets& sheets, const Look& look)
@@ -185,14 +165,15 @@ void drawShadedEqualizer(Sheets& sheets, const Look& look)
                              "EQ_SHADE_VOLUME_SLIDER_RIGHT", "EQ_SHADE_BALANCE_SLIDER_LEFT",
                              "EQ_SHADE_BALANCE_SLIDER_CENTER", "EQ_SHADE_BALANCE_SLIDER_RIGHT"})
         drawThumb(sheets.sprite(thumb), look, Grip::small, false);
-    drawButtonOnBar(sheets.sprite("EQ_MAXIMIZE_BUTTON_ACTIVE"), look, Icon::unshade, shade.origin(),
-                    true);
-    drawButtonOnBar(sheets.sprite("EQ_MINIMIZE_BUTTON_ACTIVE"), look, Icon::shade, shade.origin(),
-                    true);
-    drawButtonOnBar(sheets.sprite("EQ_SHADE_CLOSE_BUTTON"), look, Icon::close, close.origin(),
-                    false);
+    // Named by the form that they stand in, not by the one that a click leads to.
+    drawButtonOnBar(sheets.sprite("EQ_MAXIMIZE_BUTTON_ACTIVE"), look, Icon::shade,
+                    Layout::shadeButton.origin(), true);
+    drawButtonOnBar(sheets.sprite("EQ_MINIMIZE_BUTTON_ACTIVE"), look, Icon::unshade,
+                    Layout::shadeButton.origin(), true);
+    drawButtonOnBar(sheets.sprite("EQ_SHADE_CLOSE_BUTTON"), look, Icon::close,
+                    Layout::closeButton.origin(), false);
     drawButtonOnBar(sheets.sprite("EQ_SHADE_CLOSE_BUTTON_ACTIVE"), look, Icon::close,
-                    close.origin(), true);
+                    Layout::closeButton.origin(), true);
 }
 
 }
@@ -203,9 +184,10 @@ void drawEqualizerSheets(Sheets& sheets, const Look& look)
     sheets.sprite("EQ_WINDOW_BACKGROUND").put(window, {0, 0});
     drawEqualizerTitle(sheets.sprite("EQ_TITLE_BAR"), look, false);
     drawEqualizerTitle(sheets.sprite("EQ_TITLE_BAR_SELECTED"), look, true);
-    drawButtonOnBar(sheets.sprite("EQ_CLOSE_BUTTON"), look, Icon::close, close.origin(), false);
-    drawButtonOnBar(sheets.sprite("EQ_CLOSE_BUTTON_ACTIVE"), look, Icon::close, close.origin(),
-                    true);
+    drawButtonOnBar(sheets.sprite("EQ_CLOSE_BUTTON"), look, Icon::close,
+                    Layout::closeButton.origin(), false);
+    drawButtonOnBar(sheets.sprite("EQ_CLOSE_BUTTON_ACTIVE"), look, Icon::close,
+                    Layout::closeButton.origin(), true);
     drawSliderFrames(sheets, look, window);
     drawButtons(sheets, look, window);
 

@@ -8,6 +8,7 @@
 #include "tests/support/BMPWriter.h"
 
 #include <algorithm>
+#include <span>
 
 namespace samples {
 namespace {
@@ -68,70 +69,65 @@ const Shape& shadeShape()
     return shape;
 }
 
-void drawSea(Painter& painter, const Shape& shape)
+void outline(Painter& painter, const Shape& shape)
 {
-    // Three lines of waves, each in deeper water than the one behind it.
-    struct Line {
-        int y, length, height, shift;
-        Color crest, body;
-    };
-    constexpr Line lines[] = {
-        {72,  74, 3, 10, hex(0xE9FBF5, 150), hex(0x8FDFDB)},
-        {86,  60, 3, 34, hex(0xE9FBF5, 150), hex(0x5CC4CB)},
-        {106, 44, 2, 14, hex(0xE9FBF5, 190), deep         },
-    };
     const auto [width, height] = painter.size();
-    for (const Line& line : lines) {
-        for (int x = 0; x < width; ++x) {
-            const int top = line.y + wave(x + line.shift, line.length, line.height);
-            painter.fill({x, top, 1, height - top}, line.body);
-            painter.fill({x, top, 1, 1}, line.crest);
-        }
-    }
     for (int y = 0; y < height; ++y)
         for (int x = 0; x < width; ++x)
             if (!shape.holdsAround({x, y}))
                 painter.dot({x, y}, depth);
 }
 
-// The equalizer's sliders need the same water at every column; its waves keep to the foot.
-void drawCalmSea(Painter& painter, const Shape& shape)
+// Water below a line of waves with a crest of foam.
+struct Water {
+    int y, length, height, shift;
+    Color crest, body;
+};
+
+void drawWater(Painter& painter, const Water& line)
 {
     const auto [width, height] = painter.size();
-    painter.shade(
-        {
-            0, titleHeight, width, height - titleHeight
-    },
-        {{foam, shallow, water}});
     for (int x = 0; x < width; ++x) {
-        const int top = 111 + wave(x + 14, 44, 2);
-        painter.fill({x, top, 1, height - top}, deep);
-        painter.fill({x, top, 1, 1}, hex(0xE9FBF5, 190));
+        const int top = line.y + wave(x + line.shift, line.length, line.height);
+        painter.fill({x, top, 1, height - top}, line.body);
+        painter.fill({x, top, 1, 1}, line.crest);
     }
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            if (!shape.holdsAround({x, y}))
-                painter.dot({x, y}, depth);
 }
+
+// Each line of waves in deeper water than the one behind it. The equalizer's sliders need the same
+// water at every column, so its waves keep to the foot.
+// clang-format off
+constexpr Water mainSea[] = {
+    {  72, 74, 3, 10, hex(0xE9FBF5, 150), hex(0x8FDFDB)},
+    {  86, 60, 3, 34, hex(0xE9FBF5, 150), hex(0x5CC4CB)},
+    { 106, 44, 2, 14, hex(0xE9FBF5, 190), deep},
+};
+constexpr Water calmSea[] = {
+    { 111, 44, 2, 14, hex(0xE9FBF5, 190), deep},
+};
+// clang-format on
 
 void decorate(Painter& painter, Window window)
 {
-    if (window == Window::main)
-        drawSea(painter, windowShape(window));
-    else if (window == Window::equalizer)
-        drawCalmSea(painter, windowShape(window));
+    if (window == Window::sizable)
+        return;
+    const auto [width, height] = painter.size();
+    if (window == Window::equalizer)
+        painter.shade(
+            {
+                0, titleHeight, width, height - titleHeight
+        },
+            {{foam, shallow, water}});
+    for (const Water& line :
+         window == Window::main ? std::span<const Water>(mainSea) : std::span<const Water>(calmSea))
+        drawWater(painter, line);
+    outline(painter, windowShape(window));
 }
 
 void outlineBar(Painter& painter, Window window)
 {
-    if (window == Window::sizable)
-        return;
-    const Shape& shape = window == Window::shaded ? shadeShape() : windowShape(window);
-    const auto [width, height] = painter.size();
-    for (int y = 0; y < height; ++y)
-        for (int x = 0; x < width; ++x)
-            if (!shape.holdsAround({x, y}))
-                painter.dot({x, y}, depth);
+    if (window != Window::sizable)
+        outline(painter, window == Window::shaded ? shadeShape() : windowShape(window));
 }
 
 Look look()

@@ -54,11 +54,6 @@ std::uint32_t numberAt(ByteView bytes, std::size_t offset, int width)
     return number;
 }
 
-bool holdsText(ByteView bytes, std::string_view text)
-{
-    return !std::ranges::search(bytes, text).empty();
-}
-
 // How many pixels of an image are of some kind.
 template <class Predicate>
 int countPixels(const Image& image, Predicate&& predicate)
@@ -319,35 +314,43 @@ TEST(SampleSkins, GiveArcadeAMinusSignOfItsOwn)
 
 TEST(SampleSkins, GiveArcadeMousePointersOfEveryDepthAndAMovingOne)
 {
+    const SkinCursors cursors = committedSkin("arcade").cursors;
+    EXPECT_TRUE(cursors.unreadable.empty());
+    EXPECT_EQ(cursors.byName.size(), 4U);
+
     struct Row {
         std::string_view name;
-        std::uint32_t bitCount;
+        int bitCount;
         Point hotSpot;
+        bool isSoft; // has pixels that are partly transparent
     };
     constexpr Row rows[] = {
-        {"normal.cur", 1,  {0, 0}},
-        {"posbar.cur", 8,  {8, 4}},
-        {"close.cur",  32, {6, 6}},
+        {"NORMAL", 1,  {0, 0}, false},
+        {"POSBAR", 8,  {8, 4}, false},
+        {"CLOSE",  32, {6, 6}, true },
     };
-    const SkinArchive archive = committedArchive("arcade");
-    for (const auto& [name, bitCount, hotSpot] : rows) {
-        const ByteView file = archive.files().at(std::string(name));
-        EXPECT_EQ(numberAt(file, 2, 2), 2U) << name; // a pointer, not an icon
-        EXPECT_EQ(numberAt(file, 4, 2), 1U) << name;
-        EXPECT_EQ(numberAt(file, 10, 2), static_cast<std::uint32_t>(hotSpot.x)) << name;
-        EXPECT_EQ(numberAt(file, 12, 2), static_cast<std::uint32_t>(hotSpot.y)) << name;
-
-        const std::uint32_t size = numberAt(file, 14, 4);
-        const std::uint32_t start = numberAt(file, 18, 4);
-        ASSERT_EQ(start + size, file.size()) << name;
-        EXPECT_EQ(numberAt(file, start + 14, 2), bitCount) << name;
-        // Header, palette, colours and mask of 32 × 32 pixels, and nothing more.
-        const std::uint32_t palette = bitCount <= 8 ? 4U << bitCount : 0;
-        EXPECT_EQ(size, 40 + palette + 32 * 4 * bitCount + 32 * 4) << name;
+    for (const auto& [name, bitCount, hotSpot, isSoft] : rows) {
+        const auto* cursor = cursors.cursor(name);
+        ASSERT_TRUE(cursor && std::holds_alternative<StaticCursor>(*cursor)) << name;
+        const CursorImage& picture = std::get<StaticCursor>(*cursor).best();
+        EXPECT_EQ(picture.bitCount, bitCount) << name;
+        EXPECT_EQ(picture.hotSpot, hotSpot) << name;
+        EXPECT_EQ(picture.image.size(), (Size{32, 32})) << name;
+        EXPECT_EQ(countPixels(picture.image, isPartlyTransparent) > 0, isSoft) << name;
+        EXPECT_EQ(alphaOf(picture.image.pixel({31, 31})), 0U) << name;
+        EXPECT_GT(countPixels(picture.image, [](Pixel pixel) { return alphaOf(pixel) == 255; }), 50)
+            << name;
     }
 
-    const ByteView moving = archive.files().at("titlebar.ani");
-    EXPECT_EQ(numberAt(moving, 4, 4) + 8, moving.size());
-    for (const auto* chunk : {"RIFF", "ACONanih", "rate", "seq ", "LIST", "framicon"})
-        EXPECT_TRUE(holdsText(moving, chunk)) << chunk;
+    const auto* titleBar = cursors.cursor("TITLEBAR");
+    ASSERT_TRUE(titleBar && std::holds_alternative<AnimatedCursor>(*titleBar));
+    const auto& moving = std::get<AnimatedCursor>(*titleBar);
+    ASSERT_EQ(moving.frames.size(), 3U);
+    EXPECT_NE(moving.frames[0], moving.frames[1]);
+    EXPECT_EQ(moving.steps, (std::vector<AnimatedCursor::Step>{
+                                {0, 12},
+                                {1, 8 },
+                                {2, 20},
+                                {1, 8 }
+    }));
 }

@@ -52,6 +52,8 @@ TEST(Golden, SampleSkinsLookAsTheyDid)
     const Row rows[] = {
         {"graphite-playing",     "graphite", playing,                 1, Clip::none    },
         {"graphite-idle",        "graphite", MainWindowState::idle(), 1, Clip::none    },
+        {"aurora-playing",       "aurora",   playing,                 1, Clip::none    },
+        {"arcade-idle",          "arcade",   MainWindowState::idle(), 1, Clip::none    },
         {"lagoon-clipped-2x",    "lagoon",   playing,                 2, Clip::toRegion},
         {"lagoon-counting-down", "lagoon",   countingDown(),          1, Clip::toRegion},
     };

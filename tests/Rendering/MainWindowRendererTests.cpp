@@ -1,114 +1,33 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
-#include "SkinKit/Sprites/GeneratedBaseSkin.h"
-#include "SkinKit/Sprites/SkinSprites.h"
 #include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Vis/VisRenderer.h"
+#include "tests/support/Collage.h"
 #include "tests/support/SkinBuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 using namespace SkinKit;
 using MainWindowRenderer::Clip;
-using support::SkinBuilder;
+using support::Collage;
+using support::expectSame;
+using support::firstDifference;
+using support::noisySkin;
 
 namespace {
 
-// A sheet on which every pixel differs from every other of any sheet, so that a picture tells where
-// each of its pixels is from.
-Image noise(std::string_view sheet)
+void addBase(Collage& collage, bool focused = true)
 {
-    const Size size = GeneratedBaseSkin::size(sheet);
-    std::seed_seq seed(sheet.begin(), sheet.end());
-    std::mt19937 random(seed);
-    auto pixels = PixelBuffer::uncleared(size);
-    for (Pixel& pixel : std::span(pixels.data(), pixels.count()))
-        pixel = static_cast<Pixel>(random()) | 0xFF000000;
-    return {std::move(pixels), Image::Alpha::opaque};
-}
-
-Skin noisySkin(std::initializer_list<std::string_view> without = {})
-{
-    Skin skin;
-    for (const auto& sheet : SkinSprites::sheets())
-        if (std::ranges::find(without, sheet.name) == without.end())
-            skin.sheets.emplace(sheet.name, noise(sheet.name));
-    return skin;
-}
-
-struct Piece {
-    std::string_view sprite;
-    Point at;
-    std::optional<Rect> clip = std::nullopt;
-    std::optional<int> frame = std::nullopt;
-};
-
-// The pieces one over the other, put together pixel by pixel.
-class Collage {
-public:
-    explicit Collage(const Skin& skin) : skin_(skin), pixels_(PixelBuffer::transparent({275, 116}))
-    {
-    }
-
-    void add(const std::optional<Image>& image, Point at, std::optional<Rect> clip = {})
-    {
-        for (int y = 0; image && y < image->height(); ++y)
-            for (int x = 0; x < image->width(); ++x) {
-                const Point place{at.x + x, at.y + y};
-                if (contains(clip.value_or(Rect{0, 0, 275, 116}), place) &&
-                    contains(Rect{0, 0, 275, 116}, place) && alphaOf(image->pixel({x, y})) == 255)
-                    pixels_.row(place.y)[static_cast<std::size_t>(place.x)] = image->pixel({x, y});
-            }
-    }
-    void add(const Piece& piece)
-    {
-        add(piece.frame ? skin_.image(piece.sprite, Frame{*piece.frame})
-                        : skin_.image(piece.sprite),
-            piece.at, piece.clip);
-    }
-    void add(std::initializer_list<Piece> pieces)
-    {
-        for (const auto& piece : pieces)
-            add(piece);
-    }
-    void addBase(bool focused = true)
-    {
-        add({
-            {"MAIN_WINDOW_BACKGROUND", {0, 0}},
-            {focused ? "MAIN_TITLE_BAR_SELECTED" : "MAIN_TITLE_BAR", {0, 0}},
-            {"MAIN_CLUTTER_BAR_BACKGROUND", {10, 22}},
-            {"MAIN_PREVIOUS_BUTTON", {16, 88}},
-            {"MAIN_PLAY_BUTTON", {39, 88}},
-            {"MAIN_PAUSE_BUTTON", {62, 88}},
-            {"MAIN_STOP_BUTTON", {85, 88}},
-            {"MAIN_NEXT_BUTTON", {108, 88}, Rect{108, 88, 22, 18}},
-            {"MAIN_EJECT_BUTTON", {136, 89}}
-        });
-    }
-    Image image() && { return {std::move(pixels_), Image::Alpha::any}; }
-
-private:
-    const Skin& skin_;
-    PixelBuffer pixels_;
-};
-
-// Where the first pixel that differs lies; nothing when none does.
-std::optional<Point> firstDifference(const Image& a, const Image& b)
-{
-    if (a.size() != b.size())
-        return Point{-1, -1};
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel({x, y}) != b.pixel({x, y}))
-                return Point{x, y};
-    return std::nullopt;
-}
-
-void expectSame(const Image& a, const Image& b)
-{
-    const auto different = firstDifference(a, b);
-    EXPECT_FALSE(different) << "first at " << different->x << ", " << different->y;
+    collage.add({
+        {"MAIN_WINDOW_BACKGROUND", {0, 0}},
+        {focused ? "MAIN_TITLE_BAR_SELECTED" : "MAIN_TITLE_BAR", {0, 0}},
+        {"MAIN_CLUTTER_BAR_BACKGROUND", {10, 22}},
+        {"MAIN_PREVIOUS_BUTTON", {16, 88}},
+        {"MAIN_PLAY_BUTTON", {39, 88}},
+        {"MAIN_PAUSE_BUTTON", {62, 88}},
+        {"MAIN_STOP_BUTTON", {85, 88}},
+        {"MAIN_NEXT_BUTTON", {108, 88}, Rect{108, 88, 22, 18}},
+        {"MAIN_EJECT_BUTTON", {136, 89}}
+    });
 }
 
 // A window that shows something of everything, none of it where the presets have it.
@@ -129,7 +48,7 @@ TEST(MainWindowRenderer, DrawsAnIdlePlayer)
 {
     const Skin skin = noisySkin();
     Collage expected(skin);
-    expected.addBase();
+    addBase(expected);
     expected.add({
         {"MAIN_STOPPED_INDICATOR", {26, 28}}
     });
@@ -157,7 +76,7 @@ TEST(MainWindowRenderer, DrawsThePlayerOfTheReferenceScreenshots)
     const Skin skin = noisySkin();
     const auto state = MainWindowState::webampScreenshot();
     Collage expected(skin);
-    expected.addBase();
+    addBase(expected);
     expected.add({
         {"MAIN_PLAYING_INDICATOR", {26, 28}},
         {"MAIN_NOT_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}},
@@ -194,7 +113,7 @@ TEST(MainWindowRenderer, FollowsEachPartOfTheState)
     struct Row {
         std::string_view what;
         MainWindowState state;
-        Piece shown;
+        Collage::Piece shown;
     };
     const auto with = [](auto change) {
         MainWindowState state = MainWindowState::webampScreenshot();
@@ -268,7 +187,7 @@ TEST(MainWindowRenderer, ScrollsTheMarqueeInsideItsArea)
         state.marqueePixels = pixels;
         const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
         Collage expected(skin);
-        expected.addBase();
+        addBase(expected);
         expected.add(textImage(skin, loop), {111 - offset, 27}, area);
         expectSame(*window.crop(area), *std::move(expected).image().crop(area));
         // The row above and the column beyond stay as they were.
@@ -354,7 +273,7 @@ TEST(MainWindowRenderer, DrawsTheSameInTwoLayersAsInOne)
                        MainWindowRenderer::render(skin, state, scale, Clip::none));
         }
     Collage expected(skin);
-    expected.addBase(false);
+    addBase(expected, false);
     expectSame(MainWindowRenderer::renderBase(skin, false, 1), std::move(expected).image());
 }
 
