@@ -87,6 +87,10 @@ std::string repaired(ByteView bytes)
 
 char32_t takeFirst(std::string_view& text)
 {
+    if (const auto byte = static_cast<unsigned char>(text[0]); byte < 0x80) {
+        text.remove_prefix(1);
+        return byte;
+    }
     utf8proc_int32_t codePoint = 0;
     const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                          static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
