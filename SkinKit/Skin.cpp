@@ -1,14 +1,9 @@
 #include "SkinKit/Skin.h"
 
 #include "SkinKit/Layout/EQLayout.h"
+#include "SkinKit/Layout/MainSliders.h"
 
 namespace SkinKit {
-namespace {
-
-constexpr int framePitch = 15;
-constexpr int frameRows = 13;
-
-}
 
 std::optional<SpriteFallbacks::Resolved> Skin::resolve(std::string_view sprite) const
 {
@@ -27,11 +22,11 @@ std::optional<Image> Skin::image(std::string_view sprite) const
 std::optional<Image> Skin::image(std::string_view sprite, Frame frame) const
 {
     const auto resolved = resolve(sprite);
-    if (!resolved || frame.number < 0 || frame.number > resolved->rect.height / framePitch)
+    if (!resolved || frame.number < 0 ||
+        frame.number > resolved->rect.height / MainSliders::frameHeight)
         return std::nullopt;
     const Image& sheet = sheets.find(resolved->sheet)->second;
-    const Rect rect{resolved->rect.x, resolved->rect.y + framePitch * frame.number,
-                    resolved->rect.width, frameRows};
+    const Rect rect = MainSliders::frameRect(resolved->rect, frame.number);
     if (rect.bottom() > sheet.height() || rect.bottom() > resolved->rect.bottom())
         return std::nullopt;
     return sheet.crop(rect);

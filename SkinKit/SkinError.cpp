@@ -1,5 +1,7 @@
 #include "SkinKit/SkinError.h"
 
+#include <utility>
+
 namespace SkinKit {
 
 SkinError SkinError::unreadableArchive(std::string detail)

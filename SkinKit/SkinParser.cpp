@@ -9,7 +9,10 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 
+#include <optional>
+#include <set>
 #include <string>
+#include <utility>
 
 namespace SkinKit::SkinParser {
 namespace {

@@ -1,6 +1,7 @@
 #include "SkinKit/SkinRegion.h"
 
 #include "SkinKit/Raster/Canvas.h"
+#include "SkinKit/Raster/Geometry.h"
 
 namespace SkinKit {
 
@@ -12,12 +13,6 @@ const SkinRegion::Polygons* SkinRegion::section(std::string_view name) const
 
 Path SkinRegion::path(const Polygons& polygons, int scale)
 {
-    const auto scaled = [scale](std::int64_t coordinate) {
-        std::int64_t product = 0;
-        if (__builtin_mul_overflow(coordinate, std::int64_t{scale}, &product))
-            return (coordinate < 0) == (scale < 0) ? INT64_MAX : INT64_MIN;
-        return product;
-    };
     Path path;
     for (const auto& polygon : polygons) {
         if (polygon.empty())
@@ -25,7 +20,7 @@ Path SkinRegion::path(const Polygons& polygons, int scale)
         auto& outline = path.polygons.emplace_back();
         outline.reserve(polygon.size());
         for (const auto& point : polygon)
-            outline.push_back({scaled(point.x), scaled(point.y)});
+            outline.push_back({scaledCoordinate(point.x, scale), scaledCoordinate(point.y, scale)});
     }
     return path;
 }

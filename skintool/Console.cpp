@@ -30,6 +30,9 @@ std::string spelledOut(char32_t codePoint)
     return text;
 }
 
+// Why standard output was first found not to take what it was given.
+int outputError = 0;
+
 void printLine(std::FILE* stream, std::string_view line)
 {
     std::fwrite(line.data(), 1, line.size(), stream);
@@ -55,6 +58,8 @@ std::string visible(std::string_view text)
 void print(std::string_view line)
 {
     printLine(stdout, line);
+    if (std::ferror(stdout) && outputError == 0)
+        outputError = errno;
 }
 
 void say(std::string_view line)
@@ -81,9 +86,11 @@ ExitStatus sayUsageError(std::string_view description, std::string_view usage)
 
 ExitStatus finish(ExitStatus status)
 {
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+    const bool flushed = std::fflush(stdout) == 0;
+    if (flushed && outputError == 0)
         return status;
-    sayError("standard output", std::generic_category().message(errno));
+    sayError("standard output",
+             std::generic_category().message(outputError != 0 ? outputError : errno));
     return trouble;
 }
 

@@ -12,6 +12,7 @@ const std::string_view help = R"(Examples:
 Options:
   --json        print one JSON object, its keys sorted
   -h, --help    this text
+  --version     the version
 
 Exit status: 0 done; 2 trouble.)";
 

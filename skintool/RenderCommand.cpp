@@ -47,14 +47,22 @@ ExitStatus write(const Image& image, const std::string& path)
     return done;
 }
 
-// The skin's name without its extension, wherever the path leads: "." has a name too.
-std::filesystem::path referencePath(const SkintoolOptions& options)
+// The skin's name as the user gave it, without its extension; a folder has none. Only a path such
+// as
+// "." has to be followed to find a name.
+std::string skinName(const std::filesystem::path& input)
 {
     std::error_code ignored;
-    auto skin = std::filesystem::weakly_canonical(options.input, ignored);
-    const bool isFolder = std::filesystem::is_directory(skin, ignored);
-    const auto name = isFolder ? skin.filename() : skin.stem();
-    return std::filesystem::path(*options.compare) / (name.string() + ".png");
+    auto path = input.has_filename() ? input : input.parent_path();
+    if (path.empty() || path.filename() == "." || path.filename() == "..")
+        path = std::filesystem::weakly_canonical(input, ignored);
+    const bool isFolder = std::filesystem::is_directory(path, ignored);
+    return (isFolder ? path.filename() : path.stem()).string();
+}
+
+std::filesystem::path referencePath(const SkintoolOptions& options)
+{
+    return std::filesystem::path(*options.compare) / (skinName(options.input) + ".png");
 }
 
 // Beside the output: out.png → out.diff.png.
@@ -77,25 +85,67 @@ void tellCounters(const ImageDiff::Result& result)
     tell("beyondToleranceOutsideIgnored", result.beyondToleranceOutsideIgnored);
 }
 
-ExitStatus compare(const Image& image, const SkintoolOptions& options)
+// The answer, and the marked picture beside the output where there is a difference to see. One left
+// there by an earlier run would pass for this one's.
+ExitStatus compare(const Image& image, const Image& reference, const SkintoolOptions& options)
 {
-    const auto path = referencePath(options);
-    const auto reference = PNGWriter::read(path);
-    if (!reference) {
-        Console::sayError(path.string(), "no readable reference picture");
-        return trouble;
-    }
-    const auto result = ImageDiff::compare(image, *reference);
+    const auto result = ImageDiff::compare(image, reference);
     tellCounters(result);
     if (result.compared == 0) {
-        Console::sayError(path.string(), "no pixel to compare");
+        Console::sayError(referencePath(options).string(), "no pixel to compare");
         return trouble;
     }
-    if (result.differing == 0)
+    const auto marked = markedPath(*options.png);
+    if (result.differing == 0) {
+        std::error_code ignored;
+        std::filesystem::remove(marked, ignored);
         return done;
-    const auto status =
-        write(ImageDiff::diffImage(image, *reference), markedPath(*options.png).string());
+    }
+    const auto status = write(ImageDiff::diffImage(image, reference), marked.string());
     return status == done ? answerIsNo : status;
+}
+
+// Why the files named can't be used together, before any is written; nothing when they can.
+std::optional<std::string> conflict(const SkintoolOptions& options)
+{
+    const auto isSame = [](const std::filesystem::path& a, const std::filesystem::path& b) {
+        std::error_code ignored;
+        return std::filesystem::equivalent(a, b, ignored);
+    };
+    if (isSame(*options.png, options.input))
+        return "is the skin itself";
+    if (!options.compare)
+        return std::nullopt;
+
+    const auto reference = referencePath(options);
+    if (isSame(*options.png, reference) || isSame(markedPath(*options.png), reference))
+        return "would overwrite the reference picture";
+    std::error_code ignored;
+    const bool isInPlace = options.png->starts_with("/dev/") ||
+                           (std::filesystem::exists(*options.png, ignored) &&
+                            !std::filesystem::is_regular_file(*options.png, ignored));
+    if (isInPlace)
+        return "--compare needs a file to put the marked picture beside";
+    return std::nullopt;
+}
+
+ExitStatus renderAndCompare(const Skin& skin, const SkintoolOptions& options)
+{
+    if (const auto reason = conflict(options)) {
+        Console::sayError(*options.png, *reason);
+        return trouble;
+    }
+    const Image image = render(skin, options);
+    const auto status = write(image, *options.png);
+    if (status != done || !options.compare)
+        return status;
+
+    const auto reference = PNGWriter::read(referencePath(options));
+    if (!reference) {
+        Console::sayError(referencePath(options).string(), "no readable reference picture");
+        return trouble;
+    }
+    return compare(image, *reference, options);
 }
 
 ExitStatus run(const SkintoolOptions& options)
@@ -113,12 +163,7 @@ ExitStatus run(const SkintoolOptions& options)
         Console::print(Console::visible(options.input) + ": " + info->summary());
     if (options.verbose)
         tellNotes(info->skin, options.png ? Console::say : Console::print);
-    if (!options.png)
-        return done;
-
-    const Image image = render(info->skin, options);
-    const auto status = write(image, *options.png);
-    return status == done && options.compare ? compare(image, options) : status;
+    return options.png ? renderAndCompare(info->skin, options) : done;
 }
 
 }
@@ -136,7 +181,8 @@ Options:
   --png <out>           write the main window as a PNG file
   --state webamp|idle   a playing player (the default) or one just started
   --scale N             N device pixels for each of the 275 x 116 (default 1)
-  --compare <refdir>    compare with <refdir>/<skin's name>.png; needs scale 1
+  --compare <refdir>    compare with <refdir>/<skin's name>.png; needs scale 1, and
+                        writes out.diff.png beside out.png where they differ
   --no-region           the whole rectangle, not the shape that the skin cuts
   -h, --help            this text
   --version             the version
@@ -144,7 +190,10 @@ Options:
 Sub-commands (skintool <word> --help tells more):
   info                  tell everything about a skin, or print it as JSON
 
-Exit status: 0 done; 1 the pictures differ, and out.diff.png shows where; 2 trouble.)";
+A name that begins with "-" is written "./-name". A picture takes about three times
+its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.
+
+Exit status: 0 done; 1 the pictures differ; 2 trouble.)";
 
 ExitStatus run(std::span<const std::string> arguments)
 {

@@ -1,3 +1,4 @@
+#include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Version.h"
@@ -55,6 +56,7 @@ ExitStatus run(Arguments arguments)
 
 int main(int argc, char** argv)
 {
+    SkinKit::Process::reportFileSizeLimit();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     return Console::finish(run(arguments));
 }

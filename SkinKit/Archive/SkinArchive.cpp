@@ -30,16 +30,20 @@ std::optional<std::string_view> pathExtension(std::string_view name)
     return name.substr(dot + 1);
 }
 
+void checkLimits(const SkinArchive::Limits& limits)
+{
+    check(limits.maxEntryBytes >= 0 && limits.maxTotalBytes >= 0,
+          "archive limits must not be negative");
+}
+
 // The table while it is being filled: the rules that archives and folders share.
 class Intake {
 public:
-    explicit Intake(const SkinArchive::Limits& limits) : limits_(limits)
-    {
-        check(limits.maxEntryBytes >= 0 && limits.maxTotalBytes >= 0,
-              "archive limits must not be negative");
-    }
+    explicit Intake(const SkinArchive::Limits& limits) : limits_(limits) {}
 
-    bool isFull() const { return total_ >= limits_.maxTotalBytes; }
+    // Nothing more is to be read: the budget is spent, or too much work has come to nothing. Any
+    // number of entries may share one damaged stream; no honest archive has a hundred such.
+    bool isFull() const { return total_ >= limits_.maxTotalBytes || lost_ >= mostLost; }
 
     // The name under which a file would be kept, or nothing when it is not wanted: no name, a name
     // already taken, an extension that is not read, or too large by its own account.
@@ -62,11 +66,13 @@ public:
         return std::min(limits_.maxEntryBytes, limits_.maxTotalBytes - total_);
     }
 
-    // Nothing to keep (it could not be had, or had no room) changes nothing.
+    // Nothing to keep (it could not be had, or had no room) leaves the budget as it was.
     void keep(std::string name, std::optional<ByteBuffer> bytes)
     {
-        if (!bytes)
+        if (!bytes) {
+            lost_ += room();
             return;
+        }
         total_ += std::ssize(*bytes);
         files_.emplace(std::move(name), std::move(*bytes));
     }
@@ -74,9 +80,12 @@ public:
     SkinArchive::Table takeFiles() { return std::move(files_); }
 
 private:
+    static constexpr std::int64_t mostLost = 1 << 30;
+
     const SkinArchive::Limits& limits_;
     SkinArchive::Table files_;
     std::int64_t total_ = 0;
+    std::int64_t lost_ = 0; // bytes of room offered to what could not be kept
 };
 
 // The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.
@@ -91,8 +100,8 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
     if (entry.method != ZipFile::Method::deflated)
         return std::nullopt;
 
-    // Deflated data is never longer than this unless it is padded with empty blocks; the bound
-    // keeps such padding from asking for memory.
+    // Only padding with empty blocks makes deflated data more than a little longer than what comes
+    // out of it; twice as long and some is where such padding is no longer believed.
     constexpr std::int64_t allowance = 65'536;
     if (entry.compressedBytes > allowance && (entry.compressedBytes - allowance) / 2 > room)
         return std::nullopt;
@@ -127,7 +136,7 @@ SkinArchive::Table readFolder(const std::filesystem::path& folder,
             break;
         const std::string readable = Unicode::repaired(asBytes(entry.name));
         if (auto name = intake.wantedName(readable, entry.size)) {
-            auto bytes = Files::read(folder / entry.name, intake.room());
+            auto bytes = Files::read(folder / entry.name, intake.room(), Files::Links::refused);
             intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);
         }
     }
@@ -145,6 +154,7 @@ SkinArchive::SkinArchive(const Table& files) : entryCount_(std::ssize(files))
 std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::path& path,
                                                         const Limits& limits)
 {
+    checkLimits(limits);
     SkinArchive archive;
     const auto kind = Files::kind(path);
     if (kind && *kind == Files::Kind::folder) {
@@ -166,6 +176,7 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::p
 
 std::expected<SkinArchive, SkinError> SkinArchive::open(ByteView bytes, const Limits& limits)
 {
+    checkLimits(limits);
     const auto zip = ZipFile::open(bytes);
     if (!zip)
         return std::unexpected(SkinError::unreadableArchive(zip.error()));

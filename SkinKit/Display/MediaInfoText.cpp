@@ -28,7 +28,7 @@ std::string kbps(std::optional<int> bitrateKbps)
 std::string khz(std::optional<double> sampleRate)
 {
     constexpr std::size_t width = 2;
-    constexpr double most = 1e18; // any more digits would not be shown
+    constexpr double most = 1e18; // beyond any rate there is, and an integer holds it
     if (!sampleRate || !std::isfinite(*sampleRate))
         return " 0";
     const double rounded = std::round(*sampleRate / 1000);

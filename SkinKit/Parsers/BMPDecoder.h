@@ -7,8 +7,8 @@
 #include <optional>
 
 // Decodes Windows and OS/2 bitmap files of every classic depth and compression. Strict about sizes
-// and header fields; forgiving about where pixels are said to begin and about short palettes, since
-// the files found in skins often have both wrong.
+// and header fields; forgiving about where pixels are said to begin and about colours that the
+// palette lacks, since the files found in skins often have both wrong.
 namespace SkinKit::BMPDecoder {
 
 inline constexpr int maxSide = 4096;

@@ -33,12 +33,7 @@ std::optional<std::string> sectionName(std::string_view line)
 
 void readProperty(std::string_view line, Section& section)
 {
-    while (!line.empty()) {
-        std::string_view rest = line;
-        if (!Unicode::isWhiteSpace(Unicode::takeFirst(rest)))
-            break;
-        line = rest;
-    }
+    line = Unicode::trimmedFront(line);
     if (line.empty() || line.front() == ';')
         return;
     // A key has at least one character, so an "=" right at the front is its first.

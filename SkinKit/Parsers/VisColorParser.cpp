@@ -14,16 +14,6 @@ namespace {
 // Digits of any script count as digits. Kept as code points, since a run may have to be cut.
 using Digits = std::u32string;
 
-void skipWhiteSpace(std::string_view& text)
-{
-    while (!text.empty()) {
-        std::string_view rest = text;
-        if (!Unicode::isWhiteSpace(Unicode::takeFirst(rest)))
-            return;
-        text = rest;
-    }
-}
-
 Digits takeDigits(std::string_view& text)
 {
     Digits digits;
@@ -41,11 +31,9 @@ Digits takeDigits(std::string_view& text)
 // White space, at most one comma, white space.
 void skipSeparator(std::string_view& text)
 {
-    skipWhiteSpace(text);
-    if (text.starts_with(',')) {
-        text.remove_prefix(1);
-        skipWhiteSpace(text);
-    }
+    text = Unicode::trimmedFront(text);
+    if (text.starts_with(','))
+        text = Unicode::trimmedFront(text.substr(1));
 }
 
 // What the expression \s*(\d+)\s*,?\s*(\d+)\s*,?\s*(\d+) captures at the start of a line. Nothing
@@ -54,7 +42,7 @@ void skipSeparator(std::string_view& text)
 // and "12 34" reads 12, 3, 4.
 std::optional<std::array<Digits, 3>> threeNumbers(std::string_view line)
 {
-    skipWhiteSpace(line);
+    line = Unicode::trimmedFront(line);
     const Digits first = takeDigits(line);
     skipSeparator(line);
     const Digits second = takeDigits(line);

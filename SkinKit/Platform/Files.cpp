@@ -1,5 +1,7 @@
 #include "SkinKit/Platform/Files.h"
 
+#include "SkinKit/Platform/Numbers.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -14,6 +16,8 @@
 
 namespace SkinKit::Files {
 namespace {
+
+constexpr int mostLinks = 40; // as the system itself allows
 
 std::error_code lastError()
 {
@@ -62,7 +66,25 @@ std::error_code writeAndClose(int descriptor, ByteView bytes)
     return error ? error : closed ? std::error_code{} : lastError();
 }
 
-// The descriptor of standard output or standard error, when `path` is a name of it.
+// The open descriptor that `path` is a name of: itself or at the end of links, /dev/fd/N or
+// /proc/self/fd/N.
+std::optional<int> openDescriptor(std::filesystem::path path)
+{
+    for (int i = 0; i < mostLinks; ++i) {
+        const auto folder = path.parent_path();
+        if (folder == "/dev/fd" || folder == "/proc/self/fd")
+            return Numbers::parseInteger<int>(path.filename().string());
+        std::error_code error;
+        const auto target = std::filesystem::read_symlink(path, error);
+        if (error)
+            return std::nullopt;
+        path = folder / target;
+    }
+    return std::nullopt;
+}
+
+// The descriptor of standard output or standard error, when they go to `file`: replaced, it would
+// lose what else is printed.
 std::optional<int> standardStream(const struct ::stat& file)
 {
     for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO}) {
@@ -83,7 +105,6 @@ std::error_code writeInPlace(const char* path, ByteView bytes)
 // Where `path` leads in the end, through links whose target need not exist yet.
 Result<std::filesystem::path> followLinks(std::filesystem::path path)
 {
-    constexpr int mostLinks = 40; // as the system itself allows
     for (int i = 0; i < mostLinks; ++i) {
         std::error_code error;
         const auto target = std::filesystem::read_symlink(path, error);
@@ -141,7 +162,7 @@ Result<Kind> kind(const std::filesystem::path& path)
                                    : Kind::other;
 }
 
-Result<InputFile> InputFile::open(const std::filesystem::path& path)
+Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links)
 {
     // Looked at before it is opened, since opening a device can have effects of its own; not
     // waiting covers a file that turns into a pipe in between.
@@ -153,7 +174,8 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path)
     if (*found != Kind::regularFile)
         return failure(std::errc::not_supported);
 
-    InputFile file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY), 0);
+    const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    InputFile file(::open(path.c_str(), links == Links::refused ? flags | O_NOFOLLOW : flags), 0);
     struct ::stat status{};
     if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0)
         return std::unexpected(lastError());
@@ -202,9 +224,9 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
     }
 }
 
-Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes)
+Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes, Links links)
 {
-    auto file = InputFile::open(path);
+    auto file = InputFile::open(path, links);
     if (!file)
         return std::unexpected(file.error());
     return file->read(maxBytes);
@@ -239,6 +261,9 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
 
 std::error_code write(const std::filesystem::path& path, ByteView bytes)
 {
+    if (const auto descriptor = openDescriptor(path))
+        return writeFully(*descriptor, bytes);
+
     struct ::stat file{};
     if (::stat(path.c_str(), &file) != 0) {
         if (errno != ENOENT)

@@ -22,10 +22,13 @@ enum class Kind { regularFile, folder, other };
 // What `path` leads to, links followed.
 Result<Kind> kind(const std::filesystem::path& path);
 
+// Whether a name that is itself a link may be opened.
+enum class Links { followed, refused };
+
 // A regular file open for reading, closed at the end of its life.
 class InputFile {
 public:
-    static Result<InputFile> open(const std::filesystem::path& path);
+    static Result<InputFile> open(const std::filesystem::path& path, Links links);
 
     InputFile(InputFile&& other) noexcept;
     InputFile& operator=(InputFile&&) = delete;
@@ -48,7 +51,8 @@ private:
     std::int64_t size_;
 };
 
-Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes);
+Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
+                        Links links = Links::followed);
 
 struct FolderEntry {
     std::string name;
@@ -62,9 +66,10 @@ struct FolderEntry {
 Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder);
 
 // Writes `bytes` to `path`, links followed. A regular file, or one yet to be made, is replaced in
-// one step, so that nobody ever sees half of it and a failure leaves it as it was; a new file gets
-// the permissions that the umask leaves, an old one keeps its own. Anything else (a device, a pipe,
-// standard output by name) is written in place.
+// one step, so that nobody ever sees half of it and an error leaves it as it was (nothing is forced
+// to the disk: a power cut may still lose it). A new file gets the permissions that the umask
+// leaves; an old one keeps its permissions, not its owner. Anything else (a device, a pipe) is
+// written in place, and so is what is open already, named /dev/stdout, /dev/fd/N or the like.
 std::error_code write(const std::filesystem::path& path, ByteView bytes);
 
 }

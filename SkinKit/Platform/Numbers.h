@@ -23,7 +23,8 @@ std::optional<Integer> parseInteger(std::string_view text)
     return value;
 }
 
-// The whole text as a finite decimal number (sign, digits, fraction, exponent), or nothing.
+// The whole text as a finite decimal number (sign, digits, fraction, exponent), or nothing. One too
+// small to be told from 0 is 0.
 std::optional<double> parseDecimal(std::string_view text);
 
 }

@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t signatureBytes = 8;
 constexpr int bytesPerPixel = 4;
+constexpr png_alloc_size_t largestChunkBytes = 1 << 20; // of those that need memory of their own
 
 // libpng reports an error by jumping out of its call. Everything a call leaves behind is therefore
 // held by these structs, which the jump does not unwind, and each function that makes such calls
@@ -62,6 +63,10 @@ bool readHeader(Reader& reader, const Limits& limits)
     png_set_read_fn(reader.png, &reader, Reader::read);
     png_set_user_limits(reader.png, static_cast<png_uint_32>(limits.maxSide),
                         static_cast<png_uint_32>(limits.maxSide));
+    // Text, profiles and the like are passed over unread; inflating them is how a small file would
+    // take gigabytes.
+    png_set_keep_unknown_chunks(reader.png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
+    png_set_chunk_malloc_max(reader.png, largestChunkBytes);
     png_read_info(reader.png, reader.info);
 
     const auto width = png_get_image_width(reader.png, reader.info);

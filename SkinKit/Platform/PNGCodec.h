@@ -11,8 +11,8 @@ namespace SkinKit::PNGCodec {
 
 // What one decode may cost; a larger picture is refused before any memory is asked for.
 struct Limits {
-    int maxSide = 4096;
-    std::int64_t maxPixels = 8'388'608;
+    int maxSide;
+    std::int64_t maxPixels;
 };
 
 // The picture in a PNG file of any colour type, depth and interlacing; 16-bit channels keep their

@@ -212,17 +212,23 @@ bool isDigit(char32_t codePoint)
     return utf8proc_category(static_cast<utf8proc_int32_t>(codePoint)) == UTF8PROC_CATEGORY_ND;
 }
 
-std::string_view trimmed(std::string_view text)
+std::string_view trimmedFront(std::string_view text)
 {
-    const auto isContinuation = [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-    };
     while (!text.empty()) {
         std::string_view rest = text;
         if (!isWhiteSpace(takeFirst(rest)))
             break;
         text = rest;
     }
+    return text;
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    text = trimmedFront(text);
+    const auto isContinuation = [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+    };
     while (!text.empty()) {
         std::size_t start = text.size() - 1;
         while (start > 0 && isContinuation(text[start]))

@@ -38,7 +38,8 @@ std::u16string toUTF16(std::string_view text);
 bool isWhiteSpace(char32_t codePoint);
 bool isDigit(char32_t codePoint);
 
-// Without white space, line ends among it, at both ends.
+// Without white space, line ends among it, in front, or at both ends.
+std::string_view trimmedFront(std::string_view text);
 std::string_view trimmed(std::string_view text);
 
 }

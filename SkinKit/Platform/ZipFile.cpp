@@ -63,9 +63,10 @@ void ZipFile::Close::operator()(zip* archive) const
 
 std::expected<ZipFile, std::string> ZipFile::open(const std::filesystem::path& path)
 {
-    auto file = Files::InputFile::open(path);
+    auto file = Files::InputFile::open(path, Files::Links::followed);
     if (!file)
-        return std::unexpected(file.error().message());
+        return std::unexpected(file.error() == std::errc::not_supported ? "Not a regular file"
+                                                                        : file.error().message());
     if (file->size() <= readWholeBytes) {
         auto bytes = file->read(readWholeBytes);
         if (!bytes)

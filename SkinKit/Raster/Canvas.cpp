@@ -50,15 +50,6 @@ void blendRow(std::span<const Pixel> source, Pixel* target)
     }
 }
 
-std::int64_t scaled(std::int64_t coordinate, int scale, std::int64_t origin)
-{
-    std::int64_t result = 0;
-    if (__builtin_mul_overflow(coordinate, std::int64_t{scale}, &result) ||
-        __builtin_add_overflow(result, origin, &result))
-        return coordinate < 0 ? INT64_MIN : INT64_MAX;
-    return result;
-}
-
 }
 
 Canvas::Canvas(Size deviceSize) : pixels_(PixelBuffer::transparent(deviceSize))
@@ -69,7 +60,8 @@ Canvas::Canvas(Size deviceSize) : pixels_(PixelBuffer::transparent(deviceSize))
 void Canvas::translate(Point by)
 {
     const auto moved = [this](std::int64_t origin, int distance) {
-        return std::clamp(scaled(distance, state_.scale, origin), -farthestOrigin, farthestOrigin);
+        return std::clamp(scaledCoordinate(distance, state_.scale, origin), -farthestOrigin,
+                          farthestOrigin);
     };
     state_.originX = moved(state_.originX, by.x);
     state_.originY = moved(state_.originY, by.y);
@@ -89,10 +81,10 @@ Rect Canvas::visibleDevicePixels(const Rect& cell) const
         return static_cast<int>(std::clamp<std::int64_t>(value, low, high));
     };
     const auto edgeX = [&](std::int64_t x) {
-        return within(scaled(x, state_.scale, state_.originX), clip.x, clip.right());
+        return within(scaledCoordinate(x, state_.scale, state_.originX), clip.x, clip.right());
     };
     const auto edgeY = [&](std::int64_t y) {
-        return within(scaled(y, state_.scale, state_.originY), clip.y, clip.bottom());
+        return within(scaledCoordinate(y, state_.scale, state_.originY), clip.y, clip.bottom());
     };
     const int left = edgeX(cell.x);
     const int top = edgeY(cell.y);
@@ -111,8 +103,8 @@ void Canvas::clip(const Path& path)
     Path device = path;
     for (auto& polygon : device.polygons)
         for (auto& vertex : polygon)
-            vertex = {scaled(vertex.x, state_.scale, state_.originX),
-                      scaled(vertex.y, state_.scale, state_.originY)};
+            vertex = {scaledCoordinate(vertex.x, state_.scale, state_.originX),
+                      scaledCoordinate(vertex.y, state_.scale, state_.originY)};
     const SpanMask mask = SpanMask::fill(device, state_.clip);
     state_.mask =
         std::make_shared<const SpanMask>(state_.mask ? mask.intersected(*state_.mask) : mask);
@@ -135,8 +127,8 @@ void Canvas::draw(const Image& image, const Rect& cell)
 void Canvas::drawVisible(const Image& image, const Rect& cell, const Rect& device)
 {
     const int scale = state_.scale;
-    const std::int64_t cellLeft = scaled(cell.x, scale, state_.originX);
-    const std::int64_t cellTop = scaled(cell.y, scale, state_.originY);
+    const std::int64_t cellLeft = scaledCoordinate(cell.x, scale, state_.originX);
+    const std::int64_t cellTop = scaledCoordinate(cell.y, scale, state_.originY);
     // Columns of the cell that show, and how many device pixels of the first are cut off.
     const auto firstColumn = static_cast<int>((device.x - cellLeft) / scale);
     const auto endColumn = static_cast<int>((device.right() - 1 - cellLeft) / scale) + 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 
 // Whole-pixel and fractional geometry. Origin top left, x to the right, y downwards.
 namespace SkinKit {
@@ -38,10 +39,14 @@ struct Rect {
 // The pixels in both; empty when there are none.
 constexpr Rect intersection(const Rect& a, const Rect& b)
 {
+    // The far edges of a rectangle from anywhere need not fit an int.
+    const auto end = [](std::int64_t begin, std::int64_t length) { return begin + length; };
     const int left = std::max(a.x, b.x);
     const int top = std::max(a.y, b.y);
-    return {left, top, std::max(0, std::min(a.right(), b.right()) - left),
-            std::max(0, std::min(a.bottom(), b.bottom()) - top)};
+    const auto width = std::min(end(a.x, a.width), end(b.x, b.width)) - left;
+    const auto height = std::min(end(a.y, a.height), end(b.y, b.height)) - top;
+    return {left, top, static_cast<int>(std::max<std::int64_t>(0, width)),
+            static_cast<int>(std::max<std::int64_t>(0, height))};
 }
 
 constexpr bool contains(const Rect& outer, const Rect& inner)
@@ -54,6 +59,19 @@ constexpr bool contains(const Rect& rect, Point point)
 {
     return point.x >= rect.x && point.y >= rect.y && point.x < rect.right() &&
            point.y < rect.bottom();
+}
+
+// coordinate * factor + offset, held at the ends of the type.
+constexpr std::int64_t scaledCoordinate(std::int64_t coordinate, std::int64_t factor,
+                                        std::int64_t offset = 0)
+{
+    std::int64_t product = 0;
+    if (__builtin_mul_overflow(coordinate, factor, &product))
+        return (coordinate < 0) == (factor < 0) ? INT64_MAX : INT64_MIN;
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(product, offset, &sum))
+        return offset < 0 ? INT64_MIN : INT64_MAX;
+    return sum;
 }
 
 // Sizes and places in points (a point may be more or less than a device pixel).

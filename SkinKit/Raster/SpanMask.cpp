@@ -10,8 +10,8 @@ namespace {
 
 __extension__ using Wide = __int128;
 
-// Coordinates are held within ±2^60 so that the products below fit 128 bits. Nothing a window could
-// show lies out there.
+// Coordinates are held within ±2^60 so that the products below fit 128 bits. An edge that ends
+// farther out still crosses the window, if at a slightly other slope.
 constexpr std::int64_t farAway = std::int64_t{1} << 60;
 
 std::int64_t bounded(std::int64_t coordinate)
@@ -94,60 +94,76 @@ private:
     std::int64_t stepRemainder_ = 0;
 };
 
-std::vector<EdgeWalk> edgesCrossing(const Path& path, const Rect& bounds)
-{
-    std::vector<EdgeWalk> edges;
-    for (const auto& polygon : path.polygons) {
-        for (std::size_t i = 0; i < polygon.size(); ++i) {
-            const auto& from = polygon[i];
-            const auto& to = polygon[i + 1 < polygon.size() ? i + 1 : 0];
-            const auto walk =
-                EdgeWalk::start({bounded(from.x), bounded(from.y)}, {bounded(to.x), bounded(to.y)},
-                                bounds.y, bounds.bottom());
-            if (walk)
-                edges.push_back(*walk);
+// How the winding number changes from column to column, for some rows of the bounds at once. Edges
+// are added one by one, so that nothing is kept or sorted for a polygon of millions of points.
+class WindingTable {
+public:
+    explicit WindingTable(const Rect& rows)
+        : rows_(rows), pitch_(static_cast<std::size_t>(rows.width) + 1),
+          changes_(pitch_ * static_cast<std::size_t>(rows.height))
+    {
+    }
+
+    void add(const Path& path)
+    {
+        for (const auto& polygon : path.polygons)
+            for (std::size_t i = 0; i < polygon.size(); ++i)
+                addEdge(polygon[i], polygon[i + 1 < polygon.size() ? i + 1 : 0]);
+    }
+
+    // Columns past the last one of row y are not looked at; its runs go to `spans`.
+    void appendSpans(int y, std::vector<SpanMask::Span>& spans) const
+    {
+        const int* const changes = changes_.data() + offsetOf(y);
+        int winding = 0;
+        for (int x = 0; x < rows_.width; ++x) {
+            const bool wasInside = winding != 0;
+            winding += changes[x];
+            if (!wasInside && winding != 0)
+                spans.push_back({rows_.x + x, rows_.right()});
+            else if (wasInside && winding == 0)
+                spans.back().end = rows_.x + x;
         }
     }
-    return edges;
-}
+
+private:
+    std::size_t offsetOf(int y) const { return static_cast<std::size_t>(y - rows_.y) * pitch_; }
+
+    void addEdge(const Path::Vertex& from, const Path::Vertex& to)
+    {
+        auto edge = EdgeWalk::start({bounded(from.x), bounded(from.y)},
+                                    {bounded(to.x), bounded(to.y)}, rows_.y, rows_.bottom());
+        if (!edge)
+            return;
+        for (int* row = changes_.data() + offsetOf(edge->row); edge->row < edge->endRow;
+             row += pitch_, edge->advance())
+            row[std::clamp<std::int64_t>(edge->column - rows_.x, 0, rows_.width)] += edge->winding;
+    }
+
+    Rect rows_;
+    std::size_t pitch_;
+    std::vector<int> changes_;
+};
 
 }
 
 SpanMask SpanMask::fill(const Path& path, const Rect& bounds)
 {
+    // All rows of an ordinary window at once; of a giant one a few megabytes' worth at a time.
+    constexpr int mostEntries = 1 << 22;
+    const int rowsAtOnce = std::max(1, mostEntries / (bounds.width + 1));
+
     SpanMask mask;
     mask.top_ = bounds.y;
     mask.firstSpan_.push_back(0);
-    auto edges = edgesCrossing(path, bounds);
-    std::ranges::sort(edges, {}, &EdgeWalk::row);
-
-    // Each row sums how the winding number changes from column to column; no row is ever sorted, so
-    // a polygon of a million points costs a million steps a row and no more.
-    std::vector<int> windingChange(static_cast<std::size_t>(bounds.width) + 1);
-    std::vector<EdgeWalk> active;
-    auto next = edges.begin();
-    for (int y = bounds.y; y < bounds.bottom(); ++y) {
-        std::erase_if(active, [y](const EdgeWalk& edge) { return edge.endRow <= y; });
-        for (; next != edges.end() && next->row == y; ++next)
-            active.push_back(*next);
-
-        std::ranges::fill(windingChange, 0);
-        for (EdgeWalk& edge : active) {
-            const auto column = std::clamp<std::int64_t>(edge.column - bounds.x, 0, bounds.width);
-            windingChange[static_cast<std::size_t>(column)] += edge.winding;
-            edge.advance();
+    for (int top = bounds.y; top < bounds.bottom(); top += rowsAtOnce) {
+        const int rows = std::min(rowsAtOnce, bounds.bottom() - top);
+        WindingTable table({bounds.x, top, bounds.width, rows});
+        table.add(path);
+        for (int y = top; y < top + rows; ++y) {
+            table.appendSpans(y, mask.spans_);
+            mask.firstSpan_.push_back(mask.spans_.size());
         }
-
-        int winding = 0;
-        for (int x = 0; x < bounds.width; ++x) {
-            const bool wasInside = winding != 0;
-            winding += windingChange[static_cast<std::size_t>(x)];
-            if (!wasInside && winding != 0)
-                mask.spans_.push_back({bounds.x + x, bounds.right()});
-            else if (wasInside && winding == 0)
-                mask.spans_.back().end = bounds.x + x;
-        }
-        mask.firstSpan_.push_back(mask.spans_.size());
     }
     return mask;
 }

@@ -2,14 +2,11 @@
 
 #include "SkinKit/Parsers/BMPDecoder.h"
 #include "SkinKit/Platform/Files.h"
-#include "SkinKit/Platform/PNGCodec.h"
 
 #include <string>
 
 namespace SkinKit::PNGWriter {
 namespace {
-
-static_assert(maxSide == PNGCodec::maxEncodedSide);
 
 // What reading one picture back may cost.
 constexpr std::int64_t maxFileBytes = std::int64_t{1} << 30;

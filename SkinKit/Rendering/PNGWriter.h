@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SkinKit/Platform/Bytes.h"
+#include "SkinKit/Platform/PNGCodec.h"
 #include "SkinKit/Raster/Image.h"
 
 #include <filesystem>
@@ -11,7 +12,7 @@
 namespace SkinKit::PNGWriter {
 
 // A side longer than this can't be encoded.
-inline constexpr int maxSide = 1'000'000;
+inline constexpr int maxSide = PNGCodec::maxEncodedSide;
 
 enum class WriteError { couldNotEncode = 1 };
 std::error_code make_error_code(WriteError error); // its message: "could not encode PNG"

@@ -182,9 +182,8 @@ std::optional<Image> sheet(std::string_view name)
         return std::nullopt;
 
     // A sheet is drawn when it is first asked for: most skins lack one or two at most.
-    constexpr std::size_t sheetCount = 16;
-    static std::array<std::once_flag, sheetCount> drawn;
-    static std::array<std::optional<Image>, sheetCount> images;
+    static std::array<std::once_flag, SkinSprites::sheetCount> drawn;
+    static std::array<std::optional<Image>, SkinSprites::sheetCount> images;
     const auto sheets = SkinSprites::sheets();
     const auto found = std::ranges::find(sheets, name, &SkinSprites::Sheet::name);
     const auto place = static_cast<std::size_t>(found - sheets.begin());

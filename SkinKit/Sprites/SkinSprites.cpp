@@ -427,7 +427,7 @@ constexpr bool isOn(std::string_view name, std::string_view sheet)
     return placed && placed->sheet == sheet;
 }
 
-static_assert(std::size(allSheets) == 16);
+static_assert(std::size(allSheets) == sheetCount);
 static_assert(std::ranges::is_sorted(allSheets, {}, &Sheet::name));
 static_assert([] {
     std::size_t count = 0;

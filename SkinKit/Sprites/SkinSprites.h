@@ -16,7 +16,9 @@ struct Sheet {
     std::span<const Sprite> sprites;
 };
 
-// The sixteen sheets, in ascending byte order of their names.
+inline constexpr std::size_t sheetCount = 16;
+
+// All sheets, in ascending byte order of their names.
 std::span<const Sheet> sheets();
 // The sprites of one sheet in table order; none for an unknown name.
 std::span<const Sprite> spritesOf(std::string_view sheet);

@@ -15,8 +15,8 @@ namespace SkinKit {
 // character. Nothing without a text sheet or for an empty text.
 std::optional<Image> textImage(const Skin& skin, std::string_view text);
 
-// Draws such a text with its top left corner at `at`: what drawing its image would, without the
-// image, so that a text far longer than the clip costs little.
+// Draws such a text with its top left corner at `at`: what drawing its image would, but cell by
+// cell, so that a text far longer than the clip needs no raster of its own.
 void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at);
 
 // The shaded window's clock, 30 × 6 pixels, with a gap for the colon of the skin's own background.

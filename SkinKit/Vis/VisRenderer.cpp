@@ -30,8 +30,8 @@ constexpr LayoutSizes layouts[] = {
 constexpr int smallShadeBars[] = {4, 8, 11, 14, 17};
 constexpr int largeShadeBars[] = {4, 5, 7, 8, 10, 11, 13, 14, 16, 17};
 
-// The colour of the main layout's trace by its place before clamping, two rows a colour from row 2
-// on: brightest at the centre line.
+// The colour of the main layout's trace by its place before clamping, two places a colour:
+// brightest at the centre line.
 constexpr int traceColors[] = {21, 20, 19, 18, 19, 20, 21, 22};
 // clang-format on
 
@@ -67,23 +67,23 @@ int traceRow(const VisLayout& layout, int place)
 
 Size VisLayout::imageSize() const
 {
-    return layouts[shadeFactor_].imageSize;
+    return layouts[row()].imageSize;
 }
 int VisLayout::columnCount() const
 {
-    return layouts[shadeFactor_].columnCount;
+    return layouts[row()].columnCount;
 }
 int VisLayout::maxHeight() const
 {
-    return layouts[shadeFactor_].maxHeight;
+    return layouts[row()].maxHeight;
 }
 int VisLayout::backgroundWidth() const
 {
-    return layouts[shadeFactor_].backgroundWidth;
+    return layouts[row()].backgroundWidth;
 }
 int VisLayout::pointScale() const
 {
-    return layouts[shadeFactor_].pointScale;
+    return layouts[row()].pointScale;
 }
 
 VisRenderer::VisRenderer(std::span<const RGBColor> colors, VisLayout layout) : layout_(layout)

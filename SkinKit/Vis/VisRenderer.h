@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -13,11 +14,11 @@ namespace SkinKit {
 // Which window the visualizer is drawn for, and so how large it is.
 class VisLayout {
 public:
-    static VisLayout main() { return VisLayout(0); }
+    static VisLayout main() { return VisLayout(std::nullopt); }
     // The shaded window's, drawn for a display scale: above 1 it has twice the pixels.
-    static VisLayout shade(int displayScale) { return VisLayout(displayScale > 1 ? 2 : 1); }
+    static VisLayout shade(int displayScale) { return VisLayout(displayScale); }
 
-    bool isMain() const { return shadeFactor_ == 0; }
+    bool isMain() const { return !shadeScale_; }
     Size imageSize() const;
     int columnCount() const;
     int maxHeight() const;       // pixels of the tallest bar
@@ -27,9 +28,12 @@ public:
     bool operator==(const VisLayout&) const = default;
 
 private:
-    explicit VisLayout(int shadeFactor) : shadeFactor_(shadeFactor) {}
+    explicit VisLayout(std::optional<int> shadeScale) : shadeScale_(shadeScale) {}
 
-    int shadeFactor_;
+    // Of the table of layouts.
+    int row() const { return !shadeScale_ ? 0 : *shadeScale_ > 1 ? 2 : 1; }
+
+    std::optional<int> shadeScale_; // none: the main window
 };
 
 // Paints one still frame of the spectrum or the oscilloscope, pixel by pixel, in a skin's colours:

@@ -347,9 +347,25 @@ TEST(SkinArchive, FindsAFileByTheFirstExtensionThatIsThere)
     EXPECT_EQ(found("text.bmp", {"bmp"}), "");
 }
 
+TEST(SkinArchive, GivesUpOnAnArchiveWhoseEntriesOnlyCostWork)
+{
+    // Each entry is one byte longer than it may be; by far fewer than the last would do.
+    ZipWriter zip;
+    const ByteBuffer tooLong(8'388'609, 0);
+    const ByteBuffer stream = support::deflated(tooLong);
+    for (int i = 0; i < 150; ++i)
+        zip.add(
+            {.name = "bomb" + std::to_string(i) + ".bmp", .stored = stream, .uncompressedSize = 5});
+    zip.add("late.txt", support::bytes("never reached"));
+    const auto archive = SkinArchive::open(zip.bytes());
+    ASSERT_TRUE(archive);
+    EXPECT_TRUE(archive->files().empty());
+}
+
 TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)
 {
     const ByteBuffer zip = ZipWriter{}.add("a.bmp", {}).bytes();
     EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxEntryBytes = -1})), "negative");
     EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxTotalBytes = -1})), "negative");
+    EXPECT_DEATH(static_cast<void>(SkinArchive::open("/none", {.maxEntryBytes = -1})), "negative");
 }

@@ -337,6 +337,7 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
         {"a first number that is not 0", reserved},
         {"a bitmap file", encodeBMP(picture({"r"}, legend), 24)},
         {"an unknown header", altered(0, 41)},
+        {"a header of a size no bitmap has", altered(0, 44)},
         {"a header longer than the picture", altered(0, 108)},
         {"a width of 0", altered(4, 0)},
         {"a negative width", altered(4, 0xFFFFFFFF)},

@@ -221,6 +221,30 @@ TEST(Files, WritesOnToStandardOutputByAnyOfItsNames)
     EXPECT_EQ(readFile(path), bytes("one two"));
 }
 
+TEST(Files, WritesOnToAnyOpenDescriptorByItsName)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("held", {});
+    const int descriptor = ::open(path.c_str(), O_WRONLY);
+    for (const auto* prefix : {"/dev/fd/", "/proc/self/fd/"})
+        EXPECT_FALSE(Files::write(prefix + std::to_string(descriptor), bytes("more ")));
+    fs::create_symlink("/dev/fd/" + std::to_string(descriptor), folder / "link");
+    EXPECT_FALSE(Files::write(folder / "link", bytes("and more")));
+    ::close(descriptor);
+    EXPECT_EQ(readFile(path), bytes("more more and more"));
+    EXPECT_EQ(Files::write("/dev/fd/" + std::to_string(descriptor), bytes("x")),
+              std::errc::bad_file_descriptor);
+}
+
+TEST(Files, ReadsALinkOnlyWhereLinksAreFollowed)
+{
+    const TemporaryFolder folder;
+    folder.write("file", bytes("content"));
+    fs::create_symlink("file", folder / "link");
+    EXPECT_EQ(Files::read(folder / "link", 100), bytes("content"));
+    EXPECT_FALSE(Files::read(folder / "link", 100, Files::Links::refused));
+}
+
 TEST(Files, LeavesEverythingAsItWasWhenWritingFails)
 {
     const TemporaryFolder folder;

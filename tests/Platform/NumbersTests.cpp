@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <string>
 
 using namespace SkinKit;
 
@@ -47,28 +48,31 @@ TEST(Numbers, ParsesIntegersThatAreTheWholeText)
 TEST(Numbers, ParsesFiniteDecimalsThatAreTheWholeText)
 {
     struct Row {
-        std::string_view text;
+        std::string text;
         std::optional<double> expected;
     };
     const Row rows[] = {
-        {"2.5",       2.5         },
-        {"+2.5",      2.5         },
-        {"-.5",       -0.5        },
-        {"5.",        5           },
-        {"1e3",       1000        },
-        {"1E-2",      0.01        },
-        {"",          std::nullopt},
-        {"+-1",       std::nullopt},
-        {"1,5",       std::nullopt},
-        {"1.5x",      std::nullopt},
-        {" 1",        std::nullopt},
-        {"1 ",        std::nullopt},
-        {"nan",       std::nullopt},
-        {"inf",       std::nullopt},
+        {"2.5", 2.5},
+        {"+2.5", 2.5},
+        {"-.5", -0.5},
+        {"5.", 5},
+        {"1e3", 1000},
+        {"1E-2", 0.01},
+        {"", std::nullopt},
+        {"+-1", std::nullopt},
+        {"1,5", std::nullopt},
+        {"1.5x", std::nullopt},
+        {" 1", std::nullopt},
+        {"1 ", std::nullopt},
+        {"nan", std::nullopt},
+        {"inf", std::nullopt},
         {"-infinity", std::nullopt},
-        {"1e400",     std::nullopt},
-        {"0x1p3",     std::nullopt},
-        {"e5",        std::nullopt},
+        {"1e400", std::nullopt},
+        {"-1e-400", 0}, // too small is 0, too large is nothing
+        {"0." + std::string(400, '0') + "1", 0},
+        {std::string(400, '9') + ".5", std::nullopt},
+        {"0x1p3", std::nullopt},
+        {"e5", std::nullopt},
     };
     for (const auto& [text, expected] : rows)
         EXPECT_EQ(Numbers::parseDecimal(text), expected) << text;

@@ -14,7 +14,7 @@ using support::ByteBuffer;
 
 namespace {
 
-constexpr PNGCodec::Limits generous{};
+constexpr PNGCodec::Limits generous{.maxSide = 4096, .maxPixels = 1 << 23};
 
 struct PNGFile {
     int width = 1;

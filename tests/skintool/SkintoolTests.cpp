@@ -240,6 +240,59 @@ TEST_F(Skintool, CallsAMissingOrEmptyReferenceTrouble)
     EXPECT_TRUE(nothing.out.starts_with("compared: 0\n"));
 }
 
+TEST_F(Skintool, RefusesToWriteOverTheSkinOrTheReference)
+{
+    std::filesystem::create_directory(folder / "refs");
+    skintool({"--png", path("refs/skin.png"), skin});
+    std::filesystem::create_symlink("refs/skin.png", folder / "link.png");
+    const auto before = support::readFile(path("refs/skin.png"));
+    for (const auto& output : {path("refs/skin.png"), path("link.png")}) {
+        const auto outcome =
+            skintool({"--png", output, "--compare", path("refs"), "--state", "idle", skin});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "skintool: " + output + ": would overwrite the reference picture\n");
+    }
+    EXPECT_EQ(support::readFile(path("refs/skin.png")), before);
+    const auto itself = skintool({"--png", skin, skin});
+    EXPECT_EQ(itself.status, 2);
+    EXPECT_EQ(itself.err, "skintool: " + skin + ": is the skin itself\n");
+    EXPECT_EQ(support::readFile(skin), SkinBuilder().allSheets().zip());
+    EXPECT_EQ(skintool({"--png", "/dev/stdout", "--compare", path("refs"), skin}).status, 2);
+}
+
+TEST_F(Skintool, FindsTheReferenceUnderTheNameThatWasGiven)
+{
+    std::filesystem::create_directory(folder / "refs");
+    std::filesystem::create_directory(folder / "v1.2");
+    std::filesystem::create_symlink(skin, folder / "alias.wsz");
+    folder.write("v1.2/main.bmp",
+                 support::encodeBMP(support::solidImage({275, 116}, {9, 9, 9}), 24));
+    for (const auto& [input, name] : std::vector<std::pair<std::string, std::string>>{
+             {path("alias.wsz"),  "alias"},
+             {path("v1.2"),       "v1.2" },
+             {path("v1.2") + "/", "v1.2" },
+             {path("v1.2/."),     "v1.2" }
+    }) {
+        skintool({"--png", path("refs/" + name + ".png"), input});
+        EXPECT_EQ(skintool({"--png", path("out.png"), "--compare", path("refs"), input}).status, 0)
+            << input;
+        std::filesystem::remove(path("refs/" + name + ".png"));
+    }
+}
+
+TEST_F(Skintool, TakesAwayTheMarkedPictureOfAnEarlierRun)
+{
+    std::filesystem::create_directory(folder / "refs");
+    skintool({"--png", path("refs/skin.png"), skin});
+    const auto compare = [this](const char* state) {
+        return skintool({"--png", path("out"), "--compare", path("refs"), "--state", state, skin});
+    };
+    EXPECT_EQ(compare("idle").status, 1);
+    EXPECT_TRUE(std::filesystem::exists(path("out.diff.png")));
+    EXPECT_EQ(compare("webamp").status, 0);
+    EXPECT_FALSE(std::filesystem::exists(path("out.diff.png")));
+}
+
 TEST_F(Skintool, TellsEverythingAboutASkinAsTextAndAsJSON)
 {
     const auto whole = folder.write(

@@ -2,7 +2,6 @@
 
 #include "tests/support/TemporaryFolder.h"
 
-#include <csignal>
 #include <fcntl.h>
 #include <stdexcept>
 #include <sys/resource.h>
@@ -45,7 +44,6 @@ Outcome run(const std::filesystem::path& program, const std::vector<std::string>
         redirect(STDOUT_FILENO, out, O_WRONLY | O_CREAT);
         redirect(STDERR_FILENO, err, O_WRONLY | O_CREAT);
         if (limitBytes > 0) {
-            ::signal(SIGXFSZ, SIG_IGN);
             const auto limit = static_cast<rlim_t>(limitBytes);
             const rlimit limits{limit, limit};
             ::setrlimit(RLIMIT_FSIZE, &limits);
