@@ -16,17 +16,24 @@ namespace {
 
 namespace Layout = MainShadeLayout;
 
-// In the order of the layout's rectangles. The shade button is the one that unrolls the window.
-constexpr std::array<std::string_view, 4> titleButtons{
-    "MAIN_OPTIONS_BUTTON", "MAIN_MINIMIZE_BUTTON", "MAIN_SHADE_BUTTON_SELECTED",
-    "MAIN_CLOSE_BUTTON"};
-static_assert(titleButtons.size() == Layout::buttonRects.size());
+// The shade button is the one that unrolls the window.
+std::string_view pressedSpriteName(TitleButton button)
+{
+    switch (button) {
+    case TitleButton::options: return "MAIN_OPTIONS_BUTTON_DEPRESSED";
+    case TitleButton::minimize: return "MAIN_MINIMIZE_BUTTON_DEPRESSED";
+    case TitleButton::shade: return "MAIN_SHADE_BUTTON_SELECTED_DEPRESSED";
+    case TitleButton::close: break;
+    }
+    return "MAIN_CLOSE_BUTTON_DEPRESSED";
+}
 
-void drawBase(const SpriteDrawer& drawer, bool focused)
+void drawTitleBar(const SpriteDrawer& drawer, bool focused, std::optional<TitleButton> pressed)
 {
     drawer.draw(focused ? "MAIN_SHADE_BACKGROUND_SELECTED" : "MAIN_SHADE_BACKGROUND", {0, 0});
-    for (std::size_t i = 0; i < titleButtons.size(); ++i)
-        drawer.draw(titleButtons[i], Layout::buttonRects[i].origin());
+    if (pressed)
+        drawer.draw(pressedSpriteName(*pressed),
+                    Layout::buttonRects[static_cast<std::size_t>(*pressed)].origin());
 }
 
 // The layout's columns take the left half of the frame. The right half lies under the clock, and
@@ -70,19 +77,20 @@ std::optional<Size> size(std::int64_t scale)
     return WindowDrawing::size(Layout::size, scale);
 }
 
-Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip)
+Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip,
+             std::optional<TitleButton> pressed)
 {
     Canvas canvas = WindowDrawing::makeCanvas(Layout::size, scale);
-    draw(canvas, {0, 0}, skin, state, scale, clip);
+    draw(canvas, {0, 0}, skin, state, scale, clip, pressed);
     return std::move(canvas).image();
 }
 
 void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
-          Clip clip)
+          Clip clip, std::optional<TitleButton> pressed)
 {
     const WindowDrawing::Placement placement(canvas, at, scale, skin.region.windowShade(), clip);
     const SpriteDrawer drawer{canvas, skin};
-    drawBase(drawer, state.focused);
+    drawTitleBar(drawer, state.focused, pressed);
     drawVisualizer(drawer, state.visualizer, scale);
     drawer.draw(miniTimeImage(skin, MiniTime::characters(state.status)), Layout::miniTimeOrigin);
     drawPosition(drawer, state.position);

@@ -2,6 +2,7 @@
 
 #include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Raster/Image.h"
+#include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/Rendering/MainWindowState.h"
 #include "SkinKit/Rendering/WindowDrawing.h"
 #include "SkinKit/Skin.h"
@@ -19,16 +20,20 @@
 // half a window pixel above.
 namespace SkinKit::MainShadeRenderer {
 
+using MainWindowLayout::TitleButton;
 using WindowDrawing::Clip; // the region is the section "windowshade"
 
 // The pixels of the window at this scale, or nothing when no raster can hold it.
 std::optional<Size> size(std::int64_t scale);
 
-Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip);
+// The background shows the title buttons released, as the focus has them; `pressed` is the one that
+// the pointer holds down.
+Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip,
+             std::optional<TitleButton> pressed = std::nullopt);
 
 // Into a caller's canvas, its top left corner at `at` in the canvas's current pixels, `scale` times
 // as large as they are. The canvas's state is as before afterwards.
 void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
-          Clip clip);
+          Clip clip, std::optional<TitleButton> pressed = std::nullopt);
 
 }

@@ -26,27 +26,16 @@ MainWindowState playing()
     return MainWindowState::webampScreenshot();
 }
 
-// A window as all have it, up to what stands for the position.
-Collage base(const Skin& skin, std::string_view background)
-{
-    Collage collage(skin, window);
-    collage.add({
-        {background,                   {0, 0}  },
-        {"MAIN_OPTIONS_BUTTON",        {6, 3}  },
-        {"MAIN_MINIMIZE_BUTTON",       {244, 3}},
-        {"MAIN_SHADE_BUTTON_SELECTED", {254, 3}},
-        {"MAIN_CLOSE_BUTTON",          {264, 3}}
-    });
-    return collage;
-}
-
 }
 
 TEST(MainShadeRenderer, PlacesEveryPartOfTheWindow)
 {
     const Skin skin = noisySkin();
     const auto state = playing();
-    auto expected = base(skin, "MAIN_SHADE_BACKGROUND_SELECTED");
+    Collage expected(skin, window);
+    expected.add({
+        "MAIN_SHADE_BACKGROUND_SELECTED", {0, 0}
+    });
     expected.add(VisRenderer(skin.visColors, VisLayout::shade(1)).makeImage(), {79, 5});
     expected.add(miniTimeImage(skin, {" ", "0", "0", "0", "3"}), {127, 4});
     expected.add({
@@ -61,7 +50,10 @@ TEST(MainShadeRenderer, ShowsAStoppedPlayerOutOfFocus)
     const Skin skin = noisySkin();
     auto state = MainWindowState::idle();
     state.focused = false;
-    auto expected = base(skin, "MAIN_SHADE_BACKGROUND");
+    Collage expected(skin, window);
+    expected.add({
+        "MAIN_SHADE_BACKGROUND", {0, 0}
+    });
     expected.add(miniTimeImage(skin, MiniTime::blank()), {127, 4});
     expected.add({
         "MAIN_SHADE_POSITION_BACKGROUND", {226, 4}
@@ -94,6 +86,33 @@ TEST(MainShadeRenderer, ChoosesTheThumbByThePosition)
             row.thumb, {row.x, 4}
         });
         expectSame(MainShadeRenderer::render(skin, state, 1, Clip::none),
+                   std::move(expected).image());
+    }
+}
+
+TEST(MainShadeRenderer, ShowsTheTitleButtonThatIsHeldDown)
+{
+    using MainShadeRenderer::TitleButton;
+    const Skin skin = noisySkin();
+    struct Row {
+        TitleButton button;
+        std::string_view sprite;
+        int x;
+    };
+    const Row rows[] = {
+        {TitleButton::options,  "MAIN_OPTIONS_BUTTON_DEPRESSED",        6  },
+        {TitleButton::minimize, "MAIN_MINIMIZE_BUTTON_DEPRESSED",       244},
+        {TitleButton::shade,    "MAIN_SHADE_BUTTON_SELECTED_DEPRESSED", 254},
+        {TitleButton::close,    "MAIN_CLOSE_BUTTON_DEPRESSED",          264},
+    };
+    const Image released = MainShadeRenderer::render(skin, playing(), 1, Clip::none);
+    for (const auto& row : rows) {
+        Collage expected(skin, window);
+        expected.add(released, {0, 0});
+        expected.add({
+            row.sprite, {row.x, 3}
+        });
+        expectSame(MainShadeRenderer::render(skin, playing(), 1, Clip::none, row.button),
                    std::move(expected).image());
     }
 }
