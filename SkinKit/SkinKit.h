@@ -39,6 +39,8 @@
 #include "SkinKit/Raster/Geometry.h"
 #include "SkinKit/Raster/Image.h"
 #include "SkinKit/Raster/RGBColor.h"
+#include "SkinKit/Rendering/DesktopRenderer.h"
+#include "SkinKit/Rendering/DesktopState.h"
 #include "SkinKit/Rendering/EQWindowRenderer.h"
 #include "SkinKit/Rendering/EQWindowState.h"
 #include "SkinKit/Rendering/ImageDiff.h"
