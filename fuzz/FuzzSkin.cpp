@@ -1,3 +1,4 @@
+#include "SkinKit/Rendering/EQWindowRenderer.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
 #include "fuzz/Fuzzing.h"
@@ -20,7 +21,7 @@ bool isKnownFallback(std::string_view note)
 
 }
 
-// A whole skin, from the bytes of its file to two renders, which must be alike.
+// A whole skin, from the bytes of its file to its windows; two renders of one must be alike.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace SkinKit;
@@ -39,5 +40,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     };
     const Image image = render();
     fuzzing::require(image.size() == Size{550, 232} && image == render());
+    for (const bool isShaded : {false, true}) {
+        const EQWindowState state{.shaded = isShaded};
+        EQWindowRenderer::render(*skin, state, 2, EQWindowRenderer::Clip::toRegion);
+    }
     return 0;
 }

@@ -13,7 +13,8 @@ namespace {
 constexpr int lastRow = size.height - 1;
 using RowColors = std::array<Pixel, size.height>;
 
-double heightForValue(double value)
+// Not rounded yet.
+double rowForValue(double value)
 {
     return (EQLayout::maxValue - EQLayout::clampedValue(value)) / EQLayout::maxValue * lastRow;
 }
@@ -47,7 +48,7 @@ void drawCurve(PixelBuffer& pixels, std::span<const double> values, const RowCol
 
 int knotYForValue(double value)
 {
-    return static_cast<int>(std::lround(heightForValue(value)));
+    return static_cast<int>(std::lround(rowForValue(value)));
 }
 
 int preampLineYForValue(double value)
@@ -62,7 +63,7 @@ std::array<int, columnCount> curve(std::span<const double> values)
     std::array<double, EQLayout::bandCount> ys{};
     for (std::size_t i = 0; i < xs.size(); ++i) {
         xs[i] = static_cast<double>(i) * bandSpacingX;
-        ys[i] = heightForValue(i < values.size() ? values[i] : EQLayout::midValue);
+        ys[i] = rowForValue(i < values.size() ? values[i] : EQLayout::midValue);
     }
 
     std::array<int, columnCount> rows{};

@@ -206,7 +206,7 @@ constexpr Glyph readGlyph(const GlyphBlock& block, std::size_t left)
     return glyph;
 }
 
-constexpr auto glyphs = [] {
+constexpr auto table = [] {
     std::array<Glyph, glyphCount> all{};
     std::size_t count = 0;
     for (const auto& block : blocks)
@@ -244,10 +244,13 @@ std::optional<std::string_view> folded(char32_t character)
                                        : std::nullopt;
 }
 
-// Shows what a reader takes for one character by its first code point; the marks go.
+// Shows what a reader takes for one character by the first code point of its composed form; marks
+// that are left then go.
 void append(std::vector<Glyph>& line, std::string_view character)
 {
-    const char32_t first = Unicode::takeFirst(character);
+    const std::string composed = Unicode::composed(character);
+    std::string_view codePoints = composed;
+    const char32_t first = Unicode::takeFirst(codePoints);
     if (const auto letters = folded(first)) {
         for (const char letter : *letters)
             line.push_back(glyph(static_cast<unsigned char>(letter)));
@@ -264,24 +267,22 @@ Glyph glyph(char32_t character)
     if (character >= endOfASCII)
         character = withSameGlyph(character);
     if (character >= firstCharacter && character < endOfASCII)
-        return glyphs[character - firstCharacter];
+        return table[character - firstCharacter];
     // Behind ASCII stand the no-break space, the ellipsis and the box.
     if (character == noBreakSpace)
-        return glyphs[glyphCount - 3];
-    return character == ellipsis ? glyphs[glyphCount - 2] : glyphs[glyphCount - 1];
+        return table[glyphCount - 3];
+    return character == ellipsis ? table[glyphCount - 2] : table[glyphCount - 1];
 }
 
 std::vector<Glyph> line(std::string_view text, int width)
 {
     const Glyph end = glyph(ellipsis);
-    const std::string composed = Unicode::composed(text);
-    std::string_view rest = composed;
     std::vector<Glyph> line;
     std::size_t keptBeforeEnd = 0; // glyphs
     std::int64_t right = -gap;
-    while (!rest.empty()) {
+    while (!text.empty()) {
         const std::size_t before = line.size();
-        append(line, Unicode::takeFirstCharacter(rest));
+        append(line, Unicode::takeFirstCharacter(text));
         for (const Glyph& added : std::span(line).subspan(before))
             right += gap + added.width;
         if (right > width) {

@@ -103,24 +103,25 @@ TEST(PlaylistWindowRenderer, TilesTheFrameAroundTheListAtEverySize)
              {3, 11},
              {8, 3 }
     }) {
-        const PlaylistWindowState state{
-            .steps = {width, height},
-              .focused = width % 2 == 0
+        const bool isEven = width % 2 == 0; // also focused, so that both sets of sprites show
+        PlaylistWindowState state{
+            .steps = {width, height}
         };
+        state.focused = isEven;
         const Image image = PlaylistWindowRenderer::render(skin, state, 1);
-        const std::string end = state.focused ? "_SELECTED" : "";
+        const std::string end = isEven ? "_SELECTED" : "";
         const int w = 275 + 25 * width;
         const int h = 116 + 29 * height;
         const int title = (w - 100) / 2;
-        const int narrow = state.focused ? 12 : 0; // an even number of steps has narrow tiles
+        const int narrow = isEven ? 12 : 0;
         ASSERT_EQ(image.size(), (Size{w, h}));
-        expectSprite(image, "PLAYLIST_TOP_LEFT" + (state.focused ? end : "_CORNER"),
+        expectSprite(image, isEven ? "PLAYLIST_TOP_LEFT_SELECTED" : "PLAYLIST_TOP_LEFT_CORNER",
                      {0, 0, 25, 20});
         expectSprite(image, "PLAYLIST_TOP_TILE" + end, {25, 0, narrow, 20});
         expectSprite(image, "PLAYLIST_TOP_TILE" + end, {25 + narrow, 0, title - 25 - narrow, 20});
         expectSprite(image, "PLAYLIST_TITLE_BAR" + end, {title, 0, 100, 20});
         expectSprite(image, "PLAYLIST_TOP_TILE" + end,
-                     {title + 100 + (narrow != 0 ? 13 : 0), 0, title - 25 - narrow, 20});
+                     {title + 100 + (isEven ? 13 : 0), 0, title - 25 - narrow, 20});
         expectSprite(image, "PLAYLIST_TOP_RIGHT_CORNER" + end, {w - 25, 0, 25, 20});
         expectSprite(image, "PLAYLIST_LEFT_TILE", {0, 20, 12, h - 58});
         const Rect right{w - 20, 20, 20, h - 58};
