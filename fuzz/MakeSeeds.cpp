@@ -134,8 +134,11 @@ void writeTexts(const std::filesystem::path& root)
         .write("region.txt", "[Normal]\nNumPoints=4,3\nPointList=0,0, 64,0, 64,16, 0,16,"
                              " 5.5,5 +20,-5 9,12\n[WindowShade]\nNumPoints=3\n"
                              "PointList=0,0 1000000000000,0 0,99\n");
-    SeedFolder(root / "SkintoolOptions")
-        .write("all.txt", "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");
+    const SeedFolder options(root / "SkintoolOptions");
+    options.write("single.txt",
+                  "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");
+    options.write("windows.txt", "a.wsz\n--out\ndir\n--state\nwebamp\n--scale\n3\n--no-region");
+    options.write("info.txt", "--json\na.wsz");
 }
 
 }

@@ -5,6 +5,7 @@
 #include "SkinKit/Rendering/PNGWriter.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "skintool/Loading.h"
+#include "skintool/Pictures.h"
 
 #include <optional>
 
@@ -21,30 +22,13 @@ void tellNotes(const Skin& skin, void (*tell)(std::string_view))
         tell("fallback: " + Console::visible(note));
 }
 
-// Before anything is allocated: whether a picture at this scale could be held and written.
-bool canRender(std::int64_t scale)
-{
-    const auto size = MainWindowRenderer::size(scale);
-    return size && size->width <= PNGWriter::maxSide && size->height <= PNGWriter::maxSide;
-}
-
 Image render(const Skin& skin, const SkintoolOptions& options)
 {
     const auto state = options.state == SkintoolOptions::State::idle
                            ? MainWindowState::idle()
                            : MainWindowState::webampScreenshot();
-    const auto clip =
-        options.noRegion ? MainWindowRenderer::Clip::none : MainWindowRenderer::Clip::toRegion;
-    return MainWindowRenderer::render(skin, state, static_cast<int>(options.scale), clip);
-}
-
-ExitStatus write(const Image& image, const std::string& path)
-{
-    if (const auto error = PNGWriter::write(image, path)) {
-        Console::sayError(path, error.message());
-        return trouble;
-    }
-    return done;
+    return MainWindowRenderer::render(skin, state, static_cast<int>(options.scale),
+                                      Pictures::clip(options.noRegion));
 }
 
 // The skin's name as the user gave it, without its extension; a folder has none. Only a path such
@@ -101,17 +85,14 @@ ExitStatus compare(const Image& image, const Image& reference, const SkintoolOpt
         std::filesystem::remove(marked, ignored);
         return done;
     }
-    const auto status = write(ImageDiff::diffImage(image, reference), marked.string());
+    const auto status = Pictures::write(ImageDiff::diffImage(image, reference), marked);
     return status == done ? answerIsNo : status;
 }
 
 // Why the files named can't be used together, before any is written; nothing when they can.
 std::optional<std::string> conflict(const SkintoolOptions& options)
 {
-    const auto isSame = [](const std::filesystem::path& a, const std::filesystem::path& b) {
-        std::error_code ignored;
-        return std::filesystem::equivalent(a, b, ignored);
-    };
+    using Pictures::isSame;
     if (isSame(*options.png, options.input))
         return "is the skin itself";
     if (!options.compare)
@@ -136,7 +117,7 @@ ExitStatus renderAndCompare(const Skin& skin, const SkintoolOptions& options)
         return trouble;
     }
     const Image image = render(skin, options);
-    const auto status = write(image, *options.png);
+    const auto status = Pictures::write(image, *options.png);
     if (status != done || !options.compare)
         return status;
 
@@ -150,10 +131,8 @@ ExitStatus renderAndCompare(const Skin& skin, const SkintoolOptions& options)
 
 ExitStatus run(const SkintoolOptions& options)
 {
-    if (options.png && !canRender(options.scale)) {
-        Console::sayError("--scale " + std::to_string(options.scale) + " is too large");
-        return trouble;
-    }
+    if (options.png && !Pictures::canWrite(MainWindowRenderer::size(options.scale)))
+        return Pictures::sayScaleIsTooLarge(options.scale);
     const auto info = loadOrSayWhyNot(options.input);
     if (!info)
         return trouble;
@@ -175,6 +154,7 @@ const std::string_view help = R"(Examples:
   skintool --png out.png --scale 2 folder/     twice as large, from an unpacked skin
   skintool --png out.png --compare refs a.wsz  and how it differs from refs/a.png
   skintool info some.wsz                       everything about a skin
+  skintool windows some.wsz --out pictures     all its windows as pictures
 
 Options:
   -v, --verbose         print the loader's warnings and fallbacks
@@ -189,6 +169,7 @@ Options:
 
 Sub-commands (skintool <word> --help tells more):
   info                  tell everything about a skin, or print it as JSON
+  windows               write pictures of all windows of a skin
 
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.

@@ -42,8 +42,8 @@ constexpr Place places[] = {
     {"SkinKit/Vis/",                   4},
     {"SkinKit/Cursors/",               5},
     {"SkinKit/Layout/",                5},
-    {"SkinKit/Menus/",                 5},
     {"SkinKit/Text/",                  5},
+    {"SkinKit/Menus/",                 6},  // follow what the display shows
     // a Skin, and what needs one
     {"SkinKit/Skin.",                  6},
     {"SkinKit/SkinParser.",            6},

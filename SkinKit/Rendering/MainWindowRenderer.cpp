@@ -4,9 +4,9 @@
 #include "SkinKit/Display/MediaInfoText.h"
 #include "SkinKit/Layout/MainSliders.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
+#include "SkinKit/Rendering/VisualizerImage.h"
 #include "SkinKit/Text/MarqueeLayout.h"
 #include "SkinKit/Text/TextRenderer.h"
-#include "SkinKit/Vis/VisRenderer.h"
 
 #include <utility>
 
@@ -58,16 +58,9 @@ void drawClock(const SpriteDrawer& drawer, const MainWindowStatus& status)
 void drawVisualizer(const SpriteDrawer& drawer, const MainWindowState::Visualizer& visualizer,
                     int scale)
 {
-    if (std::holds_alternative<MainWindowState::Off>(visualizer))
-        return;
     const int pushDown = scale == 1 ? 2 : 0;
-    VisRenderer renderer(drawer.skin.visColors, VisLayout::main());
-    if (const auto* spectrum = std::get_if<MainWindowState::Spectrum>(&visualizer))
-        renderer.drawBars(spectrum->heights, spectrum->peaks, pushDown);
-    else
-        renderer.drawOscilloscope(std::get<MainWindowState::Oscilloscope>(visualizer).samples,
-                                  pushDown);
-    drawer.context.draw(renderer.makeImage(), Layout::visualizer.origin());
+    drawer.draw(visualizerImage(drawer.skin, visualizer, VisLayout::main(), pushDown),
+                Layout::visualizer.origin());
 }
 
 void drawMarquee(const SpriteDrawer& drawer, const MainWindowState& state)

@@ -1,5 +1,8 @@
 #include "SkinKit/Tooling/InfoOptions.h"
 
+#include "SkinKit/Tooling/Arguments.h"
+
+#include <utility>
 #include <vector>
 
 namespace SkinKit {
@@ -19,11 +22,10 @@ InfoOptions::parse(std::span<const std::string> arguments)
         else
             positional.push_back(argument);
     }
-    if (positional.empty())
-        return std::unexpected(UsageError{"missing <skin.wsz | folder>"});
-    if (positional.size() > 1)
-        return std::unexpected(UsageError{"only one <skin.wsz | folder> is accepted"});
-    options.input = positional.front();
+    auto skin = Arguments::onlySkin(positional);
+    if (!skin)
+        return std::unexpected(UsageError{std::move(skin.error())});
+    options.input = std::move(*skin);
     return options;
 }
 

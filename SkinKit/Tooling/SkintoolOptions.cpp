@@ -1,28 +1,12 @@
 #include "SkinKit/Tooling/SkintoolOptions.h"
 
-#include "SkinKit/Platform/Numbers.h"
+#include "SkinKit/Tooling/Arguments.h"
 
 #include <utility>
 #include <vector>
 
 namespace SkinKit {
 namespace {
-
-using State = SkintoolOptions::State;
-
-std::optional<State> parseState(std::string_view word)
-{
-    for (const auto state : {State::webamp, State::idle})
-        if (rawValue(state) == word)
-            return state;
-    return std::nullopt;
-}
-
-std::optional<std::int64_t> parseScale(std::string_view text)
-{
-    const auto scale = Numbers::parseInteger<std::int64_t>(text);
-    return scale && *scale >= 1 ? scale : std::nullopt;
-}
 
 // The walk over the arguments; the first error ends it.
 class Walk {
@@ -31,8 +15,8 @@ public:
 
     std::expected<SkintoolOptions, SkintoolOptions::UsageError> run()
     {
-        while (!rest_.empty() && !error_)
-            take(next());
+        while (!rest_.isEmpty() && !error_)
+            take(rest_.next());
         if (!error_)
             checkWhole();
         if (error_)
@@ -41,21 +25,6 @@ public:
     }
 
 private:
-    const std::string& next()
-    {
-        const std::string& argument = rest_.front();
-        rest_ = rest_.subspan(1);
-        return argument;
-    }
-
-    // The value of an option; another option in its place means that it is missing.
-    std::optional<std::string> value()
-    {
-        if (rest_.empty() || rest_.front().starts_with('-'))
-            return std::nullopt;
-        return next();
-    }
-
     void take(const std::string& argument)
     {
         if (argument == "-v" || argument == "--verbose") {
@@ -63,18 +32,18 @@ private:
         } else if (argument == "--no-region") {
             options_.noRegion = true;
         } else if (argument == "--png") {
-            options_.png = value();
+            options_.png = rest_.value();
             require(options_.png.has_value(), "--png needs an output path");
         } else if (argument == "--compare") {
-            options_.compare = value();
+            options_.compare = rest_.value();
             require(options_.compare.has_value(), "--compare needs a folder");
         } else if (argument == "--state") {
-            const auto state = parseState(value().value_or(""));
+            const auto state = SkintoolOptions::parseState(rest_.value().value_or(""));
             require(state.has_value(), "--state must be webamp or idle");
             options_.state = state.value_or(options_.state);
             hasState_ = true;
         } else if (argument == "--scale") {
-            const auto scale = parseScale(value().value_or(""));
+            const auto scale = Arguments::parseScale(rest_.value().value_or(""));
             require(scale.has_value(), "--scale needs an integer of 1 or more");
             options_.scale = scale.value_or(options_.scale);
             hasScale_ = true;
@@ -87,15 +56,17 @@ private:
 
     void checkWhole()
     {
-        require(!positional_.empty(), "missing <skin.wsz | folder>");
-        require(positional_.size() <= 1, "only one <skin.wsz | folder> is accepted");
+        auto skin = Arguments::onlySkin(positional_);
+        if (!skin) {
+            error_ = std::move(skin.error());
+            return;
+        }
+        options_.input = std::move(*skin);
         require(!options_.png || !options_.compare || options_.scale == 1,
                 "--compare needs --scale 1 (the references are 1x)");
         require(options_.png ||
                     (!hasState_ && !hasScale_ && !options_.compare && !options_.noRegion),
                 "--state, --scale, --compare and --no-region need --png");
-        if (!error_)
-            options_.input = positional_.front();
     }
 
     void require(bool holds, const char* message)
@@ -104,7 +75,7 @@ private:
             error_ = message;
     }
 
-    std::span<const std::string> rest_;
+    Arguments rest_;
     SkintoolOptions options_;
     std::vector<std::string> positional_;
     bool hasState_ = false;
@@ -120,7 +91,15 @@ const std::string_view SkintoolOptions::usage =
 
 std::string_view rawValue(SkintoolOptions::State state)
 {
-    return state == State::webamp ? "webamp" : "idle";
+    return state == SkintoolOptions::State::webamp ? "webamp" : "idle";
+}
+
+std::optional<SkintoolOptions::State> SkintoolOptions::parseState(std::string_view word)
+{
+    for (const auto state : {State::webamp, State::idle})
+        if (rawValue(state) == word)
+            return state;
+    return std::nullopt;
 }
 
 std::expected<SkintoolOptions, SkintoolOptions::UsageError>

@@ -31,6 +31,9 @@ struct SkintoolOptions {
 
     static const std::string_view usage;
 
+    // The state that a word names, exactly so.
+    static std::optional<State> parseState(std::string_view word);
+
     // Reads the arguments behind the program's name. Pure: prints nothing, never exits.
     static std::expected<SkintoolOptions, UsageError> parse(std::span<const std::string> arguments);
 };

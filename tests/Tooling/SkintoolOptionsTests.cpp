@@ -1,23 +1,13 @@
 #include "SkinKit/Tooling/SkintoolOptions.h"
 
+#include "tests/support/Words.h"
+
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <vector>
 
 using namespace SkinKit;
 using Options = SkintoolOptions;
-
-namespace {
-
-std::expected<Options, Options::UsageError> parse(std::string_view line)
-{
-    std::istringstream stream{std::string(line)};
-    const std::vector<std::string> words(std::istream_iterator<std::string>(stream), {});
-    return Options::parse(words);
-}
-
-}
 
 TEST(SkintoolOptions, ReadsTheCommandLine)
 {
@@ -44,7 +34,7 @@ TEST(SkintoolOptions, ReadsTheCommandLine)
         {"--png o --scale 9223372036854775807 a",             {.png = "o", .scale = INT64_MAX, .input = "a"}},
     };
     for (const auto& [line, expected] : rows) {
-        const auto options = parse(line);
+        const auto options = Options::parse(support::words(line));
         ASSERT_TRUE(options) << line << ": " << options.error().description;
         EXPECT_EQ(*options, expected) << line;
     }
@@ -90,7 +80,7 @@ TEST(SkintoolOptions, SaysWhatIsWrong)
         {"--no-region a",                      needsPNG                                           },
     };
     for (const auto& [line, expected] : rows) {
-        const auto options = parse(line);
+        const auto options = Options::parse(support::words(line));
         ASSERT_FALSE(options) << line;
         EXPECT_EQ(options.error().description, expected) << line;
     }

@@ -1,7 +1,12 @@
+#include "SkinKit/Rendering/DesktopRenderer.h"
+#include "SkinKit/Rendering/EQWindowRenderer.h"
+#include "SkinKit/Rendering/MainShadeRenderer.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
+#include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
@@ -10,6 +15,8 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+
+#include <map>
 
 using namespace SkinKit;
 using support::bytes;
@@ -49,12 +56,14 @@ TEST_F(Skintool, PrintsHelpAndVersionForEveryForm)
         std::string_view begin;
     };
     const Row rows[] = {
-        {{"--help"},            SkintoolOptions::usage},
-        {{"-h"},                SkintoolOptions::usage},
-        {{"info", "--help"},    InfoOptions::usage    },
-        {{"info", "-h"},        InfoOptions::usage    },
-        {{"--version"},         "skintool "           },
-        {{"info", "--version"}, "skintool "           },
+        {{"--help"},               SkintoolOptions::usage},
+        {{"-h"},                   SkintoolOptions::usage},
+        {{"info", "--help"},       InfoOptions::usage    },
+        {{"info", "-h"},           InfoOptions::usage    },
+        {{"--version"},            "skintool "           },
+        {{"info", "--version"},    "skintool "           },
+        {{"windows", "--help"},    WindowsOptions::usage },
+        {{"windows", "--version"}, "skintool "           },
     };
     for (const auto& row : rows) {
         const auto outcome = skintool(row.arguments);
@@ -82,6 +91,8 @@ TEST_F(Skintool, TellsAUsageErrorWithTheUsageTextAndStatus2)
     }
     EXPECT_EQ(skintool({"info"}).err,
               "skintool: missing <skin.wsz | folder>\n" + std::string(InfoOptions::usage) + "\n");
+    EXPECT_EQ(skintool({"windows", skin}).err,
+              "skintool: missing --out <dir>\n" + std::string(WindowsOptions::usage) + "\n");
 }
 
 TEST_F(Skintool, SummarisesASkinAndItsNotesOnRequest)
@@ -319,4 +330,113 @@ TEST_F(Skintool, TellsEverythingAboutASkinAsTextAndAsJSON)
                              R"("origin": "generated")", R"("leftOut": 0)", R"("top": -5)"})
         EXPECT_TRUE(json.out.contains(part)) << part << json.out;
     EXPECT_EQ(skintool({"info", path("none")}).status, 2);
+}
+
+namespace {
+
+// What `windows` must have written, by name.
+std::map<std::string, Image> windowsOf(const Skin& skin, const DesktopState& state, int scale,
+                                       WindowDrawing::Clip clip)
+{
+    auto shadedEqualizer = state.equalizer;
+    shadedEqualizer.shaded = true;
+    return {
+        {"main.png", MainWindowRenderer::render(skin, state.main, scale, clip)},
+        {"main-shade.png", MainShadeRenderer::render(skin, state.main, scale, clip)},
+        {"equalizer.png", EQWindowRenderer::render(skin, state.equalizer, scale, clip)},
+        {"equalizer-shade.png", EQWindowRenderer::render(skin, shadedEqualizer, scale, clip)},
+        {"playlist.png", PlaylistWindowRenderer::render(skin, state.playlist, scale)},
+        {"playlist-shade.png", PlaylistWindowRenderer::renderShade(skin, state.playlist, scale)},
+        {"all.png", DesktopRenderer::render(skin, state, scale, clip)},
+    };
+}
+
+}
+
+TEST_F(Skintool, WritesAllWindowsIntoAFolderThatItMakes)
+{
+    const auto builder = SkinBuilder().allSheets().text(
+        "region.txt", "[Normal]\nNumPoints=4\nPointList=0,0 9,0 9,9 0,9\n[WindowShade]\n"
+                      "NumPoints=4\nPointList=0,0 5,0 5,9 0,9\n[Equalizer]\nNumPoints=4\n"
+                      "PointList=0,0 7,0 7,9 0,9\n[EqualizerWS]\nNumPoints=4\n"
+                      "PointList=0,0 8,0 8,9 0,9\n");
+    const auto cut = folder.write("cut.wsz", builder.zip()).string();
+    struct Row {
+        std::vector<std::string> arguments;
+        DesktopState state;
+        int scale;
+        WindowDrawing::Clip clip;
+    };
+    const Row rows[] = {
+        {{},                              DesktopState::webampScreenshot(), 1, WindowDrawing::Clip::toRegion},
+        {{"--scale", "2", "--no-region"},
+         DesktopState::webampScreenshot(),
+         2,                                                                    WindowDrawing::Clip::none    },
+        {{"--state", "idle"},             DesktopState::idle(),             1, WindowDrawing::Clip::toRegion},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments{"windows", cut, "--out", path("made/for/it")};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const auto outcome = skintool(arguments);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.out + outcome.err, "");
+        const auto expected = windowsOf(*builder.parse(), row.state, row.scale, row.clip);
+        for (const auto& [name, image] : expected)
+            EXPECT_EQ(PNGWriter::read(path("made/for/it/" + name)), image) << name;
+        EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("made/for/it")), {}), 7);
+    }
+}
+
+TEST_F(Skintool, RefusesWindowsOfABadSkinOrScaleBeforeMakingTheFolder)
+{
+    const auto bad = folder.write("bad.wsz", bytes("not a zip")).string();
+    struct Row {
+        std::vector<std::string> arguments;
+        std::string error;
+    };
+    const Row rows[] = {
+        {{bad},                          bad + ": Unreadable archive: Not a zip archive"},
+        {{skin, "--scale", "100"},
+         "--scale 100 is too large"                                                     }, // all windows together are too large
+        {{bad, "--scale", "9999999999"},
+         "--scale 9999999999 is too large"                                              }, // before the skin is read
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments{"windows", "--out", path("out")};
+        arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+        const auto outcome = skintool(arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "skintool: " + row.error + "\n");
+    }
+    EXPECT_FALSE(std::filesystem::exists(path("out")));
+}
+
+TEST_F(Skintool, NeverWritesWindowsOverTheSkin)
+{
+    const auto unpacked = path("unpacked");
+    std::filesystem::create_directory(unpacked);
+    folder.write("unpacked/main.png", // a sheet of the skin
+                 *PNGWriter::data(support::solidImage({275, 116}, {1, 2, 3})));
+    const auto sheet = support::readFile(unpacked + "/main.png");
+    EXPECT_EQ(skintool({"windows", unpacked + "/.", "--out", unpacked}).err,
+              "skintool: " + unpacked + ": is the skin itself\n");
+    EXPECT_EQ(support::readFile(unpacked + "/main.png"), sheet);
+
+    const auto archive = folder.write("all.png", SkinBuilder().allSheets().zip()).string();
+    EXPECT_EQ(skintool({"windows", archive, "--out", folder.path().string()}).err,
+              "skintool: " + archive + ": is the skin itself\n");
+    EXPECT_EQ(filesInFolder(), (std::vector<std::string>{"all.png", "skin.wsz", "unpacked"}));
+}
+
+TEST_F(Skintool, SaysWhereWindowsCannotBeWritten)
+{
+    folder.write("file", bytes("x"));
+    const auto outcome = skintool({"windows", skin, "--out", path("file")});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "skintool: " + path("file") + ": Not a directory\n");
+    const auto full = skintool({"windows", skin, "--out", path("out")}, 100);
+    EXPECT_EQ(full.status, 2);
+    EXPECT_EQ(full.err, "skintool: " + path("out/main.png") + ": File too large\n");
+    EXPECT_TRUE(std::filesystem::is_empty(path("out")));
 }

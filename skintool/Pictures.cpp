@@ -1,0 +1,43 @@
+#include "skintool/Pictures.h"
+
+#include "SkinKit/Rendering/PNGWriter.h"
+
+#include <string>
+#include <system_error>
+
+namespace skintool::Pictures {
+
+using namespace SkinKit;
+
+bool canWrite(std::optional<Size> size)
+{
+    return size && size->width <= PNGWriter::maxSide && size->height <= PNGWriter::maxSide;
+}
+
+ExitStatus sayScaleIsTooLarge(std::int64_t scale)
+{
+    Console::sayError("--scale " + std::to_string(scale) + " is too large");
+    return trouble;
+}
+
+WindowDrawing::Clip clip(bool noRegion)
+{
+    return noRegion ? WindowDrawing::Clip::none : WindowDrawing::Clip::toRegion;
+}
+
+ExitStatus write(const Image& image, const std::filesystem::path& path)
+{
+    if (const auto error = PNGWriter::write(image, path)) {
+        Console::sayError(path.string(), error.message());
+        return trouble;
+    }
+    return done;
+}
+
+bool isSame(const std::filesystem::path& a, const std::filesystem::path& b)
+{
+    std::error_code ignored;
+    return std::filesystem::equivalent(a, b, ignored);
+}
+
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Rendering/WindowDrawing.h"
+#include "skintool/Console.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+
+// What the forms that write pictures share.
+namespace skintool::Pictures {
+
+// Before anything is allocated: whether a picture can be held and written, given its size if any
+// raster can have it.
+bool canWrite(std::optional<SkinKit::Size> size);
+
+// That no picture can have this scale. The status to end with.
+ExitStatus sayScaleIsTooLarge(std::int64_t scale);
+
+SkinKit::WindowDrawing::Clip clip(bool noRegion);
+
+// Writes a PNG file, or says why it can't be.
+ExitStatus write(const SkinKit::Image& image, const std::filesystem::path& path);
+
+// Whether both names lead to the same file or folder.
+bool isSame(const std::filesystem::path& a, const std::filesystem::path& b);
+
+}

@@ -1,0 +1,170 @@
+#include "SkinKit/Layout/WinampHotkeys.h"
+
+#include "SkinKit/Menus/MainMenu.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+
+using namespace SkinKit;
+using namespace SkinKit::WinampHotkeys;
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+}
+
+TEST(WinampHotkeys, ReadsASingleKey)
+{
+    struct Row {
+        std::string characters;
+        std::optional<WinampHotkey> expected;
+    };
+    const Row rows[] = {
+        {"z", WinampHotkey::previous},
+        {"x", WinampHotkey::play},
+        {"c", WinampHotkey::pause},
+        {"v", WinampHotkey::stop},
+        {"b", WinampHotkey::next},
+        {"s", WinampHotkey::toggleShuffle},
+        {"r", WinampHotkey::toggleRepeat},
+        {"l", WinampHotkey::openFile},
+        {"\uF700", WinampHotkey::volumeUp},
+        {"\uF701", WinampHotkey::volumeDown},
+        {"\uF702", WinampHotkey::seekBack},
+        {"\uF703", WinampHotkey::seekForward},
+        {"Z", WinampHotkey::previous}, // caps lock
+        {"zx", std::nullopt},
+        {"z ", std::nullopt},
+        {"\uF702\uF702", std::nullopt},
+        {"a", std::nullopt},
+        {"", std::nullopt},
+        {"\xFF", std::nullopt}, // no text at all
+        {std::string("z\0", 2), std::nullopt},
+    };
+    for (const auto& [characters, expected] : rows)
+        EXPECT_EQ(hotkey({characters}), expected) << characters;
+}
+
+TEST(WinampHotkeys, LeavesKeysWithModifiersToOthers)
+{
+    for (const auto* characters : {"z", "Z", rightArrow})
+        for (const auto modifier :
+             {&KeyPress::command, &KeyPress::control, &KeyPress::option, &KeyPress::shift}) {
+            KeyPress press{characters};
+            press.*modifier = true;
+            EXPECT_EQ(hotkey(press), std::nullopt) << characters;
+        }
+}
+
+TEST(WinampHotkeys, RepeatsOnlyTheArrowsWhileTheyAreHeld)
+{
+    const auto held = [](const char* characters) {
+        return hotkey({.charactersIgnoringModifiers = characters, .isRepeat = true});
+    };
+    EXPECT_EQ(held(rightArrow), WinampHotkey::seekForward);
+    EXPECT_EQ(held(upArrow), WinampHotkey::volumeUp);
+    EXPECT_EQ(held("x"), std::nullopt);
+}
+
+TEST(WinampHotkeys, GivesEveryCommandToSomeKey)
+{
+    std::set<WinampHotkey> reached;
+    for (const std::string key :
+         {"z", "x", "c", "v", "b", "s", "r", "l", upArrow, downArrow, leftArrow, rightArrow})
+        reached.insert(hotkey({key}).value());
+    EXPECT_EQ(reached, std::set(allWinampHotkeys.begin(), allWinampHotkeys.end()));
+}
+
+// The menu's shortcuts are command and control with the letter that alone means the same.
+TEST(WinampHotkeys, AgreesWithTheLettersOfTheMenu)
+{
+    struct Row {
+        MainMenuCommand command;
+        WinampHotkey hotkey;
+    };
+    const Row rows[] = {
+        {MainMenuCommand::toggleRepeat,  WinampHotkey::toggleRepeat },
+        {MainMenuCommand::toggleShuffle, WinampHotkey::toggleShuffle},
+        {MainMenuCommand::previous,      WinampHotkey::previous     },
+        {MainMenuCommand::play,          WinampHotkey::play         },
+        {MainMenuCommand::pause,         WinampHotkey::pause        },
+        {MainMenuCommand::stop,          WinampHotkey::stop         },
+        {MainMenuCommand::next,          WinampHotkey::next         },
+    };
+    std::size_t found = 0;
+    for (const auto& entry : MainMenu::entries({})) {
+        const auto* submenu = std::get_if<MainMenuEntry::Submenu>(&entry.content);
+        for (const auto& line : submenu ? submenu->entries : std::vector<MainMenuEntry>{})
+            if (const auto* item = std::get_if<MainMenuItem>(&line.content))
+                for (const auto& row : rows)
+                    if (item->command == row.command) {
+                        EXPECT_EQ(hotkey({item->shortcut->key}), row.hotkey) << item->title;
+                        ++found;
+                    }
+    }
+    EXPECT_EQ(found, std::size(rows));
+}
+
+TEST(WinampHotkeys, SeeksWithinTheTrack)
+{
+    constexpr auto back = SeekDirection::back;
+    constexpr auto forward = SeekDirection::forward;
+    struct Row {
+        double elapsed, duration;
+        SeekDirection direction;
+        std::optional<double> expected;
+    };
+    const Row rows[] = {
+        {60,         180,        forward, 65          },
+        {60,         180,        back,    55          },
+        {3,          180,        back,    0           },
+        {5,          180,        back,    0           },
+        {178,        180,        forward, 180         },
+        {400,        180,        back,    180         }, // beyond the end to begin with
+        {-20,        180,        forward, 0           },
+        {1,          2,          forward, 2           }, // a track shorter than a step
+        {60,         0,          forward, std::nullopt},
+        {60,         -1,         back,    std::nullopt},
+        {60,         notANumber, forward, std::nullopt},
+        {60,         -infinity,  forward, std::nullopt},
+        {60,         infinity,   forward, 65          }, // a stream has no end
+        {infinity,   180,        back,    180         },
+        {-infinity,  180,        forward, 0           },
+        {notANumber, 180,        forward, 0           },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(seekTarget(row.elapsed, row.duration, row.direction), row.expected)
+            << row.elapsed << " of " << row.duration;
+}
+
+TEST(WinampHotkeys, NudgesTheVolumeWithinItsBounds)
+{
+    constexpr auto up = VolumeDirection::up;
+    constexpr auto down = VolumeDirection::down;
+    struct Row {
+        float volume;
+        VolumeDirection direction;
+        float expected;
+    };
+    const Row rows[] = {
+        {0.5F,                           up,   0.5F + 0.01F},
+        {0.5F,                           down, 0.5F - 0.01F},
+        {0.995F,                         up,   1           },
+        {0.004F,                         down, 0           },
+        {1,                              up,   1           },
+        {0,                              down, 0           },
+        {7,                              down, 1           },
+        {-7,                             up,   0           },
+        {static_cast<float>(infinity),   up,   1           },
+        {static_cast<float>(notANumber), up,   0           },
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(nudgedVolume(row.volume, row.direction), row.expected) << row.volume;
+    EXPECT_EQ(seekStep, 5.0);
+    EXPECT_EQ(volumeStep, 0.01F);
+}

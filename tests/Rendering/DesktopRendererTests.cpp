@@ -1,0 +1,78 @@
+#include "SkinKit/Rendering/DesktopRenderer.h"
+
+#include "SkinKit/Rendering/EQWindowRenderer.h"
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
+#include "tests/support/Collage.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+
+using namespace SkinKit;
+using DesktopRenderer::Clip;
+using support::Collage;
+using support::expectSame;
+using support::noisySkin;
+
+TEST(DesktopState, BeginsIdleAndPlaysTheFirstOfADozenTracks)
+{
+    EXPECT_EQ(DesktopState::idle(), DesktopState{});
+    EXPECT_EQ(DesktopState::idle().main, MainWindowState::idle());
+    EXPECT_TRUE(DesktopState::idle().playlist.entries.empty());
+    EXPECT_EQ(DesktopState::idle().equalizer.bands, EQWindowState::flat());
+
+    const auto playing = DesktopState::webampScreenshot();
+    EXPECT_EQ(playing.main, MainWindowState::webampScreenshot());
+    EXPECT_EQ(playing.playlist.entries.size(), 12U);
+    EXPECT_EQ(playing.playlist.current, 0U);
+    // The windows tell of the same track.
+    EXPECT_TRUE(playing.main.marqueeText.contains(playing.playlist.entries[0].name));
+    EXPECT_EQ(playing.main.status.duration, playing.playlist.entries[0].duration);
+    EXPECT_EQ(playing.main.status, playing.playlist.status);
+    // All of them fit into the list.
+    EXPECT_GE(PlaylistLayout::visibleRows(playing.playlist.steps), 12);
+}
+
+TEST(DesktopRenderer, StacksTheThreeWindows)
+{
+    Skin skin = noisySkin();
+    skin.region.sections["normal"] = {
+        {{5, 0}, {275, 0}, {275, 116}, {5, 116}}
+    };
+    auto state = DesktopState::webampScreenshot();
+    state.playlist.steps = {2, 1};
+    for (const auto clip : {Clip::none, Clip::toRegion})
+        for (const int scale : {0, 1, 3}) {
+            const int factor = std::max(scale, 1);
+            const Image drawn = DesktopRenderer::render(skin, state, scale, clip);
+            Collage expected(skin, {325 * factor, (116 + 116 + 145) * factor});
+            expected.add(MainWindowRenderer::render(skin, state.main, scale, clip), {0, 0});
+            expected.add(EQWindowRenderer::render(skin, state.equalizer, scale, clip),
+                         {0, 116 * factor});
+            expected.add(PlaylistWindowRenderer::render(skin, state.playlist, scale),
+                         {0, 232 * factor});
+            expectSame(drawn, std::move(expected).image());
+            EXPECT_EQ(DesktopRenderer::size(state, scale), drawn.size());
+        }
+}
+
+TEST(DesktopRenderer, ClosesTheGapBelowAShadedEqualizer)
+{
+    const Skin skin = noisySkin();
+    DesktopState state;
+    state.equalizer.shaded = true;
+    const Image drawn = DesktopRenderer::render(skin, state, 1, Clip::none);
+    EXPECT_EQ(drawn.size(), (Size{275, 116 + 14 + 116}));
+    EXPECT_EQ(drawn.crop({0, 130, 275, 116}),
+              PlaylistWindowRenderer::render(skin, state.playlist, 1));
+}
+
+TEST(DesktopRenderer, HasNoSizeBeyondAnyRaster)
+{
+    DesktopState state;
+    EXPECT_EQ(DesktopRenderer::size(state, 2), (Size{550, 696}));
+    EXPECT_EQ(DesktopRenderer::size(state, INT64_MAX), std::nullopt);
+    state.playlist.steps = {INT_MAX, INT_MAX};
+    EXPECT_EQ(DesktopRenderer::size(state, 1), std::nullopt);
+}
