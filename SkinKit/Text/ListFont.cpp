@@ -297,10 +297,10 @@ std::vector<Glyph> line(std::string_view text, int width)
     return line;
 }
 
-int width(std::span<const Glyph> glyphs)
+int width(std::span<const Glyph> line)
 {
-    int right = glyphs.empty() ? 0 : -gap;
-    for (const Glyph& glyph : glyphs)
+    int right = line.empty() ? 0 : -gap;
+    for (const Glyph& glyph : line)
         right += gap + glyph.width;
     return right;
 }
