@@ -45,7 +45,8 @@ std::vector<double> solve(Equations equations)
     const std::size_t n = equations.count();
     for (std::size_t column = 0; column < n; ++column) {
         const auto pivot = equations.row(column);
-        std::ranges::swap_ranges(pivot, equations.row(pivotRow(equations, column)));
+        if (const auto found = pivotRow(equations, column); found != column)
+            std::ranges::swap_ranges(pivot, equations.row(found));
         for (std::size_t r = column + 1; r < n; ++r) {
             const auto row = equations.row(r);
             const double factor = row[column] / pivot[column];
