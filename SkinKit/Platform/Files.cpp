@@ -196,9 +196,20 @@ InputFile::~InputFile()
         ::close(descriptor_);
 }
 
-int InputFile::release()
+std::error_code InputFile::readAt(std::int64_t offset, std::span<std::uint8_t> target) const
 {
-    return std::exchange(descriptor_, -1);
+    while (!target.empty()) {
+        const ssize_t count = ::pread(descriptor_, target.data(), target.size(), offset);
+        if (count == 0)
+            return std::make_error_code(std::errc::io_error);
+        if (count > 0) {
+            target = target.subspan(static_cast<std::size_t>(count));
+            offset += count;
+        } else if (errno != EINTR) {
+            return lastError();
+        }
+    }
+    return {};
 }
 
 Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)

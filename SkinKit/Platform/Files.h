@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -41,8 +42,8 @@ public:
     // whatever its size was said to be.
     Result<ByteBuffer> read(std::int64_t maxBytes);
 
-    // Gives the descriptor to the caller, who then closes it.
-    int release();
+    // Fills `target` with what begins at `offset`; an error, too, where the file ends before.
+    std::error_code readAt(std::int64_t offset, std::span<std::uint8_t> target) const;
 
 private:
     InputFile(int descriptor, std::int64_t size) : descriptor_(descriptor), size_(size) {}

@@ -65,6 +65,20 @@ Part firstPart(ByteView bytes)
     return {length, true};
 }
 
+// What code page 437 has other than ASCII, a row for each 16: signs where ASCII has its control
+// characters, and the upper half.
+constexpr std::u16string_view lowerSigns = u" ☺☻♥♦♣♠•◘○◙♂♀♪♫☼"
+                                           u"►◄↕‼¶§▬↨↑↓→←∟↔▲▼";
+constexpr std::u16string_view upperSigns = u"ÇüéâäàåçêëèïîìÄÅ"
+                                           u"ÉæÆôöòûùÿÖÜ¢£¥₧ƒ"
+                                           u"áíóúñÑªº¿⌐¬½¼¡«»"
+                                           u"░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                                           u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧"
+                                           u"╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+                                           u"αßΓπΣσµτΦΘΩδ∞φε∩"
+                                           u"≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+static_assert(lowerSigns.size() == 32 && upperSigns.size() == 128);
+
 }
 
 std::string repaired(ByteView bytes)
@@ -82,6 +96,29 @@ std::string repaired(ByteView bytes)
             append(text, replacementCharacter);
         bytes = bytes.subspan(part.length);
     }
+    return text;
+}
+
+bool isWellFormed(ByteView bytes)
+{
+    if (isASCII(asText(bytes)))
+        return true;
+    while (!bytes.empty()) {
+        const Part part = firstPart(bytes);
+        if (!part.wellFormed)
+            return false;
+        bytes = bytes.subspan(part.length);
+    }
+    return true;
+}
+
+std::string fromCodePage437(ByteView bytes)
+{
+    std::string text;
+    for (const std::uint8_t byte : bytes)
+        append(text, byte < 0x20   ? lowerSigns[byte]
+                     : byte < 0x80 ? byte
+                                   : upperSigns[byte - 0x80U]);
     return text;
 }
 

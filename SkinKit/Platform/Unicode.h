@@ -19,6 +19,10 @@ inline constexpr char32_t replacementCharacter = U'\uFFFD';
 // of a well-formed one). A byte order mark is a character like any other.
 std::string repaired(ByteView bytes);
 
+bool isWellFormed(ByteView bytes);
+// Text in the code page that DOS began with, where control characters are signs, as UTF-8.
+std::string fromCodePage437(ByteView bytes);
+
 // Takes the first code point off well-formed, non-empty text.
 char32_t takeFirst(std::string_view& text);
 void append(std::string& text, char32_t codePoint);

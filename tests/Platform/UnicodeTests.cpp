@@ -61,6 +61,15 @@ TEST(Unicode, ReplacesEachMaximalPartOfAnIllFormedSequence)
     }
 }
 
+TEST(Unicode, ReadsEveryByteOfCodePage437)
+{
+    EXPECT_EQ(Unicode::fromCodePage437(asBytes("a~\x01\x1F")), "a~\u263A\u25BC");
+    EXPECT_EQ(Unicode::fromCodePage437(asBytes("\x80\x9E\xB0\xDB\xE1\xFF")),
+              "\u00C7\u20A7\u2591\u2588\u00DF\u00A0");
+    EXPECT_TRUE(Unicode::isWellFormed(asBytes("a\u00C4\U0001F600")));
+    EXPECT_FALSE(Unicode::isWellFormed(asBytes("a\xC4.bmp")));
+}
+
 TEST(Unicode, LowersCaseInEveryScript)
 {
     struct Row {
