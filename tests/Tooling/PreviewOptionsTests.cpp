@@ -38,6 +38,7 @@ TEST(PreviewOptions, SaysWhatIsWrong)
         {"a b",             "only one <skin.wsz | folder> is accepted"},
         {"a --out",         "--out needs an output path"              },
         {"a --out --mhtml", "--out needs an output path"              },
+        {"a --out -o",      "--out needs an output path"              },
         {"--html",          "unknown option: --html"                  }, // before the missing input
         {"a --out=o",       "unknown option: --out=o"                 },
         {"a -h",            "unknown option: -h"                      },
