@@ -113,10 +113,12 @@ CorpusRunner::Hooks CorpusRunner::Hooks::live()
 
 CorpusRunner::CorpusRunner(fs::path corpus, fs::path out, Config config, Hooks hooks,
                            std::function<void(const std::string&)> progress,
-                           std::function<void(const Progress&)> advance)
+                           std::function<void(const Progress&)> advance,
+                           std::function<void(const std::string&)> note)
     : corpus_(std::move(corpus)), out_(std::move(out)), config_(std::move(config)),
       hooks_(std::move(hooks)), progress_(std::move(progress)),
-      advance_(advance ? std::move(advance) : [](const Progress&) {})
+      advance_(advance ? std::move(advance) : [](const Progress&) {}),
+      note_(note ? std::move(note) : [](const std::string&) {})
 {
 }
 
@@ -180,7 +182,7 @@ private:
                 .pollInterval = config_.pollInterval,
                 .hooks = runner_.hooks_,
                 .writeFailed = [&runner = runner_](std::error_code error) {
-                    runner.progress_(runner.resultsURL().string() + ": " + writeError(error));
+                    runner.note_(runner.resultsURL().string() + ": " + writeError(error));
                 }};
     }
 
@@ -198,7 +200,7 @@ private:
         if (!scan)
             fail(runner_.corpus_, scan.error());
         for (const auto& [folder, error] : scan->unreadFolders)
-            runner_.progress_((runner_.corpus_ / folder).string() + ": " + error.message());
+            runner_.note_((runner_.corpus_ / folder).string() + ": " + error.message());
         Progress numbers{.total = std::ssize(scan->files)};
         for (CorpusFile& found : scan->files) {
             found.md5 = CorpusListing::md5Hex(runner_.corpus_ / found.location());

@@ -92,12 +92,13 @@ public:
         bool operator==(const Error&) const = default;
     };
 
-    // `progress` gets a line now and then, `advance` the numbers after each step. Both are called
-    // from within run(), except that `progress` is told by the watchdog when its verdict could not
-    // be written.
+    // `progress` gets a line now and then, `advance` the numbers after each step, both from within
+    // run(). `note` is told what a user must see although the run goes on, or is ended by the
+    // watchdog because its verdict could not be written.
     CorpusRunner(std::filesystem::path corpus, std::filesystem::path out, Config config,
                  Hooks hooks, std::function<void(const std::string& line)> progress,
-                 std::function<void(const Progress&)> advance = {});
+                 std::function<void(const Progress&)> advance = {},
+                 std::function<void(const std::string& text)> note = {});
 
     // Fails when the collection or the manifest can't be read, before anything is written; when
     // another run has the output folder; and when something can't be written: then what was written
@@ -129,6 +130,7 @@ private:
     const Hooks hooks_;
     const std::function<void(const std::string&)> progress_;
     const std::function<void(const Progress&)> advance_;
+    const std::function<void(const std::string&)> note_;
 };
 
 }
