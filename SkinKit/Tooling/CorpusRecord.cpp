@@ -3,6 +3,7 @@
 #include "SkinKit/Platform/JSON.h"
 #include "SkinKit/Platform/Numbers.h"
 
+#include <chrono>
 #include <utility>
 
 namespace SkinKit {
@@ -96,6 +97,12 @@ bool isNull(const JSON& json)
 bool CorpusRecord::isAbnormalEnd() const
 {
     return status == "crashed" || status == "timeout" || status == "memory";
+}
+
+double CorpusRecord::now()
+{
+    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(sinceEpoch).count();
 }
 
 std::string CorpusRecord::line() const

@@ -39,6 +39,9 @@ struct CorpusRecord {
     // Whether the skin had no chance to answer: it crashed or overran a limit.
     bool isAbnormalEnd() const;
 
+    // The present time, for `t`.
+    static double now();
+
     // One JSON object with sorted keys, without the line feed.
     std::string line() const;
     // What a line says; nothing when it is no such object or a field has another type. Other keys
