@@ -93,8 +93,8 @@ is refused gives a page that says why, and status 2.
 Options:
   --out <file>   where to write (default: the skin's name with ".html" or ".mhtml", in
                  the current folder)
-  --mhtml        a MIME document with the picture as a part of its own, as browsers of
-                 the Chromium family and mail programs read it
+  --mhtml        a MIME document with the picture as a part of its own, which browsers
+                 of the Chromium family open
   -h, --help     this text
   --version      the version
 

@@ -11,7 +11,7 @@ namespace SkinKit::PreviewDocument {
 std::string html(const SkinPreviewPage& page);
 
 // A MIME document (multipart/related) of the page as it is and its attachments, each found by its
-// Content-ID: a web archive, or what a mail holds. Lines end in "\r\n".
+// Content-ID. Lines end in "\r\n".
 std::string mhtml(const SkinPreviewPage& page);
 
 }

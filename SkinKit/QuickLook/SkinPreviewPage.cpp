@@ -77,7 +77,7 @@ std::string body(std::string_view title, const Skin& skin, const std::optional<s
     return text;
 }
 
-// The text files that belong to the format.
+// Any text file but the three that belong to the format.
 bool isReadmeName(std::string_view name)
 {
     static const std::set<std::string_view> nonReadmeNames{"viscolor.txt", "pledit.txt",

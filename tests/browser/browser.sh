@@ -25,9 +25,9 @@ dom_of() {
     browse "$1" --dump-dom
 }
 
-# screenshot PAGE PICTURE: the page as it shows, a pixel a point, as a PNG file.
+# screenshot PAGE PICTURE: the page as it shows on a display of three pixels a point, as a PNG file.
 screenshot() {
-    browse "$1" --window-size=800,800 --hide-scrollbars --force-device-scale-factor=1 \
+    browse "$1" --window-size=700,500 --hide-scrollbars --force-device-scale-factor=3 \
         --force-color-profile=srgb --screenshot="$2"
 }
 
