@@ -175,8 +175,10 @@ ZipFile::Method methodOf(std::int64_t number)
 std::string decodeName(ByteView name)
 {
     const bool hasControl = std::ranges::any_of(name, [](std::uint8_t byte) { return byte < ' '; });
-    return !hasControl && Unicode::isWellFormed(name) ? std::string(asText(name))
-                                                      : Unicode::fromCodePage437(name);
+    if (!hasControl)
+        if (auto text = Unicode::fromUTF8(name))
+            return std::move(*text);
+    return Unicode::fromCodePage437(name);
 }
 
 // Numbers that 32 bits can't hold stand in an extra field, only those and in this order.

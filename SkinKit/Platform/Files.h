@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -22,6 +24,10 @@ enum class Kind { regularFile, folder, other };
 
 // What `path` leads to, links followed.
 Result<Kind> kind(const std::filesystem::path& path);
+
+// The path by whose last component a person knows the file: without slashes at its end, and with a
+// "." or ".." there followed to what it leads to.
+std::filesystem::path named(const std::filesystem::path& path);
 
 // Whether a name that is itself a link may be opened.
 enum class Links { followed, refused };
@@ -42,6 +48,9 @@ public:
     // whatever its size was said to be.
     Result<ByteBuffer> read(std::int64_t maxBytes);
 
+    // The next bytes, as many as there is room for unless the file ends; how many they were.
+    Result<std::size_t> readNext(std::span<std::uint8_t> room);
+
     // Fills `target` with what begins at `offset`; an error, too, where the file ends before.
     std::error_code readAt(std::int64_t offset, std::span<std::uint8_t> target) const;
 
@@ -55,9 +64,15 @@ private:
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
                         Links links = Links::followed);
 
+// Gives each line of a regular file, without its line feed, to `take` while the file is read piece
+// by piece. What is behind the last line feed is a line too, unless it is empty.
+std::error_code forEachLine(const std::filesystem::path& path,
+                            const std::function<void(std::string_view line)>& take);
+
 struct FolderEntry {
     std::string name;
     bool isRegularFile = false; // itself, not what a link leads to
+    bool isFolder = false;      // likewise
     std::int64_t size = 0;
 
     bool operator==(const FolderEntry&) const = default;

@@ -1,6 +1,7 @@
 #include "SkinKit/Platform/Process.h"
 
 #include <malloc.h>
+#include <pthread.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -9,6 +10,11 @@
 #include <cstdlib>
 
 namespace SkinKit::Process {
+
+void nameThread(const char* name)
+{
+    ::pthread_setname_np(::pthread_self(), name);
+}
 
 void reportFileSizeLimit()
 {

@@ -19,7 +19,12 @@ inline constexpr char32_t replacementCharacter = U'\uFFFD';
 // of a well-formed one). A byte order mark is a character like any other.
 std::string repaired(ByteView bytes);
 
-bool isWellFormed(ByteView bytes);
+// The bytes read as UTF-8, or nothing when any of them is ill-formed.
+std::optional<std::string> fromUTF8(ByteView bytes);
+// The bytes read as code page 1252 (Windows, Western Europe), or nothing when one of them is among
+// the five that it leaves undefined.
+std::optional<std::string> fromWindows1252(ByteView bytes);
+
 // Text in the code page that DOS began with, where control characters are signs, as UTF-8.
 std::string fromCodePage437(ByteView bytes);
 

@@ -2,6 +2,7 @@
 #include "tests/support/Bytes.h"
 
 #include <gtest/gtest.h>
+#include <iconv.h>
 
 using namespace SkinKit;
 
@@ -10,6 +11,24 @@ namespace {
 std::string repaired(std::string_view text)
 {
     return Unicode::repaired(asBytes(text));
+}
+
+}
+
+namespace {
+
+// A byte of a code page as UTF-8, as the system converts it; nothing for one that the page lacks.
+std::optional<std::string> converted(const char* codePage, char byte)
+{
+    const auto converter = ::iconv_open("UTF-8", codePage);
+    char character[4];
+    char* in = &byte;
+    char* out = character;
+    std::size_t inLeft = 1;
+    std::size_t outLeft = sizeof character;
+    const bool isDefined = ::iconv(converter, &in, &inLeft, &out, &outLeft) == 0;
+    ::iconv_close(converter);
+    return isDefined ? std::optional(std::string(character, out)) : std::nullopt;
 }
 
 }
@@ -61,13 +80,27 @@ TEST(Unicode, ReplacesEachMaximalPartOfAnIllFormedSequence)
     }
 }
 
-TEST(Unicode, ReadsEveryByteOfCodePage437)
+TEST(Unicode, ReadsUTF8OnlyWhenAllOfItIsWellFormed)
 {
-    EXPECT_EQ(Unicode::fromCodePage437(asBytes("a~\x01\x1F")), "a~\u263A\u25BC");
-    EXPECT_EQ(Unicode::fromCodePage437(asBytes("\x80\x9E\xB0\xDB\xE1\xFF")),
-              "\u00C7\u20A7\u2591\u2588\u00DF\u00A0");
-    EXPECT_TRUE(Unicode::isWellFormed(asBytes("a\u00C4\U0001F600")));
-    EXPECT_FALSE(Unicode::isWellFormed(asBytes("a\xC4.bmp")));
+    for (const std::string_view text : {"", "plain", "\u00E9 \U0001F600", "\uFFFD"})
+        EXPECT_EQ(Unicode::fromUTF8(asBytes(text)), text);
+    for (const std::string_view bytes : {"\xE9", "plain \xFF", "\u00E9\xC3", "\xED\xA0\x80"})
+        EXPECT_EQ(Unicode::fromUTF8(asBytes(bytes)), std::nullopt);
+}
+
+TEST(Unicode, ReadsEveryByteOfACodePageAsTheSystemDoes)
+{
+    for (int value = 0; value < 256; ++value) {
+        const char byte = static_cast<char>(value);
+        EXPECT_EQ(Unicode::fromWindows1252(asBytes({&byte, 1})), converted("CP1252", byte))
+            << value;
+        if (value >= ' ') // the system keeps control characters
+            EXPECT_EQ(Unicode::fromCodePage437(asBytes({&byte, 1})), converted("CP437", byte))
+                << value;
+    }
+    EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x80z")), "a\u20ACz");
+    EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x9Dz")), std::nullopt);
+    EXPECT_EQ(Unicode::fromCodePage437(asBytes("a\x01\x1Fz")), "a\u263A\u25BCz");
 }
 
 TEST(Unicode, LowersCaseInEveryScript)
