@@ -13,10 +13,6 @@ std::string repaired(std::string_view text)
     return Unicode::repaired(asBytes(text));
 }
 
-}
-
-namespace {
-
 // A byte of a code page as UTF-8, as the system converts it; nothing for one that the page lacks.
 std::optional<std::string> converted(const char* codePage, char byte)
 {
@@ -94,9 +90,10 @@ TEST(Unicode, ReadsEveryByteOfACodePageAsTheSystemDoes)
         const char byte = static_cast<char>(value);
         EXPECT_EQ(Unicode::fromWindows1252(asBytes({&byte, 1})), converted("CP1252", byte))
             << value;
-        if (value >= ' ') // the system keeps control characters
+        if (value >= ' ') { // the system keeps control characters
             EXPECT_EQ(Unicode::fromCodePage437(asBytes({&byte, 1})), converted("CP437", byte))
                 << value;
+        }
     }
     EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x80z")), "a\u20ACz");
     EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x9Dz")), std::nullopt);
