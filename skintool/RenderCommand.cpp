@@ -155,11 +155,6 @@ Options:
   -h, --help            this text
   --version             the version
 
-Sub-commands (skintool <word> --help tells more):
-  info                  tell everything about a skin, or print it as JSON
-  windows               write pictures of all windows of a skin
-  preview               write an HTML page that shows a skin
-
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.
 
