@@ -143,6 +143,8 @@ const std::string_view help = R"(Examples:
   skintool info some.wsz                       everything about a skin
   skintool windows some.wsz --out pictures     all its windows as pictures
   skintool preview some.wsz                    a page that shows it in any browser
+  skintool gallery skins --out page            a page of all skins of a folder
+  skintool corpus skins --out run1             every skin of a collection, tried
 
 Options:
   -v, --verbose         print the loader's warnings and fallbacks

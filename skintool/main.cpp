@@ -1,5 +1,6 @@
 #include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
+#include "SkinKit/Tooling/GalleryOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
@@ -7,6 +8,7 @@
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
 #include "skintool/CorpusCommand.h"
+#include "skintool/GalleryCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/PreviewCommand.h"
 #include "skintool/RenderCommand.h"
@@ -42,6 +44,8 @@ std::span<const Form> subCommands()
          SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
         {"preview", "write an HTML page that shows a skin",
          SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
+        {"gallery", "make a page of all skins of a folder",
+         SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
         {"corpus", "try every skin of a collection, and note what came of each",
          SkinKit::CorpusOptions::usage, CorpusCommand::help, CorpusCommand::run},
     };
