@@ -21,3 +21,8 @@ install_build_packages() {
     install g++ cmake ninja-build ccache \
         libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev
 }
+
+# What the benchmarks measure with and against.
+install_benchmark_packages() {
+    install libbenchmark-dev libsdl2-dev unzip imagemagick python3
+}
