@@ -5,6 +5,7 @@
 #include "SkinKit/Rendering/PNGWriter.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "skintool/Loading.h"
+#include "skintool/Paths.h"
 #include "skintool/Pictures.h"
 
 #include <optional>
@@ -92,7 +93,7 @@ ExitStatus compare(const Image& image, const Image& reference, const SkintoolOpt
 // Why the files named can't be used together, before any is written; nothing when they can.
 std::optional<std::string> conflict(const SkintoolOptions& options)
 {
-    using Pictures::isSame;
+    using Paths::isSame;
     if (isSame(*options.png, options.input))
         return "is the skin itself";
     if (!options.compare)
@@ -170,6 +171,7 @@ Options:
 Sub-commands (skintool <word> --help tells more):
   info                  tell everything about a skin, or print it as JSON
   windows               write pictures of all windows of a skin
+  corpus-report         sum up what a run over a whole collection found
 
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.

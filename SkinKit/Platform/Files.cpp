@@ -224,6 +224,14 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
     }
 }
 
+Result<std::size_t> InputFile::readNext(std::span<std::uint8_t> room)
+{
+    const auto count = readFully(descriptor_, room);
+    if (!count)
+        return std::unexpected(lastError());
+    return *count;
+}
+
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes, Links links)
 {
     auto file = InputFile::open(path, links);

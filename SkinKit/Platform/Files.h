@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -40,6 +41,9 @@ public:
     // The whole file. Fails with std::errc::file_too_large when it holds more than `maxBytes`,
     // whatever its size was said to be.
     Result<ByteBuffer> read(std::int64_t maxBytes);
+
+    // The next bytes, as many as there is room for unless the file ends; how many they were.
+    Result<std::size_t> readNext(std::span<std::uint8_t> room);
 
     // Gives the descriptor to the caller, who then closes it.
     int release();

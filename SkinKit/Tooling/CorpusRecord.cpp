@@ -93,7 +93,7 @@ bool isNull(const JSON& json)
 
 }
 
-bool CorpusRecord::isAbnormalEnd() const
+bool CorpusRecord::isAbnormalEnd(std::string_view status)
 {
     return status == "crashed" || status == "timeout" || status == "memory";
 }
