@@ -4,6 +4,7 @@
 #include "SkinKit/Tooling/StackTrace.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <tuple>
 #include <utility>
 
@@ -97,7 +98,9 @@ std::optional<std::size_t> CrashedSkins::find(const CrashLog& log) const
 {
     const Mark* best = nullptr;
     const auto take = [&](const Mark& mark) {
-        const auto rank = [](const Mark& m) { return std::pair(m.kind, m.text.size()); };
+        const auto rank = [](const Mark& m) {
+            return std::tuple(m.kind, m.text.size(), -static_cast<std::int64_t>(m.skin));
+        };
         if (!best || rank(*best) < rank(mark))
             best = &mark;
     };

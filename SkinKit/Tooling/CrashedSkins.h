@@ -15,7 +15,8 @@ namespace SkinKit {
 
 // Finds out which skin a crash log is about: the one whose fingerprint it holds, else whose path or
 // file name, else whose name. A log's own file name is as good as its text. All must stand there as
-// whole words, and of equally good ones the longest counts.
+// whole words. Of equally good ones the longest counts, and the first of several skins of that
+// name.
 class CrashedSkins {
 public:
     explicit CrashedSkins(std::span<const CorpusSkins::File* const> skins);

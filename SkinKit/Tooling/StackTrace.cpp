@@ -93,7 +93,7 @@ std::string_view functionName(std::string_view text)
 {
     constexpr std::string_view operatorWord = "operator";
     constexpr std::string_view operatorSigns = "<>=!+-*/%^&|~,[]";
-    int angles = 0;
+    int depth = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto rest = text.substr(i);
         if (rest.starts_with(operatorWord)) {
@@ -103,13 +103,13 @@ std::string_view functionName(std::string_view text)
             else
                 i = std::min(text.find_first_not_of(operatorSigns, i), text.size());
             --i;
-        } else if (rest.starts_with('<')) {
-            ++angles;
-        } else if (rest.starts_with('>')) {
-            angles = std::max(angles - 1, 0);
-        } else if (angles == 0 && rest.starts_with(" /")) {
+        } else if (rest.starts_with('<') || rest.starts_with('{')) {
+            ++depth;
+        } else if (rest.starts_with('>') || rest.starts_with('}')) {
+            depth = std::max(depth - 1, 0);
+        } else if (depth == 0 && rest.starts_with(" /")) {
             return text.substr(0, i);
-        } else if (angles == 0 && rest.starts_with('(')) {
+        } else if (depth == 0 && rest.starts_with('(')) {
             const auto end = closing(text, i);
             if (end == text.npos || !text.substr(end + 1).starts_with("::"))
                 return Unicode::trimmed(text.substr(0, i));
@@ -195,8 +195,10 @@ private:
     {
         // Enough to see past the abort functions.
         constexpr std::size_t mostFrames = 24;
-        if (isInnermost || stacks_.empty())
+        if (isInnermost)
             stacks_.push_back({std::exchange(heading_, {}), {}});
+        if (stacks_.empty())
+            return;
         auto& frames = stacks_.back().frames;
         if (frame.starts_with("<signal handler called>"))
             frames.clear();
