@@ -171,7 +171,8 @@ Options:
 Sub-commands (skintool <word> --help tells more):
   info                  tell everything about a skin, or print it as JSON
   windows               write pictures of all windows of a skin
-  corpus-report         sum up what a run over a whole collection found
+  corpus                run a whole collection
+  corpus-report         sum up what such a run found
 
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.

@@ -1,10 +1,12 @@
 #include "SkinKit/Platform/Process.h"
+#include "SkinKit/Tooling/CorpusOptions.h"
 #include "SkinKit/Tooling/CorpusReportOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
+#include "skintool/CorpusCommand.h"
 #include "skintool/CorpusReportCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/RenderCommand.h"
@@ -48,10 +50,11 @@ ExitStatus run(Arguments arguments)
 {
     const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
     const Form subCommands[] = {
-        {"info",          SkinKit::InfoOptions::usage,         InfoCommand::help,         InfoCommand::run   },
-        {"windows",       SkinKit::WindowsOptions::usage,      WindowsCommand::help,      WindowsCommand::run},
+        {"corpus",        SkinKit::CorpusOptions::usage,       CorpusCommand::help,       CorpusCommand::run },
         {"corpus-report", SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help,
          CorpusReportCommand::run                                                                            },
+        {"info",          SkinKit::InfoOptions::usage,         InfoCommand::help,         InfoCommand::run   },
+        {"windows",       SkinKit::WindowsOptions::usage,      WindowsCommand::help,      WindowsCommand::run},
     };
     for (const Form& form : subCommands)
         if (!arguments.empty() && arguments.front() == form.word)

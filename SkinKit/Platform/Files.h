@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <vector>
 
@@ -58,9 +60,19 @@ private:
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
                         Links links = Links::followed);
 
+// The longest line that is looked at: one so long comes from no text.
+inline constexpr std::int64_t maxLineBytes = 64 << 20;
+
+// Gives each line of a regular file, without its line feed, to `take` while the file is read piece
+// by piece. What is behind the last line feed is a line too, unless it is empty. Lines longer than
+// the maximum are passed over.
+std::error_code forEachLine(const std::filesystem::path& path,
+                            const std::function<void(std::string_view line)>& take);
+
 struct FolderEntry {
     std::string name;
     bool isRegularFile = false; // itself, not what a link leads to
+    bool isFolder = false;      // likewise
     std::int64_t size = 0;
 
     bool operator==(const FolderEntry&) const = default;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <expected>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -51,6 +52,14 @@ public:
         return std::get_if<T>(&value_);
     }
     const JSON* member(std::string_view key) const;
+    // The member's value when it has that type.
+    template <typename T>
+    std::optional<T> member(std::string_view key) const
+    {
+        const JSON* const found = member(key);
+        const T* const value = found ? found->as<T>() : nullptr;
+        return value ? std::optional(*value) : std::nullopt;
+    }
 
     // As text: slashes as they are, what is not UTF-8 replaced by U+FFFD. Indented by `indent`
     // spaces a level, or all on one line.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <concepts>
 #include <system_error>
 #include <utility>
@@ -259,6 +260,12 @@ std::optional<CorpusRecord> parsePlain(std::string_view text)
 bool CorpusRecord::isAbnormalEnd(std::string_view status)
 {
     return status == "crashed" || status == "timeout" || status == "memory";
+}
+
+double CorpusRecord::now()
+{
+    const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(sinceEpoch).count();
 }
 
 std::string CorpusRecord::line() const

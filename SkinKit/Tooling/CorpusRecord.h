@@ -40,6 +40,9 @@ struct CorpusRecord {
     bool isAbnormalEnd() const { return status && isAbnormalEnd(*status); }
     static bool isAbnormalEnd(std::string_view status);
 
+    // The present time, for `t`.
+    static double now();
+
     // One JSON object with sorted keys, without the line feed.
     std::string line() const;
     // What a line says; nothing when it is no such object or a field has another type. Other keys

@@ -9,11 +9,8 @@
 // Reading a results file record by record, so that a long one costs no memory.
 namespace SkinKit::CorpusRecords {
 
-// The longest line that is looked at. A skin's own texts may make one of tens of megabytes.
-inline constexpr std::int64_t maxLineBytes = 64 << 20;
-
-// Hands every record to `take`, in the order of the file. Empty lines and lines that are no record,
-// such as one cut short by the end of the process that wrote it, are passed over.
+// Hands every record to `take`, in the order of the file. Lines that are no record, such as one cut
+// short by the end of the process that wrote it, are passed over.
 std::error_code read(const std::filesystem::path& file,
                      const std::function<void(CorpusRecord)>& take);
 
