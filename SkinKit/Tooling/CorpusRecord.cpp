@@ -2,12 +2,10 @@
 
 #include "SkinKit/Platform/JSON.h"
 #include "SkinKit/Platform/Numbers.h"
+#include "SkinKit/Tooling/PlainLine.h"
 
-#include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <concepts>
-#include <system_error>
 #include <utility>
 
 namespace SkinKit {
@@ -142,101 +140,6 @@ std::optional<CorpusRecord> parseAny(std::string_view line)
     return isRecord ? std::optional(std::move(record)) : std::nullopt;
 }
 
-// Takes values off the front of a line, as long as they are plain: texts without escapes in ASCII,
-// numbers without a sign, nothing between them.
-class PlainLine {
-public:
-    explicit PlainLine(std::string_view line) : rest_(line) {}
-
-    std::string_view rest() const { return rest_; }
-
-    bool take(std::string_view expected)
-    {
-        if (!rest_.starts_with(expected))
-            return false;
-        rest_.remove_prefix(expected.size());
-        return true;
-    }
-
-    // The start of a member of that name.
-    bool takeKey(std::string_view key)
-    {
-        PlainLine line(rest_);
-        if (!line.take(isFirst_ ? "{\"" : ",\"") || !line.take(key) || !line.take("\":"))
-            return false;
-        rest_ = line.rest_;
-        isFirst_ = false;
-        return true;
-    }
-
-    bool read(std::string& text)
-    {
-        if (!take("\""))
-            return false;
-        const auto end =
-            std::ranges::find_if(rest_, [](char c) { return c < ' ' || c == '"' || c == '\\'; });
-        if (end == rest_.end() || *end != '"')
-            return false;
-        const auto size = static_cast<std::size_t>(end - rest_.begin());
-        text = rest_.substr(0, size);
-        rest_.remove_prefix(size + 1);
-        return true;
-    }
-
-    bool read(std::vector<std::string>& texts)
-    {
-        if (!take("["))
-            return false;
-        if (take("]"))
-            return true;
-        do {
-            if (!read(texts.emplace_back()))
-                return false;
-        } while (take(","));
-        return take("]");
-    }
-
-    bool read(bool& value)
-    {
-        value = rest_.starts_with('t');
-        return take(value ? "true" : "false");
-    }
-
-    bool read(std::int64_t& value)
-    {
-        const auto digits = takeDigits();
-        const auto [end, error] =
-            std::from_chars(digits.data(), digits.data() + digits.size(), value);
-        return isWhole(digits) && error == std::errc();
-    }
-
-    bool read(double& value)
-    {
-        const char* const begin = rest_.data();
-        if (!isWhole(takeDigits()) || (take(".") && takeDigits().empty()))
-            return false;
-        if (take("e") && ((take("-") || take("+")), takeDigits().empty()))
-            return false;
-        return std::from_chars(begin, rest_.data(), value).ec == std::errc();
-    }
-
-private:
-    std::string_view takeDigits()
-    {
-        const auto digits = rest_.substr(0, rest_.find_first_not_of("0123456789"));
-        rest_.remove_prefix(digits.size());
-        return digits;
-    }
-
-    static bool isWhole(std::string_view digits)
-    {
-        return !digits.empty() && (digits.front() != '0' || digits.size() == 1);
-    }
-
-    std::string_view rest_;
-    bool isFirst_ = true;
-};
-
 // A line in the form that most have, written by us and without odd characters, in a fraction of the
 // time; nothing when it is another, whatever it says.
 std::optional<CorpusRecord> parsePlain(std::string_view text)
@@ -248,11 +151,10 @@ std::optional<CorpusRecord> parsePlain(std::string_view text)
     visitFields(record, [&](std::string_view key, auto& field) {
         if (!isPlain || !line.takeKey(key))
             return;
-        isPlain = line.read(made(field));
+        isPlain = line.take(made(field));
         hasEvent = hasEvent || std::same_as<decltype(field), std::string&>;
     });
-    return isPlain && hasEvent && line.rest() == "}" ? std::optional(std::move(record))
-                                                     : std::nullopt;
+    return isPlain && hasEvent && line.isAtEnd() ? std::optional(std::move(record)) : std::nullopt;
 }
 
 }
