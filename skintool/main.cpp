@@ -2,6 +2,7 @@
 #include "SkinKit/Tooling/CorpusOptions.h"
 #include "SkinKit/Tooling/CorpusReportOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
+#include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
@@ -9,6 +10,7 @@
 #include "skintool/CorpusCommand.h"
 #include "skintool/CorpusReportCommand.h"
 #include "skintool/InfoCommand.h"
+#include "skintool/PreviewCommand.h"
 #include "skintool/RenderCommand.h"
 #include "skintool/WindowsCommand.h"
 
@@ -54,6 +56,7 @@ ExitStatus run(Arguments arguments)
         {"corpus-report", SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help,
          CorpusReportCommand::run                                                                            },
         {"info",          SkinKit::InfoOptions::usage,         InfoCommand::help,         InfoCommand::run   },
+        {"preview",       SkinKit::PreviewOptions::usage,      PreviewCommand::help,      PreviewCommand::run},
         {"windows",       SkinKit::WindowsOptions::usage,      WindowsCommand::help,      WindowsCommand::run},
     };
     for (const Form& form : subCommands)
