@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace SkinKit {
 namespace {
@@ -49,6 +50,20 @@ std::string abortLine(std::string_view text)
     }
 }
 
+// Without the sequences that colour text on a terminal: ESC, "[", numbers and a letter.
+std::string withoutColours(std::string_view text)
+{
+    std::string plain;
+    while (true) {
+        const auto escape = text.find("\x1B[");
+        plain += text.substr(0, escape);
+        if (escape == text.npos)
+            return plain;
+        const auto end = text.find_first_not_of("0123456789;", escape + 2);
+        text.remove_prefix(end == text.npos ? text.size() : end + 1);
+    }
+}
+
 // Whether the bytes are those of a text: without control characters but those that lay it out or
 // colour it.
 bool isText(ByteView bytes)
@@ -75,7 +90,9 @@ std::optional<std::string> readText(const std::filesystem::path& path)
 
 CrashLog CrashLog::of(std::string_view file, std::string_view text)
 {
-    return {std::string(file), std::string(text), signatureOf(text)};
+    std::string plain = withoutColours(text);
+    std::string signature = signatureOf(plain);
+    return {std::string(file), std::move(plain), std::move(signature)};
 }
 
 std::string CrashLog::signatureOf(std::string_view text)

@@ -18,11 +18,12 @@ struct CrashLog {
     static constexpr std::int64_t maxTotalBytes = 64 << 20;
 
     std::string file;      // its name in its folder, UTF-8
-    std::string text;      // UTF-8
+    std::string text;      // UTF-8, without colours
     std::string signature; // of `text`; empty without a stack and an abort line
 
     bool operator==(const CrashLog&) const = default;
 
+    // Of a text as it was found, which may be coloured.
     static CrashLog of(std::string_view file, std::string_view text);
 
     // What tells one crash from another: the top three frames of the thread that crashed, innermost

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace SkinKit::StackTrace {
@@ -36,9 +37,20 @@ constexpr std::string_view abortFunctions[] = {
     "__GI___assert_fail",
 };
 
-bool isAbortFunction(std::string_view name)
+// Before them, those between an exception that nobody catches and the abort; without debugging
+// symbols most have no names.
+constexpr std::string_view terminateFunctions[] = {
+    "__gnu_cxx::__verbose_terminate_handler",
+    "__cxxabiv1::__terminate",
+    "std::terminate",
+    "__cxa_throw",
+    "__cxa_rethrow",
+    "libstdc++.so.6",
+};
+
+bool contains(std::span<const std::string_view> names, std::string_view name)
 {
-    return std::ranges::find(abortFunctions, name) != std::end(abortFunctions);
+    return std::ranges::find(names, name) != names.end();
 }
 
 void skipBlanks(std::string_view& text)
@@ -229,7 +241,12 @@ private:
 
     static std::vector<std::string> withoutAbort(const std::vector<std::string>& frames)
     {
-        const auto first = std::ranges::find_if_not(frames, isAbortFunction);
+        auto first = std::ranges::find_if_not(
+            frames, [](std::string_view name) { return contains(abortFunctions, name); });
+        if (first != frames.begin())
+            first = std::find_if_not(first, frames.end(), [](std::string_view name) {
+                return contains(terminateFunctions, name);
+            });
         return first == frames.end() ? frames : std::vector(first, frames.end());
     }
 

@@ -61,7 +61,10 @@ TEST(CrashLog, LeavesOutTheFramesOfAbortingAndOfASignalHandler)
 #5  0x00007ffff7ca8e85 in std::terminate() () from /lib/x86_64-linux-gnu/libstdc++.so.6
 #6  0x000055555555558e in operator<< <char> (x=1) at a.cpp:7
 )"),
-              "libstdc++.so.6 ← std::terminate ← operator<< <char>");
+              "operator<< <char>");
+    EXPECT_EQ(CrashLog::signatureOf("#0  0x1 in ?? () from /lib/libstdc++.so.6\n"
+                                    "#1  0x2 in std::terminate () from /lib/libstdc++.so.6\n"),
+              "libstdc++.so.6 ← std::terminate"); // no abort
     EXPECT_EQ(CrashLog::signatureOf("#0  0x1 in handler (signal=11) at h.c:1\n"
                                     "#1  <signal handler called>\n#2  0x2 in decode () at d.c:2\n"),
               "decode");
@@ -113,6 +116,14 @@ TEST(CrashLog, TakesTheLibrarysLineWithoutAStack)
     };
     for (const auto& row : rows)
         EXPECT_EQ(CrashLog::signatureOf(row.text), row.expected);
+}
+
+TEST(CrashLog, SeesThroughColours)
+{
+    const auto log =
+        CrashLog::of("1.log", "#0  \x1B[34m0x01\x1B[m in \x1B[0;33mread\x1B[m (x=1)\n\x1B[");
+    EXPECT_EQ(log.signature, "read");
+    EXPECT_EQ(log.text, "#0  0x01 in read (x=1)\n");
 }
 
 TEST(CrashLog, ReadsTheTextFilesOfAFolder)
