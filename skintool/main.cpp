@@ -1,6 +1,7 @@
 #include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
 #include "SkinKit/Tooling/CorpusReportOptions.h"
+#include "SkinKit/Tooling/GalleryOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
@@ -9,6 +10,7 @@
 #include "skintool/Console.h"
 #include "skintool/CorpusCommand.h"
 #include "skintool/CorpusReportCommand.h"
+#include "skintool/GalleryCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/PreviewCommand.h"
 #include "skintool/RenderCommand.h"
@@ -52,12 +54,14 @@ ExitStatus run(Arguments arguments)
 {
     const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
     const Form subCommands[] = {
-        {"corpus",        SkinKit::CorpusOptions::usage,       CorpusCommand::help,       CorpusCommand::run },
-        {"corpus-report", SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help,
-         CorpusReportCommand::run                                                                            },
-        {"info",          SkinKit::InfoOptions::usage,         InfoCommand::help,         InfoCommand::run   },
+        // clang-format off
+        {"corpus",        SkinKit::CorpusOptions::usage,       CorpusCommand::help,       CorpusCommand::run},
+        {"corpus-report", SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help, CorpusReportCommand::run},
+        {"gallery",       SkinKit::GalleryOptions::usage,      GalleryCommand::help,      GalleryCommand::run},
+        {"info",          SkinKit::InfoOptions::usage,         InfoCommand::help,         InfoCommand::run},
         {"preview",       SkinKit::PreviewOptions::usage,      PreviewCommand::help,      PreviewCommand::run},
         {"windows",       SkinKit::WindowsOptions::usage,      WindowsCommand::help,      WindowsCommand::run},
+        // clang-format on
     };
     for (const Form& form : subCommands)
         if (!arguments.empty() && arguments.front() == form.word)
