@@ -116,13 +116,14 @@ std::string article(const Card& card, Size size)
 
 std::string html(std::string_view title, const std::vector<Card>& cards, Size pictureSize)
 {
+    constexpr int cardBorders = 26; // what the style puts around a picture, left and right together
     std::string page = "<!doctype html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">\n"
                        "<meta name=\"viewport\" content=\"width=device-width\">\n<title>";
     page += escaped(title);
     page += "</title>\n<style>";
     page += style;
-    page += "main { grid-template-columns: repeat(auto-fill, minmax(min(100%, " +
-            std::to_string(pictureSize.width) + "px), max-content)); }\n</style></head><body>\n";
+    page += "main { grid-template-columns: repeat(auto-fill, min(100%, " +
+            std::to_string(pictureSize.width + cardBorders) + "px)); }\n</style></head><body>\n";
     page += "<header><h1>" + escaped(title) + "</h1><span id=\"count\">" +
             std::to_string(cards.size()) + " skins</span>\n";
     page += controls;
