@@ -35,6 +35,7 @@
 #include "SkinKit/Parsers/VisColorParser.h"
 #include "SkinKit/Platform/JSON.h"
 #include "SkinKit/QuickLook/ThumbnailFit.h"
+#include "SkinKit/Raster/AreaFilter.h"
 #include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Raster/Geometry.h"
 #include "SkinKit/Raster/Image.h"
