@@ -71,6 +71,7 @@
 #include "SkinKit/Tooling/RequiredSprites.h"
 #include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
+#include "SkinKit/Tooling/TerminalText.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
 #include "SkinKit/Vis/VisRenderer.h"
