@@ -7,12 +7,19 @@
 
 namespace VelmarThumbnail {
 
+double DrawingContext::pixels(double points) const
+{
+    return std::isfinite(scale) && scale > 0 ? points * scale : points;
+}
+
 std::optional<SkinKit::Image> ThumbnailReply::image(double scale) const
 {
-    const auto pixels = [scale](double points) {
-        return static_cast<int>(std::clamp<double>(std::round(points * scale), 1, INT_MAX));
+    SkinKit::Canvas none({1, 1});
+    const auto side = [&](double points) {
+        const double pixels = std::round(DrawingContext{none, scale}.pixels(points));
+        return static_cast<int>(std::clamp<double>(pixels, 1, INT_MAX));
     };
-    SkinKit::Canvas canvas({pixels(contextSize.width), pixels(contextSize.height)});
+    SkinKit::Canvas canvas({side(contextSize.width), side(contextSize.height)});
     if (!draw({canvas, scale}))
         return std::nullopt;
     return std::move(canvas).image();

@@ -4,14 +4,18 @@
 #include "SkinKit/Raster/Image.h"
 
 #include <functional>
+#include <optional>
 
 namespace VelmarThumbnail {
 
 // Where a reply is drawn: a canvas of device pixels, so many a point, whose origin is the top left
-// corner of the area that the reply asked for. A scale that is no positive number counts as 1.
+// corner of the area that the reply asked for.
 struct DrawingContext {
     SkinKit::Canvas& canvas;
-    double scale = 1;
+    double scale = 1; // one that is no positive number counts as 1, here as below
+
+    // A length of so many points in device pixels.
+    double pixels(double points) const;
 };
 
 // A picture yet to be drawn, and the area that it wants. The callback owns all that it needs: it
