@@ -21,9 +21,10 @@ std::expected<Skin, SkinError> load(const std::filesystem::path& file, const Ope
     return archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
 }
 
-RectF scaled(const RectF& rect, double factor)
+RectF inDevicePixels(const RectF& rect, double scale)
 {
-    return {rect.x * factor, rect.y * factor, rect.width * factor, rect.height * factor};
+    return {devicePixels(rect.x, scale), devicePixels(rect.y, scale),
+            devicePixels(rect.width, scale), devicePixels(rect.height, scale)};
 }
 
 // Rounds halves away from zero. What lies farther out than any raster stays out there.
@@ -54,8 +55,7 @@ void drawSmoothly(Canvas& canvas, const Image& image, const RectF& device)
 
 bool draw(const DrawingContext& context, const Image& image, const ThumbnailFit::Result& fit)
 {
-    const bool isScale = std::isfinite(context.scale) && context.scale > 0;
-    const RectF device = scaled(fit.imageRect, isScale ? context.scale : 1);
+    const RectF device = inDevicePixels(fit.imageRect, context.scale);
     if (fit.smooth)
         drawSmoothly(context.canvas, image, device);
     else

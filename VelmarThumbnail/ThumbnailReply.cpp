@@ -7,16 +7,15 @@
 
 namespace VelmarThumbnail {
 
-double DrawingContext::pixels(double points) const
+double devicePixels(double points, double scale)
 {
     return std::isfinite(scale) && scale > 0 ? points * scale : points;
 }
 
 std::optional<SkinKit::Image> ThumbnailReply::image(double scale) const
 {
-    SkinKit::Canvas none({1, 1});
-    const auto side = [&](double points) {
-        const double pixels = std::round(DrawingContext{none, scale}.pixels(points));
+    const auto side = [scale](double points) {
+        const double pixels = std::round(devicePixels(points, scale));
         return static_cast<int>(std::clamp<double>(pixels, 1, INT_MAX));
     };
     SkinKit::Canvas canvas({side(contextSize.width), side(contextSize.height)});

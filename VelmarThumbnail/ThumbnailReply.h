@@ -12,11 +12,11 @@ namespace VelmarThumbnail {
 // corner of the area that the reply asked for.
 struct DrawingContext {
     SkinKit::Canvas& canvas;
-    double scale = 1; // one that is no positive number counts as 1, here as below
-
-    // A length of so many points in device pixels.
-    double pixels(double points) const;
+    double scale = 1;
 };
+
+// A length of so many points in device pixels. A scale that is no positive number counts as 1.
+double devicePixels(double points, double scale);
 
 // A picture yet to be drawn, and the area that it wants. The callback owns all that it needs: it
 // may be called at any time, on any thread, several times, and after everything else of the request

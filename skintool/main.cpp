@@ -1,9 +1,11 @@
 #include "SkinKit/Platform/Process.h"
+#include "SkinKit/Tooling/CorpusOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
+#include "skintool/CorpusCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/RenderCommand.h"
 #include "skintool/WindowsCommand.h"
@@ -46,6 +48,7 @@ ExitStatus run(Arguments arguments)
 {
     const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
     const Form subCommands[] = {
+        {"corpus",  SkinKit::CorpusOptions::usage,  CorpusCommand::help,  CorpusCommand::run },
         {"info",    SkinKit::InfoOptions::usage,    InfoCommand::help,    InfoCommand::run   },
         {"windows", SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
     };

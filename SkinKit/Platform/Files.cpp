@@ -1,5 +1,6 @@
 #include "SkinKit/Platform/Files.h"
 
+#include "SkinKit/Platform/Descriptors.h"
 #include "SkinKit/Platform/Numbers.h"
 
 #include <dirent.h>
@@ -17,44 +18,15 @@
 namespace SkinKit::Files {
 namespace {
 
-constexpr int mostLinks = 40; // as the system itself allows
+using Descriptors::lastError;
+using Descriptors::readFully;
+using Descriptors::writeFully;
 
-std::error_code lastError()
-{
-    return {errno, std::generic_category()};
-}
+constexpr int mostLinks = 40; // as the system itself allows
 
 std::unexpected<std::error_code> failure(std::errc code)
 {
     return std::unexpected(std::make_error_code(code));
-}
-
-// Reads until `bytes` is full or the file ends; the number of bytes read, or nothing on an error.
-std::optional<std::size_t> readFully(int descriptor, std::span<std::uint8_t> bytes)
-{
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = ::read(descriptor, bytes.data() + done, bytes.size() - done);
-        if (count == 0)
-            break;
-        if (count > 0)
-            done += static_cast<std::size_t>(count);
-        else if (errno != EINTR)
-            return std::nullopt;
-    }
-    return done;
-}
-
-std::error_code writeFully(int descriptor, ByteView bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-        if (count >= 0)
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        else if (errno != EINTR)
-            return lastError();
-    }
-    return {};
 }
 
 // Writes and closes, telling of the first thing that failed: some file systems report a full disk
@@ -215,6 +187,14 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
     }
 }
 
+Result<std::size_t> InputFile::readNext(std::span<std::uint8_t> room)
+{
+    const auto count = readFully(descriptor_.number(), room);
+    if (!count)
+        return std::unexpected(lastError());
+    return *count;
+}
+
 Result<OutputFile> OutputFile::open(const std::filesystem::path& path)
 {
     const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
@@ -242,6 +222,33 @@ Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes
     return file->read(maxBytes);
 }
 
+std::error_code forEachLine(const std::filesystem::path& path,
+                            const std::function<void(std::string_view)>& take)
+{
+    auto file = InputFile::open(path, Links::followed);
+    if (!file)
+        return file.error();
+    ByteBuffer room(1 << 16);
+    std::string cut; // the part so far of a line that goes on in the next piece
+    while (true) {
+        const auto count = file->readNext(room);
+        if (!count)
+            return count.error();
+        if (*count == 0)
+            break;
+        std::string_view piece = asText(room).substr(0, *count);
+        for (auto end = piece.find('\n'); end != piece.npos; end = piece.find('\n')) {
+            take(cut.empty() ? piece.substr(0, end) : cut.append(piece.substr(0, end)));
+            cut.clear();
+            piece.remove_prefix(end + 1);
+        }
+        cut += piece;
+    }
+    if (!cut.empty())
+        take(cut);
+    return {};
+}
+
 Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
 {
     const auto close = [](DIR* directory) { ::closedir(directory); };
@@ -263,7 +270,8 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
         struct ::stat status{};
         const bool known =
             ::fstatat(::dirfd(directory.get()), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-        entries.push_back({name, known && S_ISREG(status.st_mode), known ? status.st_size : 0});
+        entries.push_back({name, known && S_ISREG(status.st_mode), known && S_ISDIR(status.st_mode),
+                           known ? status.st_size : 0});
     }
     std::ranges::sort(entries, {}, &FolderEntry::name);
     return entries;

@@ -5,7 +5,10 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <functional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -55,6 +58,9 @@ public:
     // whatever its size was said to be.
     Result<ByteBuffer> read(std::int64_t maxBytes);
 
+    // The next bytes, as many as there is room for unless the file ends; how many they were.
+    Result<std::size_t> readNext(std::span<std::uint8_t> room);
+
     // Gives the descriptor to the caller, who then closes it.
     int release() { return descriptor_.release(); }
 
@@ -86,9 +92,15 @@ private:
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
                         Links links = Links::followed);
 
+// Gives each line of a regular file, without its line feed, to `take` while the file is read piece
+// by piece. What is behind the last line feed is a line too, unless it is empty.
+std::error_code forEachLine(const std::filesystem::path& path,
+                            const std::function<void(std::string_view line)>& take);
+
 struct FolderEntry {
     std::string name;
     bool isRegularFile = false; // itself, not what a link leads to
+    bool isFolder = false;      // likewise
     std::int64_t size = 0;
 
     bool operator==(const FolderEntry&) const = default;

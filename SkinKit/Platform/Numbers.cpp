@@ -1,8 +1,20 @@
 #include "SkinKit/Platform/Numbers.h"
 
+#include <array>
 #include <cmath>
 
 namespace SkinKit::Numbers {
+namespace {
+
+// Room for any double in any form: 309 digits before the point.
+using Room = std::array<char, 400>;
+
+std::string untilEnd(const Room& room, const char* end)
+{
+    return std::string(room.data(), end);
+}
+
+}
 
 std::optional<double> parseDecimal(std::string_view text)
 {
@@ -20,6 +32,37 @@ std::optional<double> parseDecimal(std::string_view text)
                    ? std::optional(0.0)
                    : std::nullopt;
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::int64_t> exactInteger(double value)
+{
+    constexpr double limit = 0x1p63;
+    if (!(value >= -limit && value < limit) || value != std::trunc(value))
+        return std::nullopt;
+    return static_cast<std::int64_t>(value);
+}
+
+std::string shortest(double value)
+{
+    constexpr double leastFixed = 1e-4;
+    constexpr double mostFixed = 1e16;
+    const double magnitude = std::abs(value);
+    const bool isFixed = magnitude == 0 || (magnitude >= leastFixed && magnitude < mostFixed);
+    Room room;
+    const auto format = isFixed ? std::chars_format::fixed : std::chars_format::scientific;
+    std::string text =
+        untilEnd(room, std::to_chars(room.data(), room.data() + room.size(), value, format).ptr);
+    if (isFixed && !text.contains('.'))
+        text += ".0";
+    return text;
+}
+
+std::string oneDecimal(double value)
+{
+    Room room;
+    return untilEnd(room, std::to_chars(room.data(), room.data() + room.size(), value,
+                                        std::chars_format::fixed, 1)
+                              .ptr);
 }
 
 }

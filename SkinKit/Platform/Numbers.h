@@ -2,7 +2,9 @@
 
 #include <charconv>
 #include <concepts>
+#include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 // Numbers as text and back, always in plain ASCII decimal whatever the locale.
@@ -26,5 +28,14 @@ std::optional<Integer> parseInteger(std::string_view text)
 // The whole text as a finite decimal number (sign, digits, fraction, exponent), or nothing. One too
 // small to be told from 0 is 0.
 std::optional<double> parseDecimal(std::string_view text);
+
+// The value as a whole number, when it is one that std::int64_t holds.
+std::optional<std::int64_t> exactInteger(double value);
+
+// The fewest digits that read back as the same number, always with a point or an exponent: 10.0,
+// 2.5, 1e+16. Exponents below 0.0001 and from 10^16 on.
+std::string shortest(double value);
+// One digit behind the point, to nearest: 99.5.
+std::string oneDecimal(double value);
 
 }

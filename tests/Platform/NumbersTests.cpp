@@ -77,3 +77,36 @@ TEST(Numbers, ParsesFiniteDecimalsThatAreTheWholeText)
     for (const auto& [text, expected] : rows)
         EXPECT_EQ(Numbers::parseDecimal(text), expected) << text;
 }
+
+TEST(Numbers, PrintTheFewestDigitsWithAPoint)
+{
+    const std::pair<double, std::string_view> rows[] = {
+        {10,                 "10.0"              },
+        {0,                  "0.0"               },
+        {2.5,                "2.5"               },
+        {-0.1,               "-0.1"              },
+        {0.0001,             "0.0001"            },
+        {1e-5,               "1e-05"             },
+        {1e6,                "1000000.0"         },
+        {1e16,               "1e+16"             },
+        {9007199254740993e0, "9007199254740992.0"},
+    };
+    for (const auto& [value, text] : rows)
+        EXPECT_EQ(Numbers::shortest(value), text);
+}
+
+TEST(Numbers, RoundToOneDecimal)
+{
+    EXPECT_EQ(Numbers::oneDecimal(0), "0.0");
+    EXPECT_EQ(Numbers::oneDecimal(94.96), "95.0");
+    EXPECT_EQ(Numbers::oneDecimal(-12.34), "-12.3");
+    EXPECT_EQ(Numbers::oneDecimal(1.7e308).size(), 311U);
+}
+
+TEST(Numbers, AreWholeOnlyWhenExactlySo)
+{
+    EXPECT_EQ(Numbers::exactInteger(-5.0), -5);
+    EXPECT_EQ(Numbers::exactInteger(-0x1p63), INT64_MIN);
+    for (const double value : {1.5, 0x1p63, -1e300, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(Numbers::exactInteger(value), std::nullopt) << value;
+}

@@ -142,6 +142,7 @@ TEST_F(ThumbnailProviderTest, StretchesTheWindowInAContextOfAnotherScale)
                            .reply;
     ASSERT_TRUE(reply);
     EXPECT_EQ(reply->image(2), window(2));
+    EXPECT_EQ(reply->image(0), window(1)); // which counts as 1
     Canvas canvas({275, 116});
     EXPECT_TRUE(reply->draw({canvas, -1})); // which counts as 1
     EXPECT_EQ(canvas.image(), window(1));

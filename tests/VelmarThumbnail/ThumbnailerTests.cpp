@@ -18,6 +18,7 @@
 
 #include <chrono>
 #include <fstream>
+#include <regex>
 #include <thread>
 
 using namespace SkinKit;
@@ -257,6 +258,8 @@ TEST_F(ThumbnailerTest, IsLockedInWhenItHasReadTheSkin)
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     std::ifstream stream("/proc/" + std::to_string(child) + "/status");
     const std::string status(std::istreambuf_iterator<char>(stream), {});
+    std::ifstream limitsStream("/proc/" + std::to_string(child) + "/limits");
+    const std::string limits(std::istreambuf_iterator<char>(limitsStream), {});
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);
     ::close(pipe);
@@ -264,4 +267,7 @@ TEST_F(ThumbnailerTest, IsLockedInWhenItHasReadTheSkin)
     EXPECT_EQ(asText(start).substr(1, 3), "PNG");
     EXPECT_NE(status.find("NoNewPrivs:\t1\n"), status.npos) << status;
     EXPECT_NE(status.find("Seccomp:\t2\n"), status.npos) << status;
+    for (const char* const limit : {"Max cpu time +20 +21 ", "Max file size +67108864 ",
+                                    "Max address space +[0-9]+ ", "Max open files +0 +0 "})
+        EXPECT_TRUE(std::regex_search(limits, std::regex(limit))) << limits;
 }

@@ -1,0 +1,95 @@
+#include "SkinKit/Platform/Journal.h"
+
+#include "SkinKit/Platform/Descriptors.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+namespace SkinKit {
+namespace {
+
+using Descriptors::lastError;
+using Descriptors::writeFully;
+
+// Puts a file's name on stable storage, as far as its folder can be synchronized.
+void synchronizeFolder(const std::filesystem::path& folder)
+{
+    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+}
+
+Files::Result<Journal> Journal::open(const std::filesystem::path& path, Content content)
+{
+    constexpr int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+    Journal journal(::open(path.c_str(), flags, 0666));
+    struct ::stat status{};
+    if (journal.descriptor_ < 0 || ::fstat(journal.descriptor_, &status) != 0)
+        return std::unexpected(lastError());
+    if (!S_ISREG(status.st_mode))
+        return std::unexpected(std::make_error_code(std::errc::not_supported));
+    if (const auto error = journal.lock())
+        return std::unexpected(error);
+
+    if (content == Content::emptied && ::ftruncate(journal.descriptor_, 0) != 0)
+        return std::unexpected(lastError());
+    if (const auto error = journal.closeCutLine())
+        return std::unexpected(error);
+    synchronizeFolder(path.parent_path());
+    return journal;
+}
+
+Journal::Journal(Journal&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+
+Journal::~Journal()
+{
+    if (descriptor_ >= 0)
+        ::close(descriptor_);
+}
+
+std::error_code Journal::lock()
+{
+    if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0)
+        return {};
+    if (errno == EWOULDBLOCK)
+        return std::make_error_code(std::errc::device_or_resource_busy);
+    // A file system without locks: go on without.
+    return errno == ENOLCK || errno == EOPNOTSUPP || errno == ENOSYS ? std::error_code{}
+                                                                     : lastError();
+}
+
+std::error_code Journal::closeCutLine()
+{
+    const off_t size = ::lseek(descriptor_, 0, SEEK_END);
+    if (size < 0)
+        return lastError();
+    char last = '\n';
+    if (size > 0 && ::pread(descriptor_, &last, 1, size - 1) != 1)
+        return lastError();
+    return last == '\n' ? std::error_code{} : writeFully(descriptor_, asBytes("\n"));
+}
+
+std::error_code Journal::append(std::string_view line)
+{
+    std::string text(line);
+    text += '\n';
+    if (const auto error = writeFully(descriptor_, asBytes(text)))
+        return error;
+    struct ::stat status{};
+    if (::fdatasync(descriptor_) != 0 || ::fstat(descriptor_, &status) != 0)
+        return lastError();
+    return status.st_nlink == 0 ? std::make_error_code(std::errc::no_such_file_or_directory)
+                                : std::error_code{};
+}
+
+}

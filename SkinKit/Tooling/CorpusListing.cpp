@@ -1,0 +1,181 @@
+#include "SkinKit/Tooling/CorpusListing.h"
+
+#include "SkinKit/Platform/JSON.h"
+#include "SkinKit/Platform/MD5.h"
+#include "SkinKit/Platform/Unicode.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <set>
+#include <utility>
+
+namespace SkinKit {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string asUTF8(const fs::path& path)
+{
+    return Unicode::repaired(asBytes(path.native()));
+}
+
+bool isSkin(const fs::path& file)
+{
+    const auto extension = Unicode::lowercased(asUTF8(file.extension()));
+    return extension == ".wsz" || extension == ".zip";
+}
+
+// Replaces each path by its text. Two that read alike are told apart by a number, as "a (2).wsz".
+void giveTexts(std::vector<CorpusFile>& files)
+{
+    std::set<std::string> taken;
+    for (const CorpusFile& file : files)
+        if (asUTF8(file.path) == file.path)
+            taken.insert(file.path);
+    for (CorpusFile& file : files) {
+        fs::path text = asUTF8(file.path);
+        if (text == file.path)
+            continue;
+        const std::string stem = text.stem();
+        const std::string extension = text.extension();
+        for (int number = 2; !taken.insert(text).second; ++number)
+            text.replace_filename(stem + " (" + std::to_string(number) + ")" + extension);
+        file.pathBytes = std::exchange(file.path, text);
+    }
+}
+
+std::string toHex(std::string_view bytes)
+{
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string hex;
+    for (const std::uint8_t byte : asBytes(bytes)) {
+        hex += digits[byte >> 4];
+        hex += digits[byte & 15];
+    }
+    return hex;
+}
+
+std::optional<std::string> fromHex(std::string_view hex)
+{
+    std::string bytes;
+    for (; hex.size() >= 2; hex.remove_prefix(2)) {
+        std::uint8_t byte = 0;
+        if (std::from_chars(hex.data(), hex.data() + 2, byte, 16).ptr != hex.data() + 2)
+            return std::nullopt;
+        bytes += static_cast<char>(byte);
+    }
+    return hex.empty() ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+JSON toJSON(const CorpusFile& file)
+{
+    JSON::Object object{
+        {"path", file.path}
+    };
+    if (file.md5)
+        object.emplace("md5", *file.md5);
+    if (file.size)
+        object.emplace("size", *file.size);
+    if (file.pathBytes)
+        object.emplace("pathBytes", toHex(*file.pathBytes));
+    return object;
+}
+
+std::optional<CorpusFile> fromJSON(const JSON& json)
+{
+    auto path = json.member<std::string>("path");
+    const auto hex = json.member<std::string>("pathBytes");
+    auto bytes = hex ? fromHex(*hex) : std::nullopt;
+    if (!path || (hex && !bytes))
+        return std::nullopt;
+    return CorpusFile{std::move(*path), json.member<std::string>("md5"),
+                      json.member<std::int64_t>("size"), std::move(bytes)};
+}
+
+}
+
+std::string CorpusFile::name() const
+{
+    return fs::path(path).stem();
+}
+
+namespace CorpusListing {
+
+Files::Result<Scan> scan(const fs::path& folder)
+{
+    std::error_code error;
+    const fs::path root = fs::canonical(folder, error);
+    if (error)
+        return std::unexpected(error);
+
+    Scan scan;
+    std::vector<fs::path> folders{{}}; // still to be read, below the root
+    while (!folders.empty()) {
+        const fs::path below = std::move(folders.back());
+        folders.pop_back();
+        const auto entries = Files::list(root / below);
+        if (!entries && below.empty())
+            return std::unexpected(entries.error());
+        if (!entries) {
+            scan.unreadFolders.push_back({below, entries.error()});
+            continue;
+        }
+        for (const auto& entry : *entries) {
+            if (entry.name.starts_with('.'))
+                continue;
+            if (entry.isFolder)
+                folders.push_back(below / entry.name);
+            else if (entry.isRegularFile && isSkin(entry.name))
+                scan.files.push_back({.path = below / entry.name, .size = entry.size});
+        }
+    }
+    std::ranges::sort(scan.files, {}, &CorpusFile::path);
+    giveTexts(scan.files);
+    return scan;
+}
+
+std::optional<std::string> md5Hex(const fs::path& path)
+{
+    auto file = Files::InputFile::open(path, Files::Links::followed);
+    if (!file)
+        return std::nullopt;
+    MD5 digest;
+    std::array<std::uint8_t, 1 << 16> room;
+    while (true) {
+        const auto count = file->readNext(room);
+        if (!count)
+            return std::nullopt;
+        digest.add(std::span(room).first(*count));
+        if (*count < room.size())
+            return digest.hexDigest();
+    }
+}
+
+std::string json(const std::vector<CorpusFile>& files)
+{
+    std::string text = "[";
+    for (const CorpusFile& file : files)
+        text += (text.size() == 1 ? "\n" : ",\n") + toJSON(file).text();
+    return text + "\n]\n";
+}
+
+std::optional<std::vector<CorpusFile>> parse(std::string_view text)
+{
+    const auto parsed = JSON::parse(text);
+    const auto* const array = parsed ? parsed->as<JSON::Array>() : nullptr;
+    if (!array)
+        return std::nullopt;
+    std::vector<CorpusFile> files;
+    for (const JSON& element : *array) {
+        auto file = fromJSON(element);
+        if (!file)
+            return std::nullopt;
+        files.push_back(std::move(*file));
+    }
+    return files;
+}
+
+}
+
+}

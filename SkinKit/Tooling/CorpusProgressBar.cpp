@@ -1,0 +1,72 @@
+#include "SkinKit/Tooling/CorpusProgressBar.h"
+
+#include "SkinKit/Platform/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cinttypes>
+#include <cmath>
+#include <cstdio>
+
+namespace SkinKit::CorpusProgressBar {
+namespace {
+
+std::string padded(std::string text, std::size_t width)
+{
+    return std::string(width - std::min(width, text.size()), ' ') + text;
+}
+
+// "0:07", "12:34", "1:02:03".
+std::string duration(double seconds)
+{
+    constexpr double most = 1e9; // thirty years
+    const auto whole = static_cast<std::int64_t>(std::ceil(std::min(seconds, most)));
+    const auto [hours, minutes, rest] = std::array{whole / 3600, whole / 60 % 60, whole % 60};
+    char text[32];
+    if (hours > 0)
+        std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64 ":%02" PRId64, hours, minutes,
+                      rest);
+    else
+        std::snprintf(text, sizeof text, "%" PRId64 ":%02" PRId64, minutes, rest);
+    return text;
+}
+
+std::string bar(double share, int width)
+{
+    std::string text = "[";
+    text.append(static_cast<std::size_t>(std::floor(share * width)), '#');
+    text.resize(static_cast<std::size_t>(width) + 1, ' ');
+    text += ']';
+    return text;
+}
+
+}
+
+std::string line(const CorpusRunner::Progress& progress, double seconds, int columns)
+{
+    constexpr int widestBar = 40;
+    constexpr int narrowestBar = 5;
+    const std::int64_t answered = progress.before + progress.done;
+    const std::int64_t left = progress.total - answered;
+    const double share =
+        progress.total == 0
+            ? 1
+            : std::clamp(static_cast<double>(answered) / static_cast<double>(progress.total), 0.0,
+                         1.0);
+
+    std::string text = padded(Numbers::oneDecimal(share * 100), 7) + "%  " +
+                       std::to_string(answered) + "/" + std::to_string(progress.total);
+    text += progress.phase == CorpusRunner::Progress::Phase::listing ? " files listed" : " skins";
+    if (progress.done > 0)
+        text += "  " +
+                duration(seconds / static_cast<double>(progress.done) * static_cast<double>(left)) +
+                " left";
+
+    constexpr int brackets = 2;
+    const int width = std::min(widestBar, columns - brackets - static_cast<int>(text.size()));
+    if (width >= narrowestBar)
+        text = bar(share, width) + text;
+    return text.substr(0, static_cast<std::size_t>(std::max(columns, 0)));
+}
+
+}

@@ -1,0 +1,398 @@
+#include "SkinKit/Tooling/CorpusRunner.h"
+
+#include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Platform/Journal.h"
+#include "SkinKit/Platform/Numbers.h"
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/SkinParser.h"
+#include "SkinKit/Tooling/CorpusListing.h"
+#include "SkinKit/Tooling/CorpusPlan.h"
+#include "SkinKit/Tooling/CorpusWatchdog.h"
+#include "SkinKit/Tooling/RequiredSprites.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+namespace SkinKit {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using Error = CorpusRunner::Error;
+using Progress = CorpusRunner::Progress;
+
+// Within a run the first failure ends everything; run() gives it to the caller as a value.
+[[noreturn]] void fail(const fs::path& file, const std::string& text)
+{
+    throw Error{file.string() + ": " + text};
+}
+
+[[noreturn]] void fail(const fs::path& file, std::error_code error)
+{
+    fail(file, error.message());
+}
+
+template <typename T>
+T orFail(std::expected<T, Error> result)
+{
+    if (!result)
+        throw std::move(result.error());
+    return std::move(*result);
+}
+
+// Why the results could not be written.
+std::string writeError(std::error_code error)
+{
+    return error == std::errc::no_such_file_or_directory ? "deleted while the run was writing to it"
+                                                         : error.message();
+}
+
+double millisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+CorpusRecord recordOf(const CorpusFile& file, std::string event)
+{
+    return {.event = std::move(event),
+            .path = file.path,
+            .name = file.name(),
+            .md5 = file.md5,
+            .size = file.size,
+            .t = CorpusRecord::now()};
+}
+
+CorpusRecord resultOf(CorpusRecord start, CorpusOutcome outcome)
+{
+    start.event = "result";
+    start.entries = outcome.entries;
+    start.status = std::move(outcome.status);
+    start.mainWindowComplete = outcome.mainWindowComplete;
+    start.warnings = std::move(outcome.warnings);
+    start.fallbacks = std::move(outcome.fallbacks);
+    start.error = std::move(outcome.error);
+    start.parseMs = outcome.parseMs;
+    start.renderMs = outcome.renderMs;
+    return start;
+}
+
+CorpusOutcome refused(const SkinError& error, std::int64_t entries, double parseMs)
+{
+    if (error.kind() == SkinError::Kind::modernSkin)
+        return {.entries = entries, .status = "modern", .parseMs = parseMs};
+    return {
+        .entries = entries, .status = "failed", .error = error.description(), .parseMs = parseMs};
+}
+
+}
+
+CorpusRunner::Config CorpusRunner::Config::of(const CorpusOptions& options)
+{
+    constexpr double looksInASkinsTime = 10;
+    constexpr double shortestInterval = 0.005;
+    constexpr double longestInterval = 0.25;
+    return {.timeout = options.timeout,
+            .maxMemoryMiB = options.maxMemoryMiB,
+            .sample = options.sample,
+            .seed = options.seed,
+            .resume = options.resume,
+            .manifest = options.manifest,
+            .pollInterval =
+                std::clamp(options.timeout / looksInASkinsTime, shortestInterval, longestInterval)};
+}
+
+CorpusRunner::Hooks CorpusRunner::Hooks::live()
+{
+    return {processSkin, ProcessFootprint::mebibytes, [](int status) { std::_Exit(status); }};
+}
+
+CorpusRunner::CorpusRunner(fs::path corpus, fs::path out, Config config, Hooks hooks,
+                           std::function<void(const std::string&)> progress,
+                           std::function<void(const Progress&)> advance,
+                           std::function<void(const std::string&)> note)
+    : corpus_(std::move(corpus)), out_(std::move(out)), config_(std::move(config)),
+      hooks_(std::move(hooks)), progress_(std::move(progress)),
+      advance_(advance ? std::move(advance) : [](const Progress&) {}),
+      note_(note ? std::move(note) : [](const std::string&) {})
+{
+}
+
+// One run, step by step.
+class CorpusRunner::Run {
+public:
+    explicit Run(const CorpusRunner& runner) : runner_(runner), config_(runner.config_) {}
+
+    Totals whole()
+    {
+        // All that is given is read before anything is written.
+        if (const auto kind = Files::kind(runner_.corpus_); !kind)
+            fail(runner_.corpus_, kind.error());
+        else if (*kind != Files::Kind::folder)
+            fail(runner_.corpus_, std::make_error_code(std::errc::not_a_directory));
+        if (config_.manifest)
+            manifest_ = orFail(readManifest(*config_.manifest));
+
+        CorpusWatchdog watchdog(openResults(), watchdogSettings());
+        watchdog_ = &watchdog;
+        auto history = config_.resume ? CorpusHistory::of(orFail(readRecords(runner_.resultsURL())))
+                                      : CorpusHistory();
+        files_ = listing();
+        const auto plan = CorpusPlan::of(files_, config_.sample, config_.seed);
+
+        recordCrashes(history);
+        answered_ = std::move(history.answered);
+        watchdog.startThread();
+        const bool isAborted = !processAll(plan.skins);
+        if (!isAborted) {
+            recordDuplicates(plan.duplicates);
+            write({.event = "end",
+                   .footprintMiB = runner_.hooks_.footprint().lifetimeMax,
+                   .t = CorpusRecord::now()});
+            printLine();
+        }
+        return {std::ssize(files_), plan.unique, numbers_.done, isAborted};
+    }
+
+private:
+    Journal openResults() const
+    {
+        std::error_code error;
+        fs::create_directories(runner_.out_, error);
+        if (error)
+            fail(runner_.out_, error);
+        auto journal =
+            Journal::open(runner_.resultsURL(),
+                          config_.resume ? Journal::Content::kept : Journal::Content::emptied);
+        if (!journal && journal.error() == std::errc::device_or_resource_busy)
+            fail(runner_.resultsURL(), "another run is writing to it");
+        if (!journal)
+            fail(runner_.resultsURL(), journal.error());
+        return std::move(*journal);
+    }
+
+    CorpusWatchdog::Settings watchdogSettings() const
+    {
+        return {.timeout = config_.timeout,
+                .maxMemoryMiB = config_.maxMemoryMiB,
+                .pollInterval = config_.pollInterval,
+                .hooks = runner_.hooks_,
+                .writeFailed = [&runner = runner_](std::error_code error) {
+                    runner.note_(runner.resultsURL().string() + ": " + writeError(error));
+                }};
+    }
+
+    // From the file that an earlier run left, so that the work stays the same, or from the folders.
+    std::vector<CorpusFile> listing() const
+    {
+        constexpr std::int64_t mostBytes = std::int64_t{1} << 32;
+        const fs::path file = runner_.out_ / "listing.json";
+        if (config_.resume)
+            if (const auto bytes = Files::read(file, mostBytes))
+                if (auto files = CorpusListing::parse(asText(*bytes)))
+                    return std::move(*files);
+
+        auto scan = CorpusListing::scan(runner_.corpus_);
+        if (!scan)
+            fail(runner_.corpus_, scan.error());
+        for (const auto& [folder, error] : scan->unreadFolders)
+            runner_.note_((runner_.corpus_ / folder).string() + ": " + error.message());
+        Progress numbers{.total = std::ssize(scan->files)};
+        for (CorpusFile& found : scan->files) {
+            found.md5 = CorpusListing::md5Hex(runner_.corpus_ / found.location());
+            ++numbers.done;
+            runner_.advance_(numbers);
+        }
+        if (const auto error = Files::write(file, asBytes(CorpusListing::json(scan->files))))
+            fail(file, error);
+        return std::move(scan->files);
+    }
+
+    // Answers for the skins that took their process down with them.
+    void recordCrashes(CorpusHistory& history) const
+    {
+        for (CorpusRecord& record : history.unanswered) {
+            history.answered.insert(*record.path);
+            record.event = "result";
+            record.status = "crashed";
+            record.restart = ++history.abnormalEnds;
+            record.t = CorpusRecord::now();
+            write(decorate(std::move(record), manifest_));
+        }
+    }
+
+    // False when the watchdog ended it.
+    bool processAll(const std::vector<std::size_t>& skins)
+    {
+        const auto isAnswered = [this](std::size_t i) {
+            return answered_.contains(files_[i].path);
+        };
+        numbers_ = {.phase = Progress::Phase::running,
+                    .total = std::ssize(skins),
+                    .before = std::ranges::count_if(skins, isAnswered)};
+        runner_.advance_(numbers_);
+        for (const std::size_t i : skins) {
+            if (watchdog_->isAborted())
+                return false;
+            if (!isAnswered(i) && !process(i))
+                return false;
+        }
+        return true;
+    }
+
+    bool process(std::size_t i)
+    {
+        CorpusRecord record = recordOf(files_[i], "start");
+        record.i = static_cast<std::int64_t>(i);
+        record = decorate(std::move(record), manifest_);
+        if (!taken(watchdog_->start(record)))
+            return false;
+
+        auto outcome = runner_.hooks_.process(runner_.corpus_ / files_[i].location());
+        const std::string status = outcome.status;
+        record = resultOf(std::move(record), std::move(outcome));
+        record.footprintMiB = runner_.hooks_.footprint().lifetimeMax;
+        record.t = CorpusRecord::now();
+        if (!taken(watchdog_->answer(std::move(record))))
+            return false;
+        count(status);
+        return true;
+    }
+
+    void recordDuplicates(const std::vector<CorpusPlan::Duplicate>& duplicates) const
+    {
+        for (const auto& [file, of] : duplicates) {
+            if (answered_.contains(files_[file].path))
+                continue;
+            CorpusRecord record = recordOf(files_[file], "result");
+            record.of = files_[of].path;
+            write(record);
+        }
+    }
+
+    // A line after the first of each thousand skins, or when five seconds have passed.
+    void count(const std::string& status)
+    {
+        constexpr std::int64_t skinsBetweenLines = 1000;
+        constexpr std::chrono::seconds timeBetweenLines(5);
+        const bool isDue =
+            numbers_.done % skinsBetweenLines == 0 || Clock::now() - lastLine_ >= timeBetweenLines;
+        ++numbers_.tally[status];
+        ++numbers_.done;
+        runner_.advance_(numbers_);
+        if (isDue)
+            printLine();
+    }
+
+    void printLine()
+    {
+        runner_.progress_(progressLine(numbers_.done, numbers_.total, numbers_.tally));
+        lastLine_ = Clock::now();
+    }
+
+    void write(const CorpusRecord& record) const
+    {
+        if (const auto error = watchdog_->write(record))
+            fail(runner_.resultsURL(), writeError(error));
+    }
+
+    bool taken(const CorpusWatchdog::Result& turn) const
+    {
+        if (!turn)
+            fail(runner_.resultsURL(), writeError(turn.error()));
+        return *turn == CorpusWatchdog::Turn::taken;
+    }
+
+    const CorpusRunner& runner_;
+    const Config& config_;
+    CorpusManifest manifest_;
+    CorpusWatchdog* watchdog_ = nullptr;
+    std::vector<CorpusFile> files_;
+    std::unordered_set<std::string> answered_;
+    Progress numbers_;
+    Clock::time_point lastLine_ = Clock::now();
+};
+
+std::expected<CorpusRunner::Totals, CorpusRunner::Error> CorpusRunner::run() const
+{
+    try {
+        return Run(*this).whole();
+    } catch (Error& error) {
+        return std::unexpected(std::move(error));
+    }
+}
+
+CorpusOutcome CorpusRunner::processSkin(const fs::path& file)
+{
+    const auto start = Clock::now();
+    const auto archive = SkinArchive::open(file);
+    const std::int64_t entries = archive ? archive->entryCount() : 0;
+    const auto skin = archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
+    const double parseMs = millisecondsSince(start);
+    if (!skin)
+        return refused(skin.error(), entries, parseMs);
+
+    const auto renderStart = Clock::now();
+    MainWindowRenderer::renderDynamic(MainWindowRenderer::renderBase(*skin, true, 1), *skin,
+                                      MainWindowState::webampScreenshot(), 1);
+    return {.entries = entries,
+            .status = skin->warnings.empty() ? "ok" : "partial",
+            .mainWindowComplete = RequiredSprites::missing(*skin).empty(),
+            .warnings = skin->warnings,
+            .fallbacks = skin->fallbacks,
+            .parseMs = parseMs,
+            .renderMs = millisecondsSince(renderStart)};
+}
+
+std::string CorpusRunner::progressLine(std::int64_t done, std::int64_t total, const Tally& tally)
+{
+    std::string line = "[" + std::to_string(done) + "/" + std::to_string(total) + "]";
+    for (const std::string_view status : {"ok", "partial", "failed", "modern"}) {
+        const auto found = tally.find(status);
+        const auto count = static_cast<double>(found == tally.end() ? 0 : found->second);
+        const double share = done == 0 ? 0 : count * 100 / static_cast<double>(done);
+        line += " " + std::string(status) + " " + Numbers::oneDecimal(share) + "%";
+    }
+    return line;
+}
+
+std::expected<CorpusManifest, CorpusRunner::Error> CorpusRunner::readManifest(const fs::path& file)
+{
+    constexpr std::int64_t mostBytes = std::int64_t{1} << 30;
+    const auto bytes = Files::read(file, mostBytes);
+    if (!bytes)
+        return std::unexpected(Error{file.string() + ": " + bytes.error().message()});
+    auto manifest = parseManifest(asText(*bytes));
+    if (!manifest)
+        return std::unexpected(Error{file.string() + ": " + manifest.error()});
+    return std::move(*manifest);
+}
+
+std::expected<std::vector<CorpusRecord>, CorpusRunner::Error>
+CorpusRunner::readRecords(const fs::path& path)
+{
+    std::vector<CorpusRecord> records;
+    const auto error = Files::forEachLine(path, [&](std::string_view line) {
+        if (auto record = CorpusRecord::parse(line))
+            records.push_back(std::move(*record));
+    });
+    if (error && error != std::errc::no_such_file_or_directory)
+        return std::unexpected(Error{path.string() + ": " + error.message()});
+    return records;
+}
+
+CorpusRecord CorpusRunner::decorate(CorpusRecord record, const CorpusManifest& manifest)
+{
+    const auto found = record.md5 ? manifest.find(*record.md5) : manifest.end();
+    if (found != manifest.end()) {
+        record.museumUrl = found->second.museumUrl;
+        record.nsfw = found->second.nsfw;
+    }
+    return record;
+}
+
+}

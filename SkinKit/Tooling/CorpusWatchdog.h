@@ -1,0 +1,87 @@
+#pragma once
+
+#include "SkinKit/Platform/Journal.h"
+#include "SkinKit/Tooling/CorpusRecord.h"
+#include "SkinKit/Tooling/CorpusRunner.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <expected>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <thread>
+
+namespace SkinKit {
+
+// The results file of a run, and the thread that answers for a skin that does not answer itself.
+// One lock decides between the two: whoever takes it first writes the skin's result, and the other
+// writes nothing.
+class CorpusWatchdog {
+public:
+    // The exit statuses that `abort` gets: too slow, too large, or the verdict could not be
+    // written.
+    static constexpr int timeoutStatus = 124;
+    static constexpr int memoryStatus = 125;
+    static constexpr int writeErrorStatus = 2;
+
+    struct Settings {
+        double timeout = 0; // seconds
+        std::int64_t maxMemoryMiB = 0;
+        double pollInterval = 0; // seconds
+        CorpusRunner::Hooks hooks;
+        std::function<void(std::error_code)> writeFailed; // called before abort
+    };
+
+    CorpusWatchdog(Journal handle, Settings settings);
+    // Ends the thread, unless that is on its way to end the process.
+    ~CorpusWatchdog();
+    CorpusWatchdog(const CorpusWatchdog&) = delete;
+
+    // Begins to look after the skins.
+    void startThread();
+
+    enum class Turn { taken, aborted };
+    using Result = std::expected<Turn, std::error_code>;
+
+    bool isAborted();
+    // Writes that a skin is started, and looks after it from now on.
+    Result start(const CorpusRecord& start);
+    // Writes the skin's result with its time, unless the watchdog did.
+    Result answer(CorpusRecord result);
+    // Writes any other record.
+    std::error_code write(const CorpusRecord& record);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Current {
+        CorpusRecord start;
+        Clock::time_point since;
+
+        double elapsedSeconds() const;
+    };
+    struct Verdict {
+        std::string status;
+        std::string error;
+        double ms = 0;
+        int exitStatus = 0;
+    };
+
+    void watch();
+    std::optional<Verdict> verdict() const;
+    std::error_code writeLocked(const CorpusRecord& record);
+
+    const Settings settings_;
+    std::mutex lock_; // of all below but the thread
+    std::condition_variable finishing_;
+    std::optional<Current> current_;
+    bool finished_ = false;
+    bool aborted_ = false;
+    Journal handle_;
+    std::thread thread_;
+};
+
+}

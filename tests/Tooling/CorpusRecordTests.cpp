@@ -1,0 +1,67 @@
+#include "SkinKit/Tooling/CorpusRecord.h"
+
+#include <gtest/gtest.h>
+
+using namespace SkinKit;
+
+namespace {
+
+const CorpusRecord whole{
+    .event = "result",
+    .i = 3,
+    .path = "a/b\n\"c\".wsz",
+    .name = "b",
+    .md5 = "00ff",
+    .size = 1234,
+    .entries = 20,
+    .status = "partial",
+    .mainWindowComplete = false,
+    .warnings = std::vector<std::string>{"Missing gen.bmp", "\xE2\x82\xAC"},
+    .fallbacks = std::vector<std::string>{},
+    .error = "e",
+    .parseMs = 0.1,
+    .renderMs = 2,
+    .ms = 1e-7,
+    .of = "o",
+    .restart = 1,
+    .footprintMiB = 9,
+    .t = 1700000000.123456,
+    .museumUrl = "https://example.org/x",
+    .nsfw = true,
+};
+
+}
+
+TEST(CorpusRecord, IsOneLineWithSortedKeysAndPlainSlashes)
+{
+    EXPECT_EQ(
+        whole.line(),
+        R"({"entries":20,"error":"e","event":"result","fallbacks":[],"footprintMiB":9,"i":3,)"
+        R"("mainWindowComplete":false,"md5":"00ff","ms":1e-07,"museumUrl":"https://example.org/x",)"
+        R"("name":"b","nsfw":true,"of":"o","parseMs":0.1,"path":"a/b\n\"c\".wsz","renderMs":2.0,)"
+        R"("restart":1,"size":1234,"status":"partial","t":1700000000.123456,)"
+        R"("warnings":["Missing gen.bmp","€"]})");
+    EXPECT_EQ(CorpusRecord{.event = "end"}.line(), R"({"event":"end"})");
+}
+
+TEST(CorpusRecord, ReadsBackWhatItWrote)
+{
+    for (const CorpusRecord& record : {whole, CorpusRecord{.event = "start"}})
+        EXPECT_EQ(CorpusRecord::parse(record.line()), record);
+}
+
+TEST(CorpusRecord, TakesNullAsAbsentAndNumbersInAnyForm)
+{
+    EXPECT_EQ(CorpusRecord::parse(R"({"event":"x","i":null,"size":5.0,"ms":7,"other":[{}]})"),
+              (CorpusRecord{.event = "x", .size = 5, .ms = 7}));
+}
+
+TEST(CorpusRecord, RefusesALineThatIsNoRecord)
+{
+    for (const std::string_view line :
+         {"", "{", "[]", "7", "{}", R"({"event":1})", R"({"event":null})",
+          R"({"event":"x","i":"1"})", R"({"event":"x","i":1.5})", R"({"event":"x","size":1e30})",
+          R"({"event":"x","warnings":["a",1]})", R"({"event":"x","nsfw":0})", R"({"event":"x"} y)",
+          "{\"event\":\"\xFF\"}", R"({"event":"result","path":"cut sh)"})
+        EXPECT_EQ(CorpusRecord::parse(line), std::nullopt) << line;
+}
