@@ -1,8 +1,13 @@
 #include "SkinKit/Platform/Process.h"
 
+#include <malloc.h>
 #include <pthread.h>
+#include <sys/mman.h>
+#include <unistd.h>
 
 #include <csignal>
+#include <cstdint>
+#include <cstdlib>
 
 namespace SkinKit::Process {
 
@@ -14,6 +19,24 @@ void nameThread(const char* name)
 void reportFileSizeLimit()
 {
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void takeMemoryAtOnce()
+{
+    constexpr std::size_t bytes = 2 << 20;
+    // Blocks up to this size come from one heap, which gives nothing back to the system before.
+    constexpr int keptBytes = 2 * static_cast<int>(bytes);
+    ::mallopt(M_MMAP_THRESHOLD, keptBytes);
+    ::mallopt(M_TRIM_THRESHOLD, keptBytes);
+
+    void* const block = std::malloc(bytes);
+    if (!block)
+        return;
+    const auto pageBytes = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const std::uintptr_t inPage = reinterpret_cast<std::uintptr_t>(block) % pageBytes;
+    // A system that does not know this advice gives the pages later, as usual.
+    ::madvise(static_cast<char*>(block) - inPage, bytes, MADV_POPULATE_WRITE);
+    std::free(block);
 }
 
 }

@@ -10,4 +10,9 @@ void nameThread(const char* name);
 // rather than the process's end. For a program's main, never for the library itself.
 void reportFileSizeLimit();
 
+// Takes the memory that loading and drawing one skin needs from the system in one step, and keeps
+// it for what is allocated from then on. Page by page, as each is first touched, it would take a
+// tenth of a short process's time.
+void takeMemoryAtOnce();
+
 }
