@@ -134,6 +134,15 @@ Result<Kind> kind(const std::filesystem::path& path)
                                    : Kind::other;
 }
 
+std::filesystem::path named(const std::filesystem::path& path)
+{
+    const auto whole = path.has_filename() ? path : path.parent_path();
+    if (whole.has_filename() && whole.filename() != "." && whole.filename() != "..")
+        return whole;
+    std::error_code ignored;
+    return std::filesystem::weakly_canonical(path, ignored);
+}
+
 Descriptor::~Descriptor()
 {
     if (number_ >= 0)
