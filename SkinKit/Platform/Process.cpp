@@ -2,14 +2,19 @@
 
 #include <malloc.h>
 #include <pthread.h>
+#include <signal.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 
 namespace SkinKit::Process {
+namespace {
+
+volatile sig_atomic_t held = 0;
+
+}
 
 void nameThread(const char* name)
 {
@@ -18,7 +23,35 @@ void nameThread(const char* name)
 
 void reportFileSizeLimit()
 {
-    std::signal(SIGXFSZ, SIG_IGN);
+    ::signal(SIGXFSZ, SIG_IGN);
+}
+
+void reportBrokenPipes()
+{
+    ::signal(SIGPIPE, SIG_IGN);
+}
+
+void holdInterrupts()
+{
+    struct ::sigaction action{};
+    action.sa_handler = [](int signal) {
+        held = signal;
+        ::signal(SIGINT, SIG_DFL);
+        ::signal(SIGTERM, SIG_DFL);
+    };
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGINT, &action, nullptr);
+    ::sigaction(SIGTERM, &action, nullptr);
+}
+
+int heldInterrupt()
+{
+    return held;
+}
+
+void endByHeldInterrupt()
+{
+    ::raise(held);
 }
 
 void takeMemoryAtOnce()

@@ -6,9 +6,22 @@ namespace SkinKit::Process {
 // Gives the calling thread a name that debuggers and top show; of at most 15 characters.
 void nameThread(const char* name);
 
+// The rest is for a program's main, never for the library itself.
+
 // Makes a file that would grow past the process's limit an error of the write, like a full disk,
-// rather than the process's end. For a program's main, never for the library itself.
+// rather than the process's end.
 void reportFileSizeLimit();
+
+// Makes a pipe that nobody reads any more an error of the write.
+void reportBrokenPipes();
+
+// Holds back the first SIGINT or SIGTERM, for work that is better ended in order; the next one ends
+// the process.
+void holdInterrupts();
+// The signal that was held back, or 0.
+int heldInterrupt();
+// Ends the process as that signal would have.
+void endByHeldInterrupt();
 
 // Takes the memory that loading and drawing one skin needs from the system in one step, and keeps
 // it for what is allocated from then on. Page by page, as each is first touched, it would take a
