@@ -179,6 +179,7 @@ void writeTexts(const std::filesystem::path& root)
         .write("region.txt", "[Normal]\nNumPoints=4,3\nPointList=0,0, 64,0, 64,16, 0,16,"
                              " 5.5,5 +20,-5 9,12\n[WindowShade]\nNumPoints=3\n"
                              "PointList=0,0 1000000000000,0 0,99\n");
+    SeedFolder(root / "FileURI").write("escaped.txt", "file://localhost/a%20b/%C3%BC.wsz");
     const SeedFolder options(root / "SkintoolOptions");
     options.write("single.txt",
                   "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");

@@ -19,5 +19,6 @@ install() {
 # What the library and the programs are built with and from.
 install_build_packages() {
     install g++ cmake ninja-build ccache \
-        libzip-dev libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev
+        libzip-dev libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev \
+        libseccomp-dev
 }

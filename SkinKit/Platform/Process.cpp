@@ -1,7 +1,13 @@
 #include "SkinKit/Platform/Process.h"
 
+#include <malloc.h>
 #include <pthread.h>
 #include <signal.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
 
 namespace SkinKit::Process {
 namespace {
@@ -46,6 +52,24 @@ int heldInterrupt()
 void endByHeldInterrupt()
 {
     ::raise(held);
+}
+
+void takeMemoryAtOnce()
+{
+    constexpr std::size_t bytes = 2 << 20;
+    // Blocks up to this size come from one heap, which gives nothing back to the system before.
+    constexpr int keptBytes = 2 * static_cast<int>(bytes);
+    ::mallopt(M_MMAP_THRESHOLD, keptBytes);
+    ::mallopt(M_TRIM_THRESHOLD, keptBytes);
+
+    void* const block = std::malloc(bytes);
+    if (!block)
+        return;
+    const auto pageBytes = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const std::uintptr_t inPage = reinterpret_cast<std::uintptr_t>(block) % pageBytes;
+    // A system that does not know this advice gives the pages later, as usual.
+    ::madvise(static_cast<char*>(block) - inPage, bytes, MADV_POPULATE_WRITE);
+    std::free(block);
 }
 
 }
