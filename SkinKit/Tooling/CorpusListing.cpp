@@ -146,9 +146,9 @@ std::optional<std::string> md5Hex(const fs::path& path)
         const auto count = file->readNext(room);
         if (!count)
             return std::nullopt;
-        if (*count == 0)
-            return digest.hexDigest();
         digest.add(std::span(room).first(*count));
+        if (*count < room.size())
+            return digest.hexDigest();
     }
 }
 

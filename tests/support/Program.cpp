@@ -3,9 +3,11 @@
 #include "tests/support/TemporaryFolder.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <stdexcept>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace support {
@@ -23,15 +25,16 @@ std::string textOf(const std::filesystem::path& path)
     return std::string(SkinKit::asText(readFile(path)));
 }
 
-}
+using Words = std::vector<std::string>;
 
-Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
-            long limitBytes)
+// Runs a program to its end; `whileRunning` is called with its process number.
+Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes,
+            const auto& whileRunning)
 {
     const TemporaryFolder folder;
     const auto out = folder / "out";
     const auto err = folder / "err";
-    std::vector<std::string> words = arguments;
+    Words words = arguments;
     words.insert(words.begin(), program.string());
     std::vector<char*> pointers;
     for (auto& word : words)
@@ -52,10 +55,28 @@ Outcome run(const std::filesystem::path& program, const std::vector<std::string>
         ::_exit(127);
     }
     int status = 0;
+    if (child > 0)
+        whileRunning(child);
     if (child < 0 || ::waitpid(child, &status, 0) != child)
         throw std::runtime_error("can't run " + program.string());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), textOf(out),
             textOf(err)};
+}
+
+}
+
+Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes)
+{
+    return run(program, arguments, limitBytes, [](pid_t) {});
+}
+
+Outcome runAndKill(const std::filesystem::path& program, const Words& arguments,
+                   std::chrono::microseconds life)
+{
+    return run(program, arguments, 0, [life](pid_t child) {
+        std::this_thread::sleep_for(life);
+        ::kill(child, SIGKILL);
+    });
 }
 
 }

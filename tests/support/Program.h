@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -17,5 +18,9 @@ struct Outcome {
 // of every file it writes.
 Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
             long limitBytes = 0);
+
+// Kills the program (SIGKILL) when it still runs after that time.
+Outcome runAndKill(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                   std::chrono::microseconds life);
 
 }

@@ -1,0 +1,474 @@
+#include "SkinKit/Tooling/CorpusRunner.h"
+
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <fstream>
+#include <future>
+#include <limits>
+#include <mutex>
+#include <thread>
+
+using namespace SkinKit;
+namespace fs = std::filesystem;
+using support::bytes;
+using support::SkinBuilder;
+using support::TemporaryFolder;
+
+namespace {
+
+using Records = std::vector<CorpusRecord>;
+using Names = std::vector<std::string>;
+
+// A collection whose skins are processed by the test.
+class CorpusRun : public testing::Test {
+protected:
+    void add(const std::string& name, std::string_view content) const
+    {
+        fs::create_directories((folder / ("skins/" + name)).parent_path());
+        folder.write("skins/" + name, bytes(content));
+    }
+
+    CorpusRunner runner()
+    {
+        return CorpusRunner(
+            folder / "skins", folder / "a/out", config, hooks,
+            [this](const std::string& line) { lines.push_back(line); },
+            [this](const CorpusRunner::Progress& progress) { steps.push_back(progress); },
+            [this](const std::string& text) { notes.push_back(text); });
+    }
+    std::expected<CorpusRunner::Totals, CorpusRunner::Error> run() { return runner().run(); }
+    std::expected<CorpusRunner::Totals, CorpusRunner::Error> resume()
+    {
+        config.resume = true;
+        return run();
+    }
+
+    Records records() { return CorpusRunner::readRecords(results).value(); }
+    // Without what no two runs have in common.
+    Records stripped()
+    {
+        auto all = records();
+        for (auto& record : all)
+            record.t = record.ms = std::nullopt;
+        return all;
+    }
+    void writeResults(std::string_view text) const
+    {
+        fs::create_directories(results.parent_path());
+        std::ofstream(results) << text;
+    }
+
+    const TemporaryFolder folder;
+    const fs::path results = folder / "a/out/results.jsonl";
+    CorpusRunner::Config config{.timeout = 1000, .maxMemoryMiB = 4096, .pollInterval = 0.005};
+    Names processed;
+    int abortStatus = 0;
+    CorpusRunner::Hooks hooks{
+        .process =
+            [this](const fs::path& file) {
+                processed.push_back(file.filename());
+                return CorpusOutcome{.entries = 1, .status = "ok", .parseMs = 2, .renderMs = 3};
+            },
+        .footprint = [] { return ProcessFootprint::Mebibytes{5, 7}; },
+        .abort = [this](int status) { abortStatus = status; },
+    };
+    Names lines, notes;
+    std::vector<CorpusRunner::Progress> steps;
+};
+
+constexpr const char* md5OfA = "0cc175b9c0f1b6a831c399e269772661";
+constexpr const char* md5OfB = "92eb5ffee6ae2fec3ad71c777531578f";
+
+}
+
+TEST_F(CorpusRun, RecordsEachDistinctSkinOnceAndThenTheDuplicates)
+{
+    add("b.wsz", "a");
+    add("a/x.y.zip", "b");
+    add("c.wsz", "b");
+    const double before = CorpusRecord::now();
+    EXPECT_EQ(run(), (CorpusRunner::Totals{.files = 3, .unique = 2, .attempted = 2}));
+    EXPECT_EQ(processed, (Names{"x.y.zip", "b.wsz"}));
+
+    const CorpusRecord start{
+        .event = "start", .i = 0, .path = "a/x.y.zip", .name = "x.y", .md5 = md5OfB, .size = 1};
+    CorpusRecord result = start;
+    result.event = "result";
+    result.entries = 1;
+    result.status = "ok";
+    result.warnings = result.fallbacks = Names{};
+    result.parseMs = 2;
+    result.renderMs = 3;
+    result.footprintMiB = 7;
+    const auto found = stripped();
+    ASSERT_EQ(found.size(), 6U);
+    EXPECT_EQ(found[0], start);
+    EXPECT_EQ(found[1], result);
+    EXPECT_EQ(found[2].path, "b.wsz");
+    EXPECT_EQ(found[3].i, 1);
+    EXPECT_EQ(found[4], (CorpusRecord{.event = "result",
+                                      .path = "c.wsz",
+                                      .name = "c",
+                                      .md5 = md5OfB,
+                                      .size = 1,
+                                      .of = "a/x.y.zip"}));
+    EXPECT_EQ(found[5], (CorpusRecord{.event = "end", .footprintMiB = 7}));
+    for (const auto& record : records()) {
+        EXPECT_GE(record.t, before);
+        EXPECT_LE(record.t, CorpusRecord::now());
+        EXPECT_EQ(record.ms.has_value(), record.status.has_value());
+    }
+    EXPECT_EQ(abortStatus, 0);
+}
+
+TEST_F(CorpusRun, EmptiesOldResultsUnlessItResumes)
+{
+    add("a.wsz", "a");
+    writeResults("{\"event\":\"start\",\"path\":\"old.wsz\"}\n");
+    EXPECT_TRUE(run());
+    EXPECT_EQ(records().size(), 3U);
+    EXPECT_EQ(resume()->attempted, 0);
+    EXPECT_EQ(records().size(), 4U); // another "end"
+    EXPECT_EQ(processed.size(), 1U);
+}
+
+TEST_F(CorpusRun, ResumesByTheOldListing)
+{
+    add("a.wsz", "a");
+    add("c.wsz", "c");
+    EXPECT_TRUE(run());
+    add("b.wsz", "b");
+    EXPECT_EQ(resume()->files, 2);
+    // One that is no listing is made anew.
+    folder.write("a/out/listing.json", bytes("[{]"));
+    EXPECT_EQ(resume(), (CorpusRunner::Totals{.files = 3, .unique = 3, .attempted = 1}));
+    EXPECT_EQ(processed, (Names{"a.wsz", "c.wsz", "b.wsz"}));
+}
+
+TEST_F(CorpusRun, CallsASkinThatNeverAnsweredCrashed)
+{
+    add("a.wsz", "a");
+    add("b.wsz", "b");
+    writeResults("{\"event\":\"start\",\"i\":9,\"md5\":\"0CC\",\"path\":\"gone.wsz\",\"t\":1}\n"
+                 "{\"event\":\"result\",\"path\":\"x\",\"status\":\"timeout\"}\n"
+                 "{\"event\":\"start\",\"i\":0,\"path\":\"a.wsz\",\"size\":1,\"t\":1}\n"
+                 "{\"event\":\"start\",\"i\":0,\"path\":\"a.wsz\",\"size\":1,\"t\":2}\n"
+                 "{\"event\":\"result\",\"path\":\"a.ws"); // cut off
+    EXPECT_EQ(resume(), (CorpusRunner::Totals{.files = 2, .unique = 2, .attempted = 1}));
+    EXPECT_EQ(processed, Names{"b.wsz"});
+    const auto found = stripped();
+    ASSERT_EQ(found.size(), 9U);
+    EXPECT_EQ(found[4], (CorpusRecord{.event = "result",
+                                      .i = 9,
+                                      .path = "gone.wsz",
+                                      .md5 = "0CC",
+                                      .status = "crashed",
+                                      .restart = 2}));
+    EXPECT_EQ(found[5], (CorpusRecord{.event = "result",
+                                      .i = 0,
+                                      .path = "a.wsz",
+                                      .size = 1,
+                                      .status = "crashed",
+                                      .restart = 3}));
+    EXPECT_GT(records()[5].t, 1000);
+}
+
+TEST_F(CorpusRun, TakesASampleWithItsDuplicates)
+{
+    for (const auto* name : {"a1.wsz", "a2.wsz"})
+        add(name, "a");
+    for (const auto* name : {"b1.wsz", "b2.wsz"})
+        add(name, "b");
+    config.sample = 1;
+    EXPECT_EQ(run(), (CorpusRunner::Totals{.files = 4, .unique = 2, .attempted = 1}));
+    const auto found = records();
+    ASSERT_EQ(found.size(), 4U);
+    EXPECT_EQ(found[2].of, found[0].path);
+}
+
+TEST_F(CorpusRun, AddsWhatTheManifestSays)
+{
+    add("a.wsz", "a");
+    add("b.wsz", "b");
+    config.manifest = folder.write(
+        "manifest.json",
+        bytes(
+            R"([{"md5":"x"},{"museum_url":"u"},{"md5":7},{"md5":")" + std::string(md5OfA) +
+            R"(","nsfw":1},{"md5":"0CC175B9C0F1B6A831C399E269772661","museum_url":"http://a/","nsfw":true}])"));
+    EXPECT_TRUE(run());
+    for (const auto& record : records()) {
+        const bool isA = record.md5 == md5OfA;
+        EXPECT_EQ(record.museumUrl, isA ? std::optional<std::string>("http://a/") : std::nullopt);
+        EXPECT_EQ(record.nsfw, isA ? std::optional(true) : std::nullopt);
+    }
+}
+
+TEST_F(CorpusRun, WritesNothingWhenItCantRead)
+{
+    EXPECT_EQ(run().error().description,
+              (folder / "skins").string() + ": No such file or directory");
+    folder.write("skins", {});
+    EXPECT_EQ(run().error().description, (folder / "skins").string() + ": Not a directory");
+    fs::remove(folder / "skins");
+    add("a.wsz", "a");
+    writeResults("old\n");
+    for (const auto& [content, error] : std::vector<std::pair<std::string, std::string>>{
+             {"[",            "not JSON at byte 2"     },
+             {"{}",           "not an array of objects"},
+             {"[{},\"md5\"]", "not an array of objects"},
+    }) {
+        config.manifest = folder.write("manifest.json", bytes(content));
+        EXPECT_EQ(run().error().description, config.manifest->string() + ": " + error);
+    }
+    config.manifest = folder / "missing";
+    EXPECT_FALSE(run());
+    EXPECT_EQ(support::readFile(results), bytes("old\n"));
+}
+
+TEST_F(CorpusRun, RefusesAFolderWhereAnotherRunWrites)
+{
+    add("a.wsz", "a");
+    std::string second;
+    hooks.process = [&](const fs::path&) {
+        auto other = hooks;
+        other.process = nullptr;
+        const auto outcome =
+            CorpusRunner(folder / "skins", folder / "a/out", config, other, nullptr).run();
+        second = outcome ? "" : outcome.error().description;
+        return CorpusOutcome{.status = "ok"};
+    };
+    EXPECT_TRUE(run());
+    EXPECT_EQ(second, results.string() + ": another run is writing to it");
+    EXPECT_EQ(records().size(), 3U);
+}
+
+TEST_F(CorpusRun, StopsWhenItsResultsAreDeletedUnderneath)
+{
+    add("a.wsz", "a");
+    add("b.wsz", "b");
+    hooks.process = [&](const fs::path& file) {
+        processed.push_back(file.filename());
+        fs::remove(results);
+        return CorpusOutcome{.status = "ok"};
+    };
+    EXPECT_EQ(run().error().description,
+              results.string() + ": deleted while the run was writing to it");
+    EXPECT_EQ(processed, Names{"a.wsz"});
+}
+
+TEST_F(CorpusRun, OpensFilesWhoseNamesAreNotTextAlsoOnResume)
+{
+    add("x\xFE.wsz", "a");
+    add("x\xFF.wsz", "b");
+    EXPECT_EQ(run()->attempted, 2);
+    writeResults(""); // as after a kill: all is to do again, from the listing
+    EXPECT_EQ(resume()->attempted, 2);
+    EXPECT_EQ(processed, (Names{"x\xFE.wsz", "x\xFF.wsz", "x\xFE.wsz", "x\xFF.wsz"}));
+    EXPECT_EQ(records()[0].path, "x\uFFFD.wsz");
+    EXPECT_EQ(records()[0].name, "x\uFFFD");
+    EXPECT_EQ(records()[2].path, "x\uFFFD (2).wsz");
+    EXPECT_EQ(resume()->attempted, 0);
+}
+
+TEST_F(CorpusRun, TellsItsProgress)
+{
+    for (int i = 0; i < 1002; ++i)
+        add(std::to_string(i) + ".wsz", std::to_string(i));
+    fs::create_directories(folder / "a/out");
+    hooks.process = [&](const fs::path& file) {
+        return CorpusOutcome{.status = file.stem() == "5" ? "failed" : "ok"};
+    };
+    EXPECT_TRUE(run());
+    EXPECT_EQ(lines, (Names{"[1/1002] ok 100.0% partial 0.0% failed 0.0% modern 0.0%",
+                            "[1001/1002] ok 99.9% partial 0.0% failed 0.1% modern 0.0%",
+                            "[1002/1002] ok 99.9% partial 0.0% failed 0.1% modern 0.0%"}));
+    ASSERT_EQ(steps.size(), 2005U);
+    EXPECT_EQ(steps[1001].phase, CorpusRunner::Progress::Phase::listing);
+    EXPECT_EQ(steps[1001].done, 1002);
+    EXPECT_EQ(steps.back().done, 1002);
+    EXPECT_EQ(steps.back().tally.at("failed"), 1);
+
+    add("new.wsz", "new");
+    fs::remove(folder / "a/out/listing.json");
+    lines.clear();
+    EXPECT_TRUE(resume()); // a line for this run's only skin, and the last
+    EXPECT_EQ(lines, Names(2, "[1/1003] ok 100.0% partial 0.0% failed 0.0% modern 0.0%"));
+    EXPECT_EQ(steps.back().before, 1002);
+    EXPECT_EQ(CorpusRunner::progressLine(0, 0,
+                                         {
+                                             {"ok", 3}
+    }),
+              "[0/0] ok 0.0% partial 0.0% failed 0.0% modern 0.0%");
+}
+
+namespace {
+
+// Holds the skin in hand until the watchdog has spoken.
+class CorpusWatch : public CorpusRun {
+protected:
+    CorpusWatch()
+    {
+        add("a.wsz", "a");
+        add("b.wsz", "b");
+        hooks.process = [this](const fs::path& file) {
+            processed.push_back(file.filename());
+            isHeld = true;
+            aborted.get_future().wait();
+            return CorpusOutcome{.status = "ok"};
+        };
+        hooks.abort = [this](int status) {
+            abortStatus = status;
+            aborted.set_value();
+        };
+    }
+
+    // What the watchdog wrote for the first skin; the run must have ended with it.
+    CorpusRecord verdict()
+    {
+        EXPECT_EQ(run(),
+                  (CorpusRunner::Totals{.files = 2, .unique = 2, .attempted = 0, .aborted = true}));
+        EXPECT_EQ(processed, Names{"a.wsz"});
+        EXPECT_EQ(notes, Names{});
+        const auto found = records();
+        EXPECT_EQ(found.size(), 2U);
+        return found.back();
+    }
+
+    std::atomic<bool> isHeld = false;
+    std::promise<void> aborted;
+};
+
+}
+
+TEST_F(CorpusWatch, AnswersForASkinThatTakesTooLong)
+{
+    config.timeout = 0.05;
+    config.manifest =
+        folder.write("m.json", bytes(R"([{"nsfw":false,"md5":")" + std::string(md5OfA) + R"("}])"));
+    const auto record = verdict();
+    EXPECT_EQ(abortStatus, 124);
+    EXPECT_GT(record.ms, 50);
+    EXPECT_EQ(record, (CorpusRecord{.event = "result",
+                                    .i = 0,
+                                    .path = "a.wsz",
+                                    .name = "a",
+                                    .md5 = md5OfA,
+                                    .size = 1,
+                                    .status = "timeout",
+                                    .error = "no result after 0.05 s",
+                                    .ms = record.ms,
+                                    .footprintMiB = 7,
+                                    .t = record.t,
+                                    .nsfw = false}));
+
+    // The next run takes the other.
+    hooks.process = [&](const fs::path& file) {
+        processed.push_back(file.filename());
+        return CorpusOutcome{.status = "ok"};
+    };
+    EXPECT_EQ(resume()->attempted, 1);
+    EXPECT_EQ(processed, (Names{"a.wsz", "b.wsz"}));
+}
+
+TEST_F(CorpusWatch, AnswersForASkinThatTakesTooMuchMemory)
+{
+    hooks.footprint = [] { return ProcessFootprint::Mebibytes{4097, 5000}; };
+    const auto record = verdict();
+    EXPECT_EQ(abortStatus, 125);
+    EXPECT_EQ(record.status, "memory");
+    EXPECT_EQ(record.error, "footprint over 4096 MiB");
+    EXPECT_EQ(record.footprintMiB, 5000);
+}
+
+TEST_F(CorpusWatch, LeavesASkinAtTheLimitsAlone)
+{
+    config.timeout = std::numeric_limits<double>::infinity();
+    hooks.footprint = [] { return ProcessFootprint::Mebibytes{4096, 5000}; };
+    hooks.process = [&](const fs::path&) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50)); // ten looks
+        return CorpusOutcome{.status = "ok"};
+    };
+    EXPECT_EQ(run()->attempted, 2);
+    EXPECT_EQ(abortStatus, 0);
+}
+
+TEST_F(CorpusWatch, EndsTheProcessWithoutAVerdictThatCantBeWritten)
+{
+    config.timeout = 0.05;
+    const auto process = hooks.process;
+    hooks.process = [&](const fs::path& file) {
+        fs::remove(results);
+        return process(file);
+    };
+    EXPECT_TRUE(run()->aborted);
+    EXPECT_EQ(abortStatus, 2);
+    EXPECT_EQ(notes, Names{results.string() + ": deleted while the run was writing to it"});
+}
+
+TEST(CorpusRunner, ReadsTheRecordsThatAreWhole)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ(CorpusRunner::readRecords(folder / "missing"), Records{});
+    EXPECT_FALSE(CorpusRunner::readRecords(folder.path()));
+    const std::string longName(200'000, 'x'); // longer than what is read at a time
+    const auto path = folder.write(
+        "results.jsonl", bytes("{\"event\":\"a\"}\n\n\nrubbish\n{\"event\":\"b\",\"name\":\"" +
+                               longName + "\"}\n{\"event\":\"c\"}\n{\"event\":\"d\""));
+    EXPECT_EQ(CorpusRunner::readRecords(path),
+              (Records{
+                  {.event = "a"},
+                  {.event = "b", .name = longName},
+                  {.event = "c"}
+    }));
+}
+
+TEST(CorpusRunner, ProcessesSkinsOfAllKinds)
+{
+    const TemporaryFolder folder;
+    const auto process = [&](std::string_view name, ByteView content) {
+        auto outcome = CorpusRunner::processSkin(folder.write(name, content));
+        EXPECT_GT(outcome.parseMs, 0);
+        outcome.parseMs = 0;
+        if (outcome.renderMs) {
+            EXPECT_GT(*outcome.renderMs, 0);
+            outcome.renderMs = 0;
+        }
+        return outcome;
+    };
+    const auto ok = process("ok.wsz", SkinBuilder().allSheets().zip());
+    EXPECT_EQ(ok, (CorpusOutcome{.entries = 16,
+                                 .status = "ok",
+                                 .mainWindowComplete = true,
+                                 .fallbacks = SkinBuilder().allSheets().parse()->fallbacks,
+                                 .renderMs = 0}));
+    const auto partial =
+        process("partial.wsz", SkinBuilder().allSheets().without("main.bmp").zip());
+    EXPECT_EQ(partial.status, "partial");
+    EXPECT_EQ(partial.mainWindowComplete, false);
+    EXPECT_EQ(partial.warnings, Names{"Missing main.bmp"});
+    EXPECT_EQ(process("modern.wsz", SkinBuilder().allSheets().text("skin.xml", "").zip()),
+              (CorpusOutcome{.entries = 17, .status = "modern"}));
+    EXPECT_EQ(process("none.wsz", SkinBuilder().text("a.txt", "").zip()),
+              (CorpusOutcome{
+                  .entries = 1, .status = "failed", .error = "No classic skin bitmaps found"}));
+    const auto unreadable = process("unreadable.wsz", bytes("no archive"));
+    EXPECT_EQ(unreadable.status, "failed");
+    EXPECT_EQ(unreadable.entries, 0);
+    EXPECT_TRUE(unreadable.error->starts_with("Unreadable archive: ")) << *unreadable.error;
+}
+
+TEST(CorpusRunner, LooksTenTimesInASkinsTimeWithinReason)
+{
+    const auto interval = [](double timeout) {
+        return CorpusRunner::Config::of({.timeout = timeout}).pollInterval;
+    };
+    EXPECT_EQ(interval(1), 0.1);
+    EXPECT_EQ(interval(10), 0.25);
+    EXPECT_EQ(interval(std::numeric_limits<double>::infinity()), 0.25);
+    EXPECT_EQ(interval(0.001), 0.005);
+}

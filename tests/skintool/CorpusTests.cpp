@@ -1,0 +1,195 @@
+#include "SkinKit/Tooling/CorpusOptions.h"
+#include "SkinKit/Tooling/CorpusRunner.h"
+#include "tests/support/Collection.h"
+#include "tests/support/Program.h"
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipWriter.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+#include <map>
+#include <random>
+
+using namespace SkinKit;
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+using support::bytes;
+using support::Outcome;
+using support::TemporaryFolder;
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+class Corpus : public testing::Test {
+protected:
+    Words command(const Words& more = {}) const
+    {
+        Words words{"corpus", skins.string(), "--out", out.string()};
+        words.insert(words.end(), more.begin(), more.end());
+        return words;
+    }
+    Outcome run(const Words& more = {}, long limitBytes = 0) const
+    {
+        return support::run(SKINTOOL_PROGRAM, command(more), limitBytes);
+    }
+    void add(const std::string& name, ByteView content) const
+    {
+        fs::create_directories(skins);
+        folder.write("skins/" + name, content);
+    }
+
+    std::vector<CorpusRecord> records() const
+    {
+        return CorpusRunner::readRecords(out / "results.jsonl").value();
+    }
+    // The results by path, without what no two runs have in common. Fails when a path has two.
+    std::map<std::string, CorpusRecord> results() const
+    {
+        std::map<std::string, CorpusRecord> byPath;
+        for (auto record : records()) {
+            if (record.event != "result")
+                continue;
+            record.t = record.ms = record.parseMs = record.renderMs = std::nullopt;
+            record.footprintMiB = record.restart = std::nullopt;
+            EXPECT_TRUE(byPath.emplace(*record.path, record).second) << *record.path;
+        }
+        return byPath;
+    }
+
+    const TemporaryFolder folder;
+    const fs::path skins = folder / "skins";
+    const fs::path out = folder / "out";
+};
+
+// One that takes long to read and a lot of memory.
+ByteBuffer slowArchive()
+{
+    support::ZipWriter zip;
+    const ByteBuffer zeros(8 << 20, 0);
+    for (const auto* name : {"main.bmp", "text.bmp", "titlebar.bmp", "volume.bmp", "posbar.bmp",
+                             "eqmain.bmp", "pledit.bmp", "gen.bmp"})
+        zip.add(name, zeros);
+    return zip.bytes();
+}
+
+}
+
+TEST_F(Corpus, RunsACollectionAndSaysWhereTheResultsAre)
+{
+    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 5);
+    add("broken.wsz", bytes("no archive"));
+    add("twin.zip", bytes("no archive"));
+    const auto outcome = run();
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, "files:     7\n"
+                           "unique:    6\n"
+                           "attempted: 6 in this run\n"
+                           "results:   " +
+                               (out / "results.jsonl").string() + "\n");
+    EXPECT_EQ(outcome.err, "[1/6] ok 100.0% partial 0.0% failed 0.0% modern 0.0%\n"
+                           "[6/6] ok 83.3% partial 0.0% failed 16.7% modern 0.0%\n");
+    EXPECT_EQ(results().size(), 7U);
+    EXPECT_EQ(results().at("twin.zip").of, "broken.wsz");
+
+    EXPECT_TRUE(run({"--resume"}).out.contains("
+attempted: 0 in this run
+"));
+    EXPECT_EQ(run({"--timeout", "0"}).err,
+              "skintool: --timeout needs a positive number of seconds\n" +
+                  std::string(CorpusOptions::usage) + "\n");
+}
+
+TEST_F(Corpus, WritesNothingForACollectionThatIsNotThere)
+{
+    const auto outcome = run();
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "skintool: " + skins.string() + ": No such file or directory\n");
+    EXPECT_FALSE(fs::exists(out));
+}
+
+TEST_F(Corpus, EndsWith124WhenASkinTakesTooLongAndGoesOnWithTheNext)
+{
+    add("a.wsz", slowArchive());
+    add("b.wsz", support::SkinBuilder().allSheets().zip());
+    EXPECT_EQ(run({"--timeout", "0.001"}).status, 124);
+    EXPECT_EQ(results().at("a.wsz").error, "no result after 0.001 s");
+    EXPECT_EQ(run({"--resume"}).status, 0);
+    EXPECT_EQ(results().at("a.wsz").status, "timeout");
+    EXPECT_EQ(results().at("b.wsz").status, "ok");
+}
+
+TEST_F(Corpus, EndsWith125WhenTheProcessTakesTooMuchMemory)
+{
+    const auto archive = slowArchive();
+    for (int i = 0; i < 20; ++i) // so long that a look finds one of them in hand
+        add(std::to_string(i) + ".wsz", support::withComment(archive, std::to_string(i)));
+    EXPECT_EQ(run({"--timeout", "1", "--max-memory", "1"}).status, 125);
+    EXPECT_EQ(records().back().status, "memory");
+    EXPECT_EQ(records().back().error, "footprint over 1 MiB");
+}
+
+TEST_F(Corpus, StopsWhenTheDiskIsFullAndKeepsWhatIsWritten)
+{
+    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 50);
+    constexpr long limit = 8000;
+    const auto outcome = run({}, limit);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_TRUE(outcome.err.ends_with("skintool: " + (out / "results.jsonl").string() +
+                                      ": File too large\n"))
+        << outcome.err;
+    EXPECT_EQ(fs::file_size(out / "results.jsonl"), limit);
+    EXPECT_GT(results().size(), 5U);
+    EXPECT_EQ(run({"--resume"}).status, 0);
+    EXPECT_EQ(results().size(), 50U);
+}
+
+TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
+{
+    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 60);
+    add("broken.wsz", bytes("no archive"));
+    add("twin.wsz", bytes("no archive"));
+    add("modern.wsz", support::SkinBuilder().text("skin.xml", "").zip());
+    const auto start = Clock::now();
+    ASSERT_EQ(run().status, 0);
+    const auto undisturbedTime = Clock::now() - start;
+    const auto undisturbed = results();
+    fs::remove_all(out);
+
+    std::mt19937 random(20240717);
+    std::uniform_real_distribution<double> share(0, 0.2);
+    int kills = 0;
+    Outcome outcome;
+    do {
+        outcome = support::runAndKill(
+            SKINTOOL_PROGRAM, command({"--resume"}),
+            std::chrono::duration_cast<std::chrono::microseconds>(undisturbedTime * share(random)));
+        kills += outcome.status != 0;
+        ASSERT_TRUE(outcome.status == 0 || outcome.status == 128 + SIGKILL) << outcome.err;
+        ASSERT_LT(kills, 1000);
+    } while (outcome.status != 0);
+    EXPECT_GT(kills, 3);
+
+    int crashes = 0;
+    const auto found = results();
+    ASSERT_EQ(found.size(), undisturbed.size());
+    for (const auto& [path, record] : found)
+        if (record.status == "crashed")
+            ++crashes;
+        else
+            EXPECT_EQ(record.line(), undisturbed.at(path).line());
+    EXPECT_LE(crashes, kills);
+
+    // A line that was cut off stands alone.
+    std::ifstream lines(out / "results.jsonl");
+    int cut = 0;
+    for (std::string line; std::getline(lines, line);)
+        if (!CorpusRecord::parse(line)) {
+            ++cut;
+            EXPECT_EQ(line.find("\"event\":"), line.rfind("\"event\":")) << line;
+        }
+    EXPECT_LE(cut, kills);
+}
