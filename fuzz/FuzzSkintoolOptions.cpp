@@ -1,4 +1,5 @@
 #include "SkinKit/Tooling/InfoOptions.h"
+#include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "fuzz/Fuzzing.h"
@@ -39,6 +40,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     });
     parse<WindowsOptions>(arguments, [](const WindowsOptions& options) {
         return options.scale >= 1 && !options.out.starts_with('-');
+    });
+    parse<PreviewOptions>(arguments, [](const PreviewOptions& options) {
+        return !options.out || !options.out->starts_with('-');
     });
     parse<InfoOptions>(arguments, [](const InfoOptions&) { return true; });
     return 0;

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <string>
 #include <string_view>
 
 // Writes the fuzz targets' seeds: one folder a target, small files that are good in different ways.
@@ -123,6 +124,19 @@ void writeSkins(const SeedFolder& folder)
     folder.write("whole.wsz", SkinBuilder().allSheets().zip());
 }
 
+// Around the length at which a read-me is cut.
+void writeReadmes(const SeedFolder& folder)
+{
+    const std::string text(20'478, 'a');
+    folder.write("short.txt", "<b>Gr\u00FC\u00DFe</b> & \"\U0001F3B5\"\r\n");
+    folder.write("windows.txt", "Gr\xFC\xDF\x65 \x80\x99");
+    folder.write("undefined.txt", "\xFC\x81\x8D\x8F\x90\x9D");
+    folder.write("whole.txt", text + "bc");
+    folder.write("inside-a-character.txt", text + "\U0001F3B5");
+    folder.write("at-a-replacement.txt", text.substr(1) + "\uFFFDb");
+    folder.write("long-windows.txt", text + "\x80\x80");
+}
+
 void writeTexts(const std::filesystem::path& root)
 {
     SeedFolder(root / "PlaylistStyle")
@@ -139,6 +153,7 @@ void writeTexts(const std::filesystem::path& root)
                   "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");
     options.write("windows.txt", "a.wsz\n--out\ndir\n--state\nwebamp\n--scale\n3\n--no-region");
     options.write("info.txt", "--json\na.wsz");
+    options.write("preview.txt", "--mhtml\na.wsz\n--out\npage.mhtml");
 }
 
 }
@@ -156,6 +171,7 @@ int main(int argc, char** argv)
     writePNGs(SeedFolder(root / "PNG"));
     SeedFolder(root / "PNGRoundTrip").write("bytes", "\5abcdefghijklmnopqrstuvwxyz0123456789");
     writeSkins(SeedFolder(root / "Skin"));
+    writeReadmes(SeedFolder(root / "Readme"));
     writeTexts(root);
     return 0;
 }

@@ -31,19 +31,6 @@ Image render(const Skin& skin, const SkintoolOptions& options)
                                       Pictures::clip(options.noRegion));
 }
 
-// The skin's name as the user gave it, without its extension; a folder has none. Only a path such
-// as
-// "." has to be followed to find a name.
-std::string skinName(const std::filesystem::path& input)
-{
-    std::error_code ignored;
-    auto path = input.has_filename() ? input : input.parent_path();
-    if (path.empty() || path.filename() == "." || path.filename() == "..")
-        path = std::filesystem::weakly_canonical(input, ignored);
-    const bool isFolder = std::filesystem::is_directory(path, ignored);
-    return (isFolder ? path.filename() : path.stem()).string();
-}
-
 std::filesystem::path referencePath(const SkintoolOptions& options)
 {
     return std::filesystem::path(*options.compare) / (skinName(options.input) + ".png");
@@ -155,6 +142,7 @@ const std::string_view help = R"(Examples:
   skintool --png out.png --compare refs a.wsz  and how it differs from refs/a.png
   skintool info some.wsz                       everything about a skin
   skintool windows some.wsz --out pictures     all its windows as pictures
+  skintool preview some.wsz                    a page that shows it in any browser
 
 Options:
   -v, --verbose         print the loader's warnings and fallbacks
@@ -170,6 +158,7 @@ Options:
 Sub-commands (skintool <word> --help tells more):
   info                  tell everything about a skin, or print it as JSON
   windows               write pictures of all windows of a skin
+  preview               write an HTML page that shows a skin
 
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.

@@ -1,12 +1,14 @@
 #include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
+#include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
 #include "skintool/CorpusCommand.h"
 #include "skintool/InfoCommand.h"
+#include "skintool/PreviewCommand.h"
 #include "skintool/RenderCommand.h"
 #include "skintool/WindowsCommand.h"
 
@@ -50,6 +52,7 @@ ExitStatus run(Arguments arguments)
     const Form subCommands[] = {
         {"corpus",  SkinKit::CorpusOptions::usage,  CorpusCommand::help,  CorpusCommand::run },
         {"info",    SkinKit::InfoOptions::usage,    InfoCommand::help,    InfoCommand::run   },
+        {"preview", SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
         {"windows", SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
     };
     for (const Form& form : subCommands)

@@ -134,6 +134,15 @@ Result<Kind> kind(const std::filesystem::path& path)
                                    : Kind::other;
 }
 
+std::filesystem::path named(const std::filesystem::path& path)
+{
+    const auto whole = path.has_filename() ? path : path.parent_path();
+    if (whole.has_filename() && whole.filename() != "." && whole.filename() != "..")
+        return whole;
+    std::error_code ignored;
+    return std::filesystem::weakly_canonical(path, ignored);
+}
+
 Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links)
 {
     // Looked at before it is opened, since opening a device can have effects of its own; not

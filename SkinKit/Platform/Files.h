@@ -25,6 +25,10 @@ enum class Kind { regularFile, folder, other };
 // What `path` leads to, links followed.
 Result<Kind> kind(const std::filesystem::path& path);
 
+// The path by whose last component a person knows the file: without slashes at its end, and with a
+// "." or ".." there followed to what it leads to.
+std::filesystem::path named(const std::filesystem::path& path);
+
 // Whether a name that is itself a link may be opened.
 enum class Links { followed, refused };
 

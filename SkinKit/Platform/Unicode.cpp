@@ -3,6 +3,7 @@
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <new>
 
@@ -65,6 +66,28 @@ Part firstPart(ByteView bytes)
     return {length, true};
 }
 
+bool isWellFormed(ByteView bytes)
+{
+    while (!bytes.empty()) {
+        const Part part = firstPart(bytes);
+        if (!part.wellFormed)
+            return false;
+        bytes = bytes.subspan(part.length);
+    }
+    return true;
+}
+
+// What code page 1252 has in the place of Latin-1's second set of control characters, 80 … 9F.
+// clang-format off
+constexpr char32_t undefined = 0;
+constexpr std::array<char32_t, 32> windows1252{
+    0x20AC, undefined, 0x201A, 0x0192, 0x201E, 0x2026,    0x2020, 0x2021,
+    0x02C6, 0x2030,    0x0160, 0x2039, 0x0152, undefined, 0x017D, undefined,
+    undefined, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,    0x2013, 0x2014,
+    0x02DC, 0x2122,    0x0161, 0x203A, 0x0153, undefined, 0x017E, 0x0178,
+};
+// clang-format on
+
 }
 
 std::string repaired(ByteView bytes)
@@ -81,6 +104,26 @@ std::string repaired(ByteView bytes)
         else
             append(text, replacementCharacter);
         bytes = bytes.subspan(part.length);
+    }
+    return text;
+}
+
+std::optional<std::string> fromUTF8(ByteView bytes)
+{
+    const std::string_view text = asText(bytes);
+    return isASCII(text) || isWellFormed(bytes) ? std::optional<std::string>(text) : std::nullopt;
+}
+
+std::optional<std::string> fromWindows1252(ByteView bytes)
+{
+    std::string text;
+    text.reserve(bytes.size());
+    for (const std::uint8_t byte : bytes) {
+        const bool isControl = isWithin(byte, 0x80, 0x9F);
+        const char32_t codePoint = isControl ? windows1252[byte - 0x80U] : byte;
+        if (isControl && codePoint == undefined)
+            return std::nullopt;
+        append(text, codePoint);
     }
     return text;
 }

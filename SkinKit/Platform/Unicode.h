@@ -19,6 +19,12 @@ inline constexpr char32_t replacementCharacter = U'\uFFFD';
 // of a well-formed one). A byte order mark is a character like any other.
 std::string repaired(ByteView bytes);
 
+// The bytes read as UTF-8, or nothing when any of them is ill-formed.
+std::optional<std::string> fromUTF8(ByteView bytes);
+// The bytes read as code page 1252 (Windows, Western Europe), or nothing when one of them is among
+// the five that it leaves undefined.
+std::optional<std::string> fromWindows1252(ByteView bytes);
+
 // Takes the first code point off well-formed, non-empty text.
 char32_t takeFirst(std::string_view& text);
 void append(std::string& text, char32_t codePoint);

@@ -58,6 +58,7 @@ struct CommandLine {
     std::span<const Value> values;
     std::string_view secondInput; // the complaint about one
     std::span<const Required> required;
+    std::string_view optionMark = "--"; // no value begins with it
 
     std::expected<Options, std::string> parse(std::span<const std::string> arguments) const
     {
@@ -70,7 +71,7 @@ struct CommandLine {
             if (flag != flags.end()) {
                 options.*flag->field = true;
             } else if (option != values.end()) {
-                const auto value = rest.value("--");
+                const auto value = rest.value(optionMark);
                 if (!value || !option->take(options, *value))
                     return std::unexpected(std::string(option->complaint));
                 given.insert(option->word);

@@ -50,6 +50,27 @@ void bindSocket(const fs::path& path)
 
 }
 
+TEST(Files, FindsTheNameThatAPersonKnowsAFileBy)
+{
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "a");
+    fs::create_directory_symlink("a", folder / "link");
+    const auto name = [&folder](const char* path) {
+        return Files::named(folder / path).filename().string();
+    };
+    EXPECT_EQ(name("a"), "a");
+    EXPECT_EQ(name("a/"), "a");
+    EXPECT_EQ(name("a//"), "a");
+    EXPECT_EQ(name("a/."), "a");
+    EXPECT_EQ(name("a/./"), "a");
+    EXPECT_EQ(name("none/b"), "b");
+    EXPECT_EQ(name("link/"), "link"); // as it was called, not what it leads to
+    EXPECT_EQ(name("a/.."), folder.path().filename());
+    EXPECT_EQ(Files::named("."), fs::current_path());
+    EXPECT_EQ(Files::named("/").filename(), "");
+    EXPECT_EQ(Files::named(""), "");
+}
+
 TEST(Files, ReadsAFileUpToTheLimitAndNotAByteBeyond)
 {
     const TemporaryFolder folder;

@@ -2,6 +2,7 @@
 #include "tests/support/Bytes.h"
 
 #include <gtest/gtest.h>
+#include <iconv.h>
 
 using namespace SkinKit;
 
@@ -59,6 +60,33 @@ TEST(Unicode, ReplacesEachMaximalPartOfAnIllFormedSequence)
         EXPECT_EQ(repaired(bytes), replaced) << testing::PrintToString(bytes);
         EXPECT_EQ(repaired(replaced), replaced);
     }
+}
+
+TEST(Unicode, ReadsUTF8OnlyWhenAllOfItIsWellFormed)
+{
+    for (const std::string_view text : {"", "plain", "\u00E9 \U0001F600", "\uFFFD"})
+        EXPECT_EQ(Unicode::fromUTF8(asBytes(text)), text);
+    for (const std::string_view bytes : {"\xE9", "plain \xFF", "\u00E9\xC3", "\xED\xA0\x80"})
+        EXPECT_EQ(Unicode::fromUTF8(asBytes(bytes)), std::nullopt);
+}
+
+TEST(Unicode, ReadsEveryByteOfCodePage1252AsTheSystemDoes)
+{
+    const auto converter = ::iconv_open("UTF-8", "CP1252");
+    for (unsigned value = 0; value < 256; ++value) {
+        char byte = static_cast<char>(value);
+        char character[4];
+        char* in = &byte;
+        char* out = character;
+        std::size_t inLeft = 1;
+        std::size_t outLeft = sizeof character;
+        const bool isDefined = ::iconv(converter, &in, &inLeft, &out, &outLeft) == 0;
+        const auto expected = isDefined ? std::optional(std::string(character, out)) : std::nullopt;
+        EXPECT_EQ(Unicode::fromWindows1252(asBytes({&byte, 1})), expected) << value;
+    }
+    ::iconv_close(converter);
+    EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x80z")), "a\u20ACz");
+    EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x9Dz")), std::nullopt);
 }
 
 TEST(Unicode, LowersCaseInEveryScript)

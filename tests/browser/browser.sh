@@ -10,14 +10,25 @@ fi
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
-# Prints the document that the browser has made of a page, having run whatever scripts it holds.
-dom_of() {
+# browse PAGE OPTION…
+browse() {
     timeout 60 chromium --headless --no-sandbox --disable-gpu --disable-quic --no-first-run \
         --disable-background-networking --disable-component-update --disable-sync \
-        --user-data-dir="$scratch/profile" --dump-dom "file://$1" 2>"$scratch/log" || {
+        --user-data-dir="$scratch/profile" "${@:2}" "file://$1" 2>"$scratch/log" || {
         cat "$scratch/log" >&2
         return 1
     }
+}
+
+# Prints the document that the browser has made of a page, having run whatever scripts it holds.
+dom_of() {
+    browse "$1" --dump-dom
+}
+
+# screenshot PAGE PICTURE: the page as it shows on a display of three pixels a point, as a PNG file.
+screenshot() {
+    browse "$1" --window-size=700,500 --hide-scrollbars --force-device-scale-factor=3 \
+        --force-color-profile=srgb --screenshot="$2"
 }
 
 # expect_lines COUNT PATTERN FILE: the pattern (extended) occurs on so many lines of the file.

@@ -95,9 +95,7 @@ TEST_F(Corpus, RunsACollectionAndSaysWhereTheResultsAre)
     EXPECT_EQ(results().size(), 7U);
     EXPECT_EQ(results().at("twin.zip").of, "broken.wsz");
 
-    EXPECT_TRUE(run({"--resume"}).out.contains("
-attempted: 0 in this run
-"));
+    EXPECT_TRUE(run({"--resume"}).out.contains("\nattempted: 0 in this run\n"));
     EXPECT_EQ(run({"--timeout", "0"}).err,
               "skintool: --timeout needs a positive number of seconds\n" +
                   std::string(CorpusOptions::usage) + "\n");

@@ -1,3 +1,4 @@
+#include "SkinKit/QuickLook/PreviewDocument.h"
 #include "SkinKit/Rendering/DesktopRenderer.h"
 #include "SkinKit/Rendering/EQWindowRenderer.h"
 #include "SkinKit/Rendering/MainShadeRenderer.h"
@@ -5,6 +6,7 @@
 #include "SkinKit/Rendering/PNGWriter.h"
 #include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/Tooling/InfoOptions.h"
+#include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "SkinKit/Version.h"
@@ -64,6 +66,8 @@ TEST_F(Skintool, PrintsHelpAndVersionForEveryForm)
         {{"info", "--version"},    "skintool "           },
         {{"windows", "--help"},    WindowsOptions::usage },
         {{"windows", "--version"}, "skintool "           },
+        {{"preview", "--help"},    PreviewOptions::usage },
+        {{"preview", "--version"}, "skintool "           },
     };
     for (const auto& row : rows) {
         const auto outcome = skintool(row.arguments);
@@ -93,6 +97,8 @@ TEST_F(Skintool, TellsAUsageErrorWithTheUsageTextAndStatus2)
               "skintool: missing <skin.wsz | folder>\n" + std::string(InfoOptions::usage) + "\n");
     EXPECT_EQ(skintool({"windows", skin}).err,
               "skintool: missing --out <dir>\n" + std::string(WindowsOptions::usage) + "\n");
+    EXPECT_EQ(skintool({"preview"}).err, "skintool: missing <skin.wsz | folder>\n" +
+                                             std::string(PreviewOptions::usage) + "\n");
 }
 
 TEST_F(Skintool, SummarisesASkinAndItsNotesOnRequest)
@@ -439,4 +445,90 @@ TEST_F(Skintool, SaysWhereWindowsCannotBeWritten)
     EXPECT_EQ(full.status, 2);
     EXPECT_EQ(full.err, "skintool: " + path("out/main.png") + ": File too large\n");
     EXPECT_TRUE(std::filesystem::is_empty(path("out")));
+}
+
+TEST_F(Skintool, WritesAPreviewPageNamedAfterTheSkinIntoTheCurrentFolder)
+{
+    std::filesystem::create_directories(folder / "v1.2");
+    std::filesystem::create_directory(folder / "here");
+    const auto archive = SkinBuilder().allSheets().text("readme.txt", "Hello").archive();
+    for (const auto& [name, content] : archive.files())
+        folder.write("v1.2/" + name, content);
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(folder / "here");
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"preview", "../skin.wsz"},
+             {"preview", "--mhtml", "../skin.wsz"},
+             {"preview", "../v1.2/"},
+             {"preview", "../v1.2", "--mhtml", "--out", path("page")}
+    }) {
+        const auto outcome = skintool(arguments);
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(outcome.out + outcome.err, "");
+    }
+    std::filesystem::current_path(before);
+
+    const auto page = SkinPreviewPage::make(skin);
+    EXPECT_EQ(support::readFile(path("here/skin.html")), bytes(PreviewDocument::html(page)));
+    EXPECT_EQ(support::readFile(path("here/skin.mhtml")), bytes(PreviewDocument::mhtml(page)));
+    const auto folderPage = SkinPreviewPage::make(folder / "v1.2");
+    EXPECT_TRUE(folderPage.html.contains("<pre>Hello</pre>"));
+    EXPECT_EQ(support::readFile(path("here/v1.2.html")), bytes(PreviewDocument::html(folderPage)));
+    EXPECT_EQ(support::readFile(path("page")), bytes(PreviewDocument::mhtml(folderPage)));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder / "here"), {}), 3);
+}
+
+TEST_F(Skintool, WritesAPageEvenOfASkinThatItRefuses)
+{
+    const auto modern =
+        folder.write("modern.wsz", SkinBuilder().allSheets().text("skin.xml", "").zip()).string();
+    for (const auto& [input, error] : std::vector<std::pair<std::string, std::string>>{
+             {modern,       "Modern (Winamp 3/5) skin; not supported"      },
+             {path("none"), "Unreadable archive: No such file or directory"},
+    }) {
+        const auto outcome = skintool({"preview", input, "--out", path("page.html")});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "skintool: " + input + ": " + error + "\n");
+        EXPECT_EQ(support::readFile(path("page.html")),
+                  bytes(SkinPreviewPage::failure(input, error).html));
+    }
+    const auto nameless = skintool({"preview", "/"});
+    EXPECT_EQ(nameless.status, 2);
+    EXPECT_EQ(nameless.err, "skintool: /: has no name; --out says where the page goes\n");
+}
+
+TEST_F(Skintool, NeverWritesAPageOverTheSkinOrAFileOfIt)
+{
+    std::filesystem::create_directory(folder / "unpacked");
+    folder.write("unpacked/Readme.TXT", bytes("read me"));
+    folder.write("unpacked/page.html", bytes("old"));
+    std::filesystem::create_symlink("unpacked/Readme.TXT", folder / "link");
+    struct Row {
+        std::string input, out, reason;
+    };
+    const Row rows[] = {
+        {skin,             skin,                        "is the skin itself"   },
+        {path("unpacked"), path("unpacked/"),           "is the skin itself"   },
+        {path("unpacked"), path("unpacked/Readme.TXT"), "is a file of the skin"},
+        {path("unpacked"), path("link"),                "is a file of the skin"},
+    };
+    for (const auto& [input, out, reason] : rows) {
+        const auto outcome = skintool({"preview", input, "--out", out});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "skintool: " + out + ": " + reason + "\n");
+    }
+    EXPECT_EQ(support::readFile(skin), SkinBuilder().allSheets().zip());
+    EXPECT_EQ(support::readFile(path("unpacked/Readme.TXT")), bytes("read me"));
+    skintool({"preview", path("unpacked"), "--out", path("unpacked/page.html")});
+    EXPECT_NE(support::readFile(path("unpacked/page.html")), bytes("old"));
+}
+
+TEST_F(Skintool, SaysWhereAPageCannotBeWritten)
+{
+    const auto outcome = skintool({"preview", skin, "--out", path("none/page.html")});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "skintool: " + path("none/page.html") + ": No such file or directory\n");
+    EXPECT_EQ(skintool({"preview", skin, "--out", "/dev/full"}).err,
+              "skintool: /dev/full: No space left on device\n");
 }

@@ -1,0 +1,111 @@
+#include "skintool/PreviewCommand.h"
+
+#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/QuickLook/PreviewDocument.h"
+#include "SkinKit/Tooling/PreviewOptions.h"
+#include "skintool/Loading.h"
+#include "skintool/Pictures.h"
+
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+namespace skintool::PreviewCommand {
+namespace {
+
+using namespace SkinKit;
+
+// Where to write; nothing for a skin without a name when no file is given.
+std::optional<std::filesystem::path> outputPath(const PreviewOptions& options)
+{
+    if (options.out)
+        return *options.out;
+    const auto name = skinName(options.input);
+    if (name.empty())
+        return std::nullopt;
+    return name + (options.mhtml ? ".mhtml" : ".html");
+}
+
+// Whether `path` leads to a file that is read as part of the skin in `folder`.
+bool isFileOfSkin(const std::filesystem::path& path, const std::filesystem::path& folder)
+{
+    std::error_code error;
+    const auto file = std::filesystem::canonical(path, error);
+    if (error || !Pictures::isSame(file.parent_path(), folder))
+        return false;
+    const auto extension = Unicode::lowercased(file.extension().string());
+    return !extension.empty() &&
+           SkinArchive::Limits().allowedExtensions.contains(extension.substr(1));
+}
+
+// Why the page can't go where it should; nothing when it can.
+std::optional<std::string> conflict(const std::filesystem::path& output, const std::string& input)
+{
+    if (Pictures::isSame(output, input))
+        return "is the skin itself";
+    if (isFileOfSkin(output, input))
+        return "is a file of the skin";
+    return std::nullopt;
+}
+
+ExitStatus write(const SkinPreviewPage& page, const std::filesystem::path& output, bool mhtml)
+{
+    const auto document = mhtml ? PreviewDocument::mhtml(page) : PreviewDocument::html(page);
+    if (const auto error = Files::write(output, asBytes(document))) {
+        Console::sayError(output.string(), error.message());
+        return trouble;
+    }
+    return done;
+}
+
+ExitStatus run(const PreviewOptions& options)
+{
+    const auto output = outputPath(options);
+    if (!output) {
+        Console::sayError(options.input, "has no name; --out says where the page goes");
+        return trouble;
+    }
+    if (const auto reason = conflict(*output, options.input)) {
+        Console::sayError(output->string(), *reason);
+        return trouble;
+    }
+    const auto page = SkinPreviewPage::tryMake(options.input, SkinArchive::Limits());
+    if (page)
+        return write(*page, *output, options.mhtml);
+
+    Console::sayError(options.input, page.error());
+    write(SkinPreviewPage::failure(options.input, page.error()), *output, options.mhtml);
+    return trouble;
+}
+
+}
+
+const std::string_view help = R"(Examples:
+  skintool preview some.wsz                    some.html, a page that any browser opens
+  skintool preview some.wsz --out page.html    the same under another name
+  skintool preview --mhtml some.wsz            some.mhtml, a web archive
+
+The page shows the skin's name, its main window, the loader's warnings and the skin's
+read-me text. It is one file that needs nothing else, and holds no script. A skin that
+is refused gives a page that says why, and status 2.
+
+Options:
+  --out <file>   where to write (default: the skin's name with ".html" or ".mhtml", in
+                 the current folder)
+  --mhtml        a MIME document with the picture as a part of its own, which browsers
+                 of the Chromium family open
+  -h, --help     this text
+  --version      the version
+
+Exit status: 0 done; 2 trouble.)";
+
+ExitStatus run(std::span<const std::string> arguments)
+{
+    const auto options = PreviewOptions::parse(arguments);
+    if (!options)
+        return Console::sayUsageError(options.error().description, PreviewOptions::usage);
+    return run(*options);
+}
+
+}
