@@ -61,9 +61,9 @@ public:
         const auto now = Clock::now();
         if (progress.phase == Progress::Phase::listing) {
             listingTime += Microseconds(now - turn_).count();
-        } else if (progress.done == 0) {
+        } else if (progress.phase == Progress::Phase::running && progress.done == 0) {
             results_.open();
-        } else {
+        } else if (progress.phase == Progress::Phase::running) {
             ours.push_back(Microseconds(now - turn_).count());
             doTheSame(skins_[(static_cast<std::size_t>(progress.done) + skins_.size() / 2) %
                              skins_.size()]);
@@ -157,9 +157,9 @@ int main(int argc, char** argv)
     std::ranges::sort(skins);
 
     Peer peer(skins, folder / "out/results.jsonl", folder / "scratch");
-    const CorpusRunner runner(
-        folder / "skins", folder / "out", {}, CorpusRunner::Hooks::live(), [](const auto&) {},
-        [&](const Progress& progress) { peer.take(progress); });
+    const CorpusRunner runner(folder / "skins", folder / "out", {}, CorpusRunner::Hooks::live(),
+                              [](const auto&) {},
+                              {.advance = [&](const Progress& progress) { peer.take(progress); }});
     if (const auto totals = runner.run(); !totals) {
         std::fprintf(stderr, "%s\n", totals.error().description.c_str());
         return 2;

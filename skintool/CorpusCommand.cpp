@@ -1,13 +1,11 @@
 #include "skintool/CorpusCommand.h"
 
-#include "SkinKit/Platform/Terminal.h"
+#include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
-#include "SkinKit/Tooling/CorpusProgressBar.h"
 #include "SkinKit/Tooling/CorpusRunner.h"
-#include "skintool/LiveLine.h"
+#include "skintool/ProgressDisplay.h"
 
 #include <chrono>
-#include <optional>
 #include <thread>
 
 namespace skintool::CorpusCommand {
@@ -15,59 +13,19 @@ namespace {
 
 using SkinKit::CorpusOptions;
 using SkinKit::CorpusRunner;
+namespace Process = SkinKit::Process;
 using Progress = CorpusRunner::Progress;
 
-// Shows how far the run is: one live line where standard error is a terminal, else plain lines.
-class Display {
-public:
-    Display()
-    {
-        if (const auto columns = SkinKit::Terminal::errorColumns())
-            live_.emplace(*columns);
+SkinKit::ProgressBar::Numbers numbersOf(const Progress& progress)
+{
+    std::string_view what;
+    switch (progress.phase) {
+    case Progress::Phase::listing: what = "files listed"; break;
+    case Progress::Phase::running: what = "skins"; break;
+    case Progress::Phase::duplicates: what = "duplicates"; break;
     }
-
-    void printLine(const std::string& line)
-    {
-        if (!live_)
-            Console::say(line);
-    }
-
-    void note(const std::string& text)
-    {
-        end();
-        Console::sayError(text);
-    }
-
-    void advance(const Progress& progress)
-    {
-        constexpr std::chrono::milliseconds betweenLooks(100);
-        const auto now = Clock::now();
-        if (progress.phase != phase_ || progress.done == 0) {
-            phase_ = progress.phase;
-            phaseStart_ = now;
-        }
-        const bool isLast = progress.before + progress.done == progress.total;
-        if (!live_ || (now - shown_ < betweenLooks && !isLast))
-            return;
-        const std::chrono::duration<double> elapsed = now - phaseStart_;
-        live_->show(SkinKit::CorpusProgressBar::line(progress, elapsed.count(), live_->width()));
-        shown_ = now;
-    }
-
-    void end()
-    {
-        if (live_)
-            live_->end();
-    }
-
-private:
-    using Clock = std::chrono::steady_clock;
-
-    std::optional<LiveLine> live_;
-    Progress::Phase phase_ = Progress::Phase::listing;
-    Clock::time_point phaseStart_ = Clock::now();
-    Clock::time_point shown_;
-};
+    return {progress.done, progress.before, progress.total, what};
+}
 
 void printTotals(const CorpusRunner::Totals& totals, const std::string& results)
 {
@@ -79,17 +37,17 @@ void printTotals(const CorpusRunner::Totals& totals, const std::string& results)
 
 ExitStatus run(const CorpusOptions& options)
 {
-    Display display;
-    auto hooks = CorpusRunner::Hooks::live();
-    hooks.abort = [&display, abort = hooks.abort](int status) {
-        display.end();
-        abort(status);
-    };
+    // A run loses nothing by ending at any time; but who ends it in order is spared a skin that
+    // counts as crashed.
+    Process::holdInterrupts();
+    Process::reportBrokenPipes();
+    ProgressDisplay display;
     const CorpusRunner runner(
-        options.input, options.out, CorpusRunner::Config::of(options), std::move(hooks),
+        options.input, options.out, CorpusRunner::Config::of(options), CorpusRunner::Hooks::live(),
         [&](const std::string& line) { display.printLine(line); },
-        [&](const Progress& progress) { display.advance(progress); },
-        [&](const std::string& text) { display.note(text); });
+        {.advance = [&](const Progress& progress) { display.advance(numbersOf(progress)); },
+         .note = [&](const std::string& text) { display.note(text); },
+         .isCancelled = [] { return Process::heldInterrupt() != 0; }});
     const auto totals = runner.run();
     // The watchdog is about to end the process with a status of its own.
     while (totals && totals->aborted)
@@ -101,6 +59,10 @@ ExitStatus run(const CorpusOptions& options)
         return trouble;
     }
     printTotals(*totals, runner.resultsURL().string());
+    if (totals->cancelled) {
+        Console::finish(done);
+        Process::endByHeldInterrupt();
+    }
     return done;
 }
 
@@ -118,7 +80,7 @@ one that crashes it; run again with --resume until the status is 0 or 2.
 Options:
   --out <dir>           the folder for the results, made if it is missing
   --resume              keep the results that are there and do what is left
-  --timeout <s>         the most seconds that a skin may take (default 10)
+  --timeout <s>         the most seconds that a skin may take (default 10, "inf" for any)
   --max-memory <MiB>    the most memory the process may hold (default 4096)
   --sample <N>          only N skins, drawn by chance
   --seed <n>            the chance: the same number draws the same skins (default 1)

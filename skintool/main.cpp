@@ -1,5 +1,6 @@
 #include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
+#include "SkinKit/Tooling/GalleryOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/PreviewOptions.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
@@ -7,6 +8,7 @@
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
 #include "skintool/CorpusCommand.h"
+#include "skintool/GalleryCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/PreviewCommand.h"
 #include "skintool/RenderCommand.h"
@@ -51,6 +53,7 @@ ExitStatus run(Arguments arguments)
     const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
     const Form subCommands[] = {
         {"corpus",  SkinKit::CorpusOptions::usage,  CorpusCommand::help,  CorpusCommand::run },
+        {"gallery", SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
         {"info",    SkinKit::InfoOptions::usage,    InfoCommand::help,    InfoCommand::run   },
         {"preview", SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
         {"windows", SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},

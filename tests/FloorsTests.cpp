@@ -51,11 +51,11 @@ constexpr Place places[] = {
     {"SkinKit/Text/TextRenderer.",     7},
     {"SkinKit/Rendering/",             8},
     {"SkinKit/QuickLook/",             9},
-    {"SkinKit/Tooling/",               9},
+    {"SkinKit/Tooling/",              10},
     // the public face, and the programs that stand on it
-    {"SkinKit/SkinKit.h",             10},
-    {"VelmarThumbnail/",              11},
-    {"skintool/",                     11},
+    {"SkinKit/SkinKit.h",             11},
+    {"VelmarThumbnail/",              12},
+    {"skintool/",                     12},
 };
 // clang-format on
 

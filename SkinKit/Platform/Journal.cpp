@@ -29,7 +29,7 @@ void synchronizeFolder(const std::filesystem::path& folder)
 
 }
 
-Files::Result<Journal> Journal::open(const std::filesystem::path& path, Content content)
+Files::Result<Journal> Journal::open(const std::filesystem::path& path)
 {
     constexpr int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     Journal journal(::open(path.c_str(), flags, 0666));
@@ -40,16 +40,18 @@ Files::Result<Journal> Journal::open(const std::filesystem::path& path, Content 
         return std::unexpected(std::make_error_code(std::errc::not_supported));
     if (const auto error = journal.lock())
         return std::unexpected(error);
-
-    if (content == Content::emptied && ::ftruncate(journal.descriptor_, 0) != 0)
+    // Looked at again: who had the lock before may have written meanwhile.
+    if (::fstat(journal.descriptor_, &status) != 0)
         return std::unexpected(lastError());
-    if (const auto error = journal.closeCutLine())
-        return std::unexpected(error);
+    journal.size_ = status.st_size;
     synchronizeFolder(path.parent_path());
     return journal;
 }
 
-Journal::Journal(Journal&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+Journal::Journal(Journal&& other) noexcept
+    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_)
+{
+}
 
 Journal::~Journal()
 {
@@ -70,24 +72,32 @@ std::error_code Journal::lock()
 
 std::error_code Journal::closeCutLine()
 {
-    const off_t size = ::lseek(descriptor_, 0, SEEK_END);
-    if (size < 0)
-        return lastError();
     char last = '\n';
-    if (size > 0 && ::pread(descriptor_, &last, 1, size - 1) != 1)
+    if (size_ > 0 && ::pread(descriptor_, &last, 1, size_ - 1) < 0)
         return lastError();
-    return last == '\n' ? std::error_code{} : writeFully(descriptor_, asBytes("\n"));
+    return last == '\n' ? std::error_code{} : append("");
+}
+
+std::error_code Journal::cut(std::int64_t size)
+{
+    if (::ftruncate(descriptor_, size) != 0)
+        return lastError();
+    size_ = size;
+    return {};
 }
 
 std::error_code Journal::append(std::string_view line)
 {
     std::string text(line);
     text += '\n';
-    if (const auto error = writeFully(descriptor_, asBytes(text)))
+    if (const auto error = writeFully(descriptor_, asBytes(text))) {
+        cut(size_);
         return error;
+    }
     struct ::stat status{};
     if (::fdatasync(descriptor_) != 0 || ::fstat(descriptor_, &status) != 0)
         return lastError();
+    size_ += std::ssize(text);
     return status.st_nlink == 0 ? std::make_error_code(std::errc::no_such_file_or_directory)
                                 : std::error_code{};
 }

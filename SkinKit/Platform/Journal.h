@@ -2,6 +2,7 @@
 
 #include "SkinKit/Platform/Files.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -12,29 +13,32 @@ namespace SkinKit {
 // process at a time has it: the lock goes with the process, however that ends.
 class Journal {
 public:
-    enum class Content { emptied, kept };
-
-    // Makes the file when there is none. A kept one that was cut off in the middle of a line gets
-    // the missing line feed. Fails with std::errc::device_or_resource_busy while another process
-    // has it, and then leaves it as it was.
-    static Files::Result<Journal> open(const std::filesystem::path& path, Content content);
+    // Makes the file when there is none, and leaves one as it is. Fails with
+    // std::errc::device_or_resource_busy while another process has it.
+    static Files::Result<Journal> open(const std::filesystem::path& path);
 
     Journal(Journal&& other) noexcept;
     Journal& operator=(Journal&&) = delete;
     ~Journal();
 
-    // Adds `line` and a line feed. What could not be written in whole may be there in part. Fails
-    // with std::errc::no_such_file_or_directory when the file was deleted meanwhile, so that what
-    // is written would be lost.
+    // Bytes.
+    std::int64_t size() const { return size_; }
+
+    // Gives a last line that was cut off its missing line feed.
+    std::error_code closeCutLine();
+    // Cuts the file off behind its first `size` bytes.
+    std::error_code cut(std::int64_t size);
+    // Adds `line` and a line feed, or nothing. Fails with std::errc::no_such_file_or_directory when
+    // the file was deleted meanwhile, so that what is written would be lost.
     std::error_code append(std::string_view line);
 
 private:
     explicit Journal(int descriptor) : descriptor_(descriptor) {}
 
     std::error_code lock();
-    std::error_code closeCutLine();
 
     int descriptor_;
+    std::int64_t size_ = 0;
 };
 
 }

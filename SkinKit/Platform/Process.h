@@ -6,8 +6,21 @@ namespace SkinKit::Process {
 // Gives the calling thread a name that debuggers and top show; of at most 15 characters.
 void nameThread(const char* name);
 
+// The rest is for a program's main, never for the library itself.
+
 // Makes a file that would grow past the process's limit an error of the write, like a full disk,
-// rather than the process's end. For a program's main, never for the library itself.
+// rather than the process's end.
 void reportFileSizeLimit();
+
+// Makes a pipe that nobody reads any more an error of the write.
+void reportBrokenPipes();
+
+// Holds back the first SIGINT or SIGTERM, for work that is better ended in order; the next one ends
+// the process.
+void holdInterrupts();
+// The signal that was held back, or 0.
+int heldInterrupt();
+// Ends the process as that signal would have.
+void endByHeldInterrupt();
 
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -30,6 +31,7 @@ bool isSkin(const fs::path& file)
 void giveTexts(std::vector<CorpusFile>& files)
 {
     std::set<std::string> taken;
+    std::map<std::string, int> nextNumber; // of a text that was taken
     for (const CorpusFile& file : files)
         if (asUTF8(file.path) == file.path)
             taken.insert(file.path);
@@ -39,8 +41,9 @@ void giveTexts(std::vector<CorpusFile>& files)
             continue;
         const std::string stem = text.stem();
         const std::string extension = text.extension();
-        for (int number = 2; !taken.insert(text).second; ++number)
-            text.replace_filename(stem + " (" + std::to_string(number) + ")" + extension);
+        int& number = nextNumber.try_emplace(text, 2).first->second;
+        while (!taken.insert(text).second)
+            text.replace_filename(stem + " (" + std::to_string(number++) + ")" + extension);
         file.pathBytes = std::exchange(file.path, text);
     }
 }
@@ -82,15 +85,25 @@ JSON toJSON(const CorpusFile& file)
     return object;
 }
 
+// Takes the member of that name, which may be missing, but not of another type.
+template <typename T>
+bool take(const JSON& json, std::string_view key, std::optional<T>& value)
+{
+    value = json.member<T>(key);
+    return value || !json.member(key);
+}
+
 std::optional<CorpusFile> fromJSON(const JSON& json)
 {
-    auto path = json.member<std::string>("path");
-    const auto hex = json.member<std::string>("pathBytes");
-    auto bytes = hex ? fromHex(*hex) : std::nullopt;
-    if (!path || (hex && !bytes))
+    std::optional<std::string> path;
+    std::optional<std::string> hex;
+    CorpusFile file;
+    if (!take(json, "path", path) || !path || !take(json, "md5", file.md5) ||
+        !take(json, "size", file.size) || !take(json, "pathBytes", hex))
         return std::nullopt;
-    return CorpusFile{std::move(*path), json.member<std::string>("md5"),
-                      json.member<std::int64_t>("size"), std::move(bytes)};
+    file.path = std::move(*path);
+    file.pathBytes = hex ? fromHex(*hex) : std::nullopt;
+    return hex && !file.pathBytes ? std::nullopt : std::optional(std::move(file));
 }
 
 }

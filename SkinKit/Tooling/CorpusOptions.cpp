@@ -1,6 +1,7 @@
 #include "SkinKit/Tooling/CorpusOptions.h"
 
 #include "SkinKit/Platform/Numbers.h"
+#include "SkinKit/Platform/Unicode.h"
 #include "SkinKit/Tooling/CommandLine.h"
 
 #include <limits>
@@ -12,7 +13,8 @@ using Form = CommandLine<CorpusOptions>;
 
 bool takeTimeout(CorpusOptions& options, const std::string& text)
 {
-    const bool isEndless = text == "inf" || text == "infinity";
+    const std::string word = Unicode::lowercased(text.starts_with('+') ? text.substr(1) : text);
+    const bool isEndless = word == "inf" || word == "infinity";
     options.timeout = isEndless ? std::numeric_limits<double>::infinity()
                                 : Numbers::parseDecimal(text).value_or(0);
     return options.timeout > 0;

@@ -28,7 +28,7 @@ struct CorpusRecord {
     std::optional<double> renderMs;
     std::optional<double> ms;                 // for the whole skin
     std::optional<std::string> of;            // of a duplicate: the path of the first such file
-    std::optional<std::int64_t> restart;      // how many ends like this one there were, itself too
+    std::optional<std::int64_t> restart;      // number of the crash or overrun
     std::optional<std::int64_t> footprintMiB; // the process's peak so far
     std::optional<double> t;                  // when written, in seconds since 1970-01-01 UTC
     std::optional<std::string> museumUrl;

@@ -29,7 +29,7 @@ using Progress = CorpusRunner::Progress;
 // Within a run the first failure ends everything; run() gives it to the caller as a value.
 [[noreturn]] void fail(const fs::path& file, const std::string& text)
 {
-    throw Error{file.string() + ": " + text};
+    throw Error{(file.empty() ? "\"\"" : file.string()) + ": " + text};
 }
 
 [[noreturn]] void fail(const fs::path& file, std::error_code error)
@@ -112,13 +112,15 @@ CorpusRunner::Hooks CorpusRunner::Hooks::live()
 }
 
 CorpusRunner::CorpusRunner(fs::path corpus, fs::path out, Config config, Hooks hooks,
-                           std::function<void(const std::string&)> progress,
-                           std::function<void(const Progress&)> advance,
-                           std::function<void(const std::string&)> note)
+                           std::function<void(const std::string&)> progress, Callbacks callbacks)
     : corpus_(std::move(corpus)), out_(std::move(out)), config_(std::move(config)),
-      hooks_(std::move(hooks)), progress_(std::move(progress)),
-      advance_(advance ? std::move(advance) : [](const Progress&) {}),
-      note_(note ? std::move(note) : [](const std::string&) {})
+      hooks_(std::move(hooks)),
+      progress_(progress ? std::move(progress) : [](const std::string&) {}),
+      callbacks_{
+          callbacks.advance ? std::move(callbacks.advance) : [](const Progress&) {},
+          callbacks.note ? std::move(callbacks.note) : [](const std::string&) {},
+          callbacks.isCancelled ? std::move(callbacks.isCancelled) : [] { return false; },
+      }
 {
 }
 
@@ -129,7 +131,6 @@ public:
 
     Totals whole()
     {
-        // All that is given is read before anything is written.
         if (const auto kind = Files::kind(runner_.corpus_); !kind)
             fail(runner_.corpus_, kind.error());
         else if (*kind != Files::Kind::folder)
@@ -137,37 +138,51 @@ public:
         if (config_.manifest)
             manifest_ = orFail(readManifest(*config_.manifest));
 
-        CorpusWatchdog watchdog(openResults(), watchdogSettings());
-        watchdog_ = &watchdog;
-        auto history = config_.resume ? CorpusHistory::of(orFail(readRecords(runner_.resultsURL())))
-                                      : CorpusHistory();
-        files_ = listing();
+        Journal journal = openResults();
+        CorpusHistory history;
+        if (config_.resume)
+            history = CorpusHistory::of(orFail(readRecords(runner_.resultsURL())));
+        auto earlier = config_.resume ? earlierListing() : std::nullopt;
+        auto found = earlier ? std::move(*earlier) : scan();
+        // Nothing old was touched so far. The old listing goes before the results do, so that no
+        // run can go on by it.
+        if (!earlier)
+            removeListing();
+        checkWritten(config_.resume ? journal.closeCutLine() : journal.cut(0));
+        files_ = earlier ? std::move(found) : listed(std::move(found));
         const auto plan = CorpusPlan::of(files_, config_.sample, config_.seed);
 
+        CorpusWatchdog watchdog(std::move(journal), watchdogSettings());
+        watchdog_ = &watchdog;
         recordCrashes(history);
         answered_ = std::move(history.answered);
-        watchdog.startThread();
-        const bool isAborted = !processAll(plan.skins);
-        if (!isAborted) {
+        if (const auto error = watchdog.startThread())
+            throw Error{"no thread for the watchdog: " + error.message()};
+        const End end = processAll(plan.skins);
+        if (end == End::completed) {
             recordDuplicates(plan.duplicates);
             write({.event = "end",
                    .footprintMiB = runner_.hooks_.footprint().lifetimeMax,
                    .t = CorpusRecord::now()});
             printLine();
         }
-        return {std::ssize(files_), plan.unique, numbers_.done, isAborted};
+        return {.files = std::ssize(files_),
+                .unique = plan.unique,
+                .attempted = attempted_,
+                .aborted = end == End::aborted,
+                .cancelled = end == End::cancelled};
     }
 
 private:
+    enum class End { completed, aborted, cancelled };
+
     Journal openResults() const
     {
         std::error_code error;
         fs::create_directories(runner_.out_, error);
         if (error)
             fail(runner_.out_, error);
-        auto journal =
-            Journal::open(runner_.resultsURL(),
-                          config_.resume ? Journal::Content::kept : Journal::Content::emptied);
+        auto journal = Journal::open(runner_.resultsURL());
         if (!journal && journal.error() == std::errc::device_or_resource_busy)
             fail(runner_.resultsURL(), "another run is writing to it");
         if (!journal)
@@ -180,36 +195,57 @@ private:
         return {.timeout = config_.timeout,
                 .maxMemoryMiB = config_.maxMemoryMiB,
                 .pollInterval = config_.pollInterval,
-                .hooks = runner_.hooks_,
-                .writeFailed = [&runner = runner_](std::error_code error) {
-                    runner.note_(runner.resultsURL().string() + ": " + writeError(error));
+                .footprint = runner_.hooks_.footprint,
+                .abort = runner_.hooks_.abort,
+                .judged = [this](const CorpusRecord& verdict, std::error_code error) {
+                    runner_.callbacks_.note(error ? runner_.resultsURL().string() + ": " +
+                                                        writeError(error)
+                                                  : *verdict.path + ": " + *verdict.error);
                 }};
     }
 
-    // From the file that an earlier run left, so that the work stays the same, or from the folders.
-    std::vector<CorpusFile> listing() const
+    fs::path listingFile() const { return runner_.out_ / "listing.json"; }
+
+    // What an earlier run listed, so that the work stays the same.
+    std::optional<std::vector<CorpusFile>> earlierListing() const
     {
         constexpr std::int64_t mostBytes = std::int64_t{1} << 32;
-        const fs::path file = runner_.out_ / "listing.json";
-        if (config_.resume)
-            if (const auto bytes = Files::read(file, mostBytes))
-                if (auto files = CorpusListing::parse(asText(*bytes)))
-                    return std::move(*files);
+        const auto bytes = Files::read(listingFile(), mostBytes);
+        return bytes ? CorpusListing::parse(asText(*bytes)) : std::nullopt;
+    }
 
+    void removeListing() const
+    {
+        const auto kind = Files::kind(listingFile());
+        if (kind && *kind == Files::Kind::other)
+            fail(listingFile(), std::make_error_code(std::errc::not_supported));
+        std::error_code error;
+        fs::remove(listingFile(), error);
+        if (error)
+            fail(listingFile(), error);
+    }
+
+    std::vector<CorpusFile> scan() const
+    {
         auto scan = CorpusListing::scan(runner_.corpus_);
         if (!scan)
             fail(runner_.corpus_, scan.error());
         for (const auto& [folder, error] : scan->unreadFolders)
-            runner_.note_((runner_.corpus_ / folder).string() + ": " + error.message());
-        Progress numbers{.total = std::ssize(scan->files)};
-        for (CorpusFile& found : scan->files) {
-            found.md5 = CorpusListing::md5Hex(runner_.corpus_ / found.location());
-            ++numbers.done;
-            runner_.advance_(numbers);
-        }
-        if (const auto error = Files::write(file, asBytes(CorpusListing::json(scan->files))))
-            fail(file, error);
+            runner_.callbacks_.note((runner_.corpus_ / folder).string() + ": " + error.message());
         return std::move(scan->files);
+    }
+
+    // With the fingerprints, and kept for the runs to come.
+    std::vector<CorpusFile> listed(std::vector<CorpusFile> files)
+    {
+        begin({.phase = Progress::Phase::listing, .total = std::ssize(files)});
+        for (CorpusFile& file : files) {
+            file.md5 = CorpusListing::md5Hex(runner_.corpus_ / file.location());
+            step();
+        }
+        if (const auto error = Files::write(listingFile(), asBytes(CorpusListing::json(files))))
+            fail(listingFile(), error);
+        return files;
     }
 
     // Answers for the skins that took their process down with them.
@@ -225,25 +261,26 @@ private:
         }
     }
 
-    // False when the watchdog ended it.
-    bool processAll(const std::vector<std::size_t>& skins)
+    End processAll(const std::vector<std::size_t>& skins)
     {
         const auto isAnswered = [this](std::size_t i) {
             return answered_.contains(files_[i].path);
         };
-        numbers_ = {.phase = Progress::Phase::running,
-                    .total = std::ssize(skins),
-                    .before = std::ranges::count_if(skins, isAnswered)};
-        runner_.advance_(numbers_);
+        begin({.phase = Progress::Phase::running,
+               .total = std::ssize(skins),
+               .before = std::ranges::count_if(skins, isAnswered)});
         for (const std::size_t i : skins) {
             if (watchdog_->isAborted())
-                return false;
+                return End::aborted;
+            if (runner_.callbacks_.isCancelled())
+                return End::cancelled;
             if (!isAnswered(i) && !process(i))
-                return false;
+                return End::aborted;
         }
-        return true;
+        return End::completed;
     }
 
+    // False when the watchdog answered for the skin.
     bool process(std::size_t i)
     {
         CorpusRecord record = recordOf(files_[i], "start");
@@ -255,23 +292,25 @@ private:
         auto outcome = runner_.hooks_.process(runner_.corpus_ / files_[i].location());
         const std::string status = outcome.status;
         record = resultOf(std::move(record), std::move(outcome));
-        record.footprintMiB = runner_.hooks_.footprint().lifetimeMax;
-        record.t = CorpusRecord::now();
         if (!taken(watchdog_->answer(std::move(record))))
             return false;
         count(status);
         return true;
     }
 
-    void recordDuplicates(const std::vector<CorpusPlan::Duplicate>& duplicates) const
+    void recordDuplicates(const std::vector<CorpusPlan::Duplicate>& duplicates)
     {
+        const Progress skins = numbers_; // what the last line tells of
+        begin({.phase = Progress::Phase::duplicates, .total = std::ssize(duplicates)});
         for (const auto& [file, of] : duplicates) {
-            if (answered_.contains(files_[file].path))
-                continue;
-            CorpusRecord record = recordOf(files_[file], "result");
-            record.of = files_[of].path;
-            write(record);
+            if (!answered_.contains(files_[file].path)) {
+                CorpusRecord record = recordOf(files_[file], "result");
+                record.of = files_[of].path;
+                write(record);
+            }
+            step();
         }
+        numbers_ = skins;
     }
 
     // A line after the first of each thousand skins, or when five seconds have passed.
@@ -281,11 +320,23 @@ private:
         constexpr std::chrono::seconds timeBetweenLines(5);
         const bool isDue =
             numbers_.done % skinsBetweenLines == 0 || Clock::now() - lastLine_ >= timeBetweenLines;
+        ++attempted_;
         ++numbers_.tally[status];
-        ++numbers_.done;
-        runner_.advance_(numbers_);
+        step();
         if (isDue)
             printLine();
+    }
+
+    void begin(Progress numbers)
+    {
+        numbers_ = std::move(numbers);
+        runner_.callbacks_.advance(numbers_);
+    }
+
+    void step()
+    {
+        ++numbers_.done;
+        runner_.callbacks_.advance(numbers_);
     }
 
     void printLine()
@@ -294,9 +345,11 @@ private:
         lastLine_ = Clock::now();
     }
 
-    void write(const CorpusRecord& record) const
+    void write(const CorpusRecord& record) const { checkWritten(watchdog_->write(record)); }
+
+    void checkWritten(std::error_code error) const
     {
-        if (const auto error = watchdog_->write(record))
+        if (error)
             fail(runner_.resultsURL(), writeError(error));
     }
 
@@ -314,6 +367,7 @@ private:
     std::vector<CorpusFile> files_;
     std::unordered_set<std::string> answered_;
     Progress numbers_;
+    std::int64_t attempted_ = 0;
     Clock::time_point lastLine_ = Clock::now();
 };
 

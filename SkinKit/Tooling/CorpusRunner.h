@@ -68,16 +68,18 @@ public:
         std::int64_t files = 0;
         std::int64_t unique = 0;
         std::int64_t attempted = 0; // skins processed in this run
-        bool aborted = false;
+        bool aborted = false;       // by the watchdog
+        bool cancelled = false;     // by the caller
 
         bool operator==(const Totals&) const = default;
     };
 
     using Tally = std::map<std::string, std::int64_t, std::less<>>; // skins by status
 
-    // How far a run is: first all files get their fingerprints, then the skins their turns.
+    // How far a run is: all files get their fingerprints, the skins their turns, and the duplicates
+    // their records.
     struct Progress {
-        enum class Phase { listing, running };
+        enum class Phase { listing, running, duplicates };
 
         Phase phase = Phase::listing;
         std::int64_t done = 0; // in this run
@@ -86,22 +88,28 @@ public:
         Tally tally;             // of `done`
     };
 
+    // What a caller may want to know or to decide meanwhile.
+    struct Callbacks {
+        std::function<void(const Progress&)> advance; // after each step
+        // Something a user must see although the run goes on, or why the watchdog ends it; then it
+        // comes from the watchdog's thread.
+        std::function<void(const std::string& text)> note;
+        std::function<bool()> isCancelled; // asked between skins
+    };
+
     struct Error {
         std::string description; // which file, and what is wrong with it
 
         bool operator==(const Error&) const = default;
     };
 
-    // `progress` gets a line now and then, `advance` the numbers after each step, both from within
-    // run(). `note` is told what a user must see although the run goes on, or is ended by the
-    // watchdog because its verdict could not be written.
+    // `progress` gets a line now and then. What is empty is not called.
     CorpusRunner(std::filesystem::path corpus, std::filesystem::path out, Config config,
                  Hooks hooks, std::function<void(const std::string& line)> progress,
-                 std::function<void(const Progress&)> advance = {},
-                 std::function<void(const std::string& text)> note = {});
+                 Callbacks callbacks = {});
 
-    // Fails when the collection or the manifest can't be read, before anything is written; when
-    // another run has the output folder; and when something can't be written: then what was written
+    // Fails when the collection or the manifest can't be read or another run has the output folder,
+    // before anything old is touched; and when something can't be written: then what was written
     // stays.
     std::expected<Totals, Error> run() const;
 
@@ -129,8 +137,7 @@ private:
     const Config config_;
     const Hooks hooks_;
     const std::function<void(const std::string&)> progress_;
-    const std::function<void(const Progress&)> advance_;
-    const std::function<void(const std::string&)> note_;
+    const Callbacks callbacks_;
 };
 
 }

@@ -33,12 +33,17 @@ CorpusWatchdog::~CorpusWatchdog()
         thread_.join();
 }
 
-void CorpusWatchdog::startThread()
+std::error_code CorpusWatchdog::startThread()
 {
-    thread_ = std::thread([this] {
-        Process::nameThread("corpus-watchdog");
-        watch();
-    });
+    try {
+        thread_ = std::thread([this] {
+            Process::nameThread("corpus-watchdog");
+            watch();
+        });
+    } catch (const std::system_error& error) {
+        return error.code();
+    }
+    return {};
 }
 
 bool CorpusWatchdog::isAborted()
@@ -52,9 +57,10 @@ CorpusWatchdog::Result CorpusWatchdog::start(const CorpusRecord& start)
     const std::lock_guard held(lock_);
     if (aborted_)
         return Turn::aborted;
+    const std::int64_t place = handle_.size();
     if (const auto error = writeLocked(start))
         return std::unexpected(error);
-    current_ = Current{start, Clock::now()};
+    current_ = Current{start, place, Clock::now()};
     return Turn::taken;
 }
 
@@ -64,8 +70,7 @@ CorpusWatchdog::Result CorpusWatchdog::answer(CorpusRecord result)
     if (aborted_)
         return Turn::aborted;
     result.ms = current_->elapsedSeconds() * millisecondsPerSecond;
-    current_.reset();
-    if (const auto error = writeLocked(result))
+    if (const auto error = answerLocked(result))
         return std::unexpected(error);
     return Turn::taken;
 }
@@ -84,8 +89,7 @@ double CorpusWatchdog::Current::elapsedSeconds() const
 void CorpusWatchdog::watch()
 {
     const std::chrono::duration<double> pollInterval(settings_.pollInterval);
-    const auto hooks = settings_.hooks;
-    const auto writeFailed = settings_.writeFailed;
+    const auto abort = settings_.abort; // is called when nothing else of ours need be left
 
     std::unique_lock held(lock_);
     std::optional<Verdict> verdict;
@@ -100,16 +104,11 @@ void CorpusWatchdog::watch()
     result.status = verdict->status;
     result.error = verdict->error;
     result.ms = verdict->ms;
-    result.footprintMiB = hooks.footprint().lifetimeMax;
-    result.t = CorpusRecord::now();
-    const auto error = writeLocked(result);
-    current_.reset();
+    const auto error = answerLocked(result);
+    settings_.judged(result, error);
     aborted_ = true;
     held.unlock();
-
-    if (error)
-        writeFailed(error);
-    hooks.abort(error ? writeErrorStatus : verdict->exitStatus);
+    abort(error ? writeErrorStatus : verdict->exitStatus);
 }
 
 std::optional<CorpusWatchdog::Verdict> CorpusWatchdog::verdict() const
@@ -122,10 +121,21 @@ std::optional<CorpusWatchdog::Verdict> CorpusWatchdog::verdict() const
         return Verdict{"timeout", "no result after " + Numbers::shortest(settings_.timeout) + " s",
                        ms, timeoutStatus};
     const std::int64_t most = settings_.maxMemoryMiB;
-    if (settings_.hooks.footprint().current > most)
+    if (settings_.footprint().current > most)
         return Verdict{"memory", "footprint over " + std::to_string(most) + " MiB", ms,
                        memoryStatus};
     return std::nullopt;
+}
+
+std::error_code CorpusWatchdog::answerLocked(CorpusRecord& result)
+{
+    result.footprintMiB = settings_.footprint().lifetimeMax;
+    result.t = CorpusRecord::now();
+    const auto error = writeLocked(result);
+    if (error)
+        handle_.cut(current_->place);
+    current_.reset();
+    return error;
 }
 
 std::error_code CorpusWatchdog::writeLocked(const CorpusRecord& record)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "SkinKit/Platform/Journal.h"
+#include "SkinKit/Platform/ProcessFootprint.h"
 #include "SkinKit/Tooling/CorpusRecord.h"
-#include "SkinKit/Tooling/CorpusRunner.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -31,8 +31,10 @@ public:
         double timeout = 0; // seconds
         std::int64_t maxMemoryMiB = 0;
         double pollInterval = 0; // seconds
-        CorpusRunner::Hooks hooks;
-        std::function<void(std::error_code)> writeFailed; // called before abort
+        std::function<ProcessFootprint::Mebibytes()> footprint;
+        std::function<void(int status)> abort; // ends the process
+        // Called before, with the verdict and why it could not be written, if so.
+        std::function<void(const CorpusRecord&, std::error_code)> judged;
     };
 
     CorpusWatchdog(Journal handle, Settings settings);
@@ -40,8 +42,8 @@ public:
     ~CorpusWatchdog();
     CorpusWatchdog(const CorpusWatchdog&) = delete;
 
-    // Begins to look after the skins.
-    void startThread();
+    // Begins to look after the skins; fails when there is no thread to be had.
+    std::error_code startThread();
 
     enum class Turn { taken, aborted };
     using Result = std::expected<Turn, std::error_code>;
@@ -49,7 +51,9 @@ public:
     bool isAborted();
     // Writes that a skin is started, and looks after it from now on.
     Result start(const CorpusRecord& start);
-    // Writes the skin's result with its time, unless the watchdog did.
+    // Writes the skin's result, adding how long it took and with what memory, unless the watchdog
+    // answered. One that can't be written takes the skin's start with it: the skin then counts as
+    // not yet tried, not as crashed.
     Result answer(CorpusRecord result);
     // Writes any other record.
     std::error_code write(const CorpusRecord& record);
@@ -59,6 +63,7 @@ private:
 
     struct Current {
         CorpusRecord start;
+        std::int64_t place = 0; // of its record in the file
         Clock::time_point since;
 
         double elapsedSeconds() const;
@@ -72,6 +77,7 @@ private:
 
     void watch();
     std::optional<Verdict> verdict() const;
+    std::error_code answerLocked(CorpusRecord& result);
     std::error_code writeLocked(const CorpusRecord& record);
 
     const Settings settings_;

@@ -14,7 +14,6 @@
 using namespace SkinKit;
 using support::bytes;
 using support::TemporaryFolder;
-using Content = Journal::Content;
 
 namespace {
 
@@ -25,22 +24,28 @@ std::string textOf(const std::filesystem::path& path)
 
 }
 
-TEST(Journal, GrowsByLinesBehindWhatIsKept)
+TEST(Journal, GrowsByLinesBehindWhatIsThere)
 {
     const TemporaryFolder folder;
     const auto path = folder / "file";
-    EXPECT_FALSE(Journal::open(path, Content::kept)->append("one"));
-    EXPECT_FALSE(Journal::open(path, Content::kept)->append(""));
+    EXPECT_FALSE(Journal::open(path)->append("one"));
+    auto journal = Journal::open(path);
+    EXPECT_EQ(journal->size(), 4);
+    EXPECT_FALSE(journal->append(""));
     EXPECT_EQ(textOf(path), "one\n\n");
-    EXPECT_FALSE(Journal::open(path, Content::emptied)->append("two"));
-    EXPECT_EQ(textOf(path), "two\n");
+    EXPECT_FALSE(journal->cut(4));
+    EXPECT_FALSE(journal->append("two"));
+    EXPECT_EQ(textOf(path), "one\ntwo\n");
 }
 
 TEST(Journal, ClosesALineThatWasCutOff)
 {
     const TemporaryFolder folder;
     const auto path = folder.write("file", bytes("one\ntw"));
-    EXPECT_FALSE(Journal::open(path, Content::kept)->append("three"));
+    auto journal = Journal::open(path);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_FALSE(journal->closeCutLine());
+    EXPECT_FALSE(journal->append("three"));
     EXPECT_EQ(textOf(path), "one\ntw\nthree\n");
 }
 
@@ -49,18 +54,16 @@ TEST(Journal, BelongsToOneAtATime)
     const TemporaryFolder folder;
     const auto path = folder.write("file", bytes("kept\n"));
     {
-        const auto first = Journal::open(path, Content::kept);
-        for (const auto content : {Content::kept, Content::emptied})
-            EXPECT_EQ(Journal::open(path, content).error(), std::errc::device_or_resource_busy);
-        EXPECT_EQ(textOf(path), "kept\n");
+        const auto first = Journal::open(path);
+        EXPECT_EQ(Journal::open(path).error(), std::errc::device_or_resource_busy);
     }
-    EXPECT_TRUE(Journal::open(path, Content::kept));
+    EXPECT_TRUE(Journal::open(path));
 }
 
 TEST(Journal, SaysWhenItsFileIsDeletedUnderneath)
 {
     const TemporaryFolder folder;
-    auto journal = Journal::open(folder / "file", Content::kept);
+    auto journal = Journal::open(folder / "file");
     EXPECT_FALSE(journal->append("one"));
     std::filesystem::remove(folder / "file");
     EXPECT_EQ(journal->append("two"), std::errc::no_such_file_or_directory);
@@ -70,9 +73,8 @@ TEST(Journal, RefusesWhatIsNoRegularFileWithoutWaiting)
 {
     const TemporaryFolder folder;
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    EXPECT_EQ(Journal::open(folder / "pipe", Content::kept).error(), std::errc::not_supported);
-    EXPECT_EQ(Journal::open("/dev/full", Content::kept).error(), std::errc::not_supported);
-    EXPECT_EQ(Journal::open(folder.path(), Content::kept).error(), std::errc::is_a_directory);
-    EXPECT_EQ(Journal::open(folder / "no/file", Content::kept).error(),
-              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(Journal::open(folder / "pipe").error(), std::errc::not_supported);
+    EXPECT_EQ(Journal::open("/dev/full").error(), std::errc::not_supported);
+    EXPECT_EQ(Journal::open(folder.path()).error(), std::errc::is_a_directory);
+    EXPECT_EQ(Journal::open(folder / "no/file").error(), std::errc::no_such_file_or_directory);
 }

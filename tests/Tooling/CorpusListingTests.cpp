@@ -6,8 +6,6 @@
 
 #include <sys/stat.h>
 
-#include <set>
-
 using namespace SkinKit;
 namespace fs = std::filesystem;
 using support::bytes;
@@ -125,7 +123,8 @@ TEST(CorpusListing, IsKeptAsJSON)
     EXPECT_EQ(CorpusListing::parse(CorpusListing::json(files)), files);
     EXPECT_EQ(CorpusListing::parse(CorpusListing::json({})), std::vector<CorpusFile>{});
     for (const std::string_view text :
-         {"", "[", "{}", R"([{"path":1}])", R"([{"md5":"0"}])", R"([{"path":"a"},7])",
+         {"", "[", "{}", R"([{"path":1}])", R"([{"md5":"0"}])", R"([{"path":"a","md5":7}])",
+          R"([{"path":"a","size":"7"}])", R"([{"path":"a"},7])",
           R"([{"path":"a","pathBytes":"6"}])", R"([{"path":"a","pathBytes":"6x"}])"})
         EXPECT_EQ(CorpusListing::parse(text), std::nullopt) << text;
 }

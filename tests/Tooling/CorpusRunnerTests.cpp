@@ -6,12 +6,13 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <atomic>
 #include <fstream>
 #include <future>
 #include <limits>
-#include <mutex>
+#include <memory>
 #include <thread>
 
 using namespace SkinKit;
@@ -36,11 +37,16 @@ protected:
 
     CorpusRunner runner()
     {
-        return CorpusRunner(
-            folder / "skins", folder / "a/out", config, hooks,
-            [this](const std::string& line) { lines.push_back(line); },
-            [this](const CorpusRunner::Progress& progress) { steps.push_back(progress); },
-            [this](const std::string& text) { notes.push_back(text); });
+        return CorpusRunner(folder / "skins", folder / "a/out", config, hooks,
+                            [this](const std::string& line) { lines.push_back(line); },
+                            {.advance =
+                                 [this](const auto& progress) {
+                                     steps.push_back(progress);
+                                     if (onStep)
+                                         onStep();
+                                 },
+                             .note = [this](const std::string& text) { notes.push_back(text); },
+                             .isCancelled = [this] { return processed.size() == cancelAfter; }});
     }
     std::expected<CorpusRunner::Totals, CorpusRunner::Error> run() { return runner().run(); }
     std::expected<CorpusRunner::Totals, CorpusRunner::Error> resume()
@@ -68,6 +74,7 @@ protected:
     const fs::path results = folder / "a/out/results.jsonl";
     CorpusRunner::Config config{.timeout = 1000, .maxMemoryMiB = 4096, .pollInterval = 0.005};
     Names processed;
+    std::size_t cancelAfter = SIZE_MAX;
     int abortStatus = 0;
     CorpusRunner::Hooks hooks{
         .process =
@@ -80,6 +87,7 @@ protected:
     };
     Names lines, notes;
     std::vector<CorpusRunner::Progress> steps;
+    std::function<void()> onStep;
 };
 
 constexpr const char* md5OfA = "0cc175b9c0f1b6a831c399e269772661";
@@ -280,7 +288,6 @@ TEST_F(CorpusRun, TellsItsProgress)
 {
     for (int i = 0; i < 1002; ++i)
         add(std::to_string(i) + ".wsz", std::to_string(i));
-    fs::create_directories(folder / "a/out");
     hooks.process = [&](const fs::path& file) {
         return CorpusOutcome{.status = file.stem() == "5" ? "failed" : "ok"};
     };
@@ -291,18 +298,19 @@ TEST_F(CorpusRun, TellsItsProgress)
     const std::string after1000 = "[1001/1002] ok 99.9% partial 0.0% failed 0.1% modern 0.0%";
     EXPECT_EQ(std::ranges::count(lines, after1000), 1);
     EXPECT_EQ(lines.back(), "[1002/1002] ok 99.9% partial 0.0% failed 0.1% modern 0.0%");
-    ASSERT_EQ(steps.size(), 2005U);
-    EXPECT_EQ(steps[1001].phase, CorpusRunner::Progress::Phase::listing);
-    EXPECT_EQ(steps[1001].done, 1002);
-    EXPECT_EQ(steps.back().done, 1002);
-    EXPECT_EQ(steps.back().tally.at("failed"), 1);
+    ASSERT_EQ(steps.size(), 2007U);
+    EXPECT_EQ(steps[1002].phase, CorpusRunner::Progress::Phase::listing);
+    EXPECT_EQ(steps[1002].done, 1002);
+    EXPECT_EQ(steps[2005].done, 1002);
+    EXPECT_EQ(steps[2005].tally.at("failed"), 1);
+    EXPECT_EQ(steps[2006].phase, CorpusRunner::Progress::Phase::duplicates);
 
     add("new.wsz", "new");
     fs::remove(folder / "a/out/listing.json");
     lines.clear();
     EXPECT_TRUE(resume()); // a line for this run's only skin, and the last
     EXPECT_EQ(lines, Names(2, "[1/1003] ok 100.0% partial 0.0% failed 0.0% modern 0.0%"));
-    EXPECT_EQ(steps.back().before, 1002);
+    EXPECT_EQ(steps[steps.size() - 2].before, 1002);
     EXPECT_EQ(CorpusRunner::progressLine(0, 0,
                                          {
                                              {"ok", 3}
@@ -321,13 +329,13 @@ protected:
         add("b.wsz", "b");
         hooks.process = [this](const fs::path& file) {
             processed.push_back(file.filename());
-            isHeld = true;
-            aborted.get_future().wait();
+            aborted->get_future().wait();
             return CorpusOutcome{.status = "ok"};
         };
-        hooks.abort = [this](int status) {
+        // The runner may be gone before this ends.
+        hooks.abort = [this, aborted = aborted](int status) {
             abortStatus = status;
-            aborted.set_value();
+            aborted->set_value();
         };
     }
 
@@ -337,14 +345,13 @@ protected:
         EXPECT_EQ(run(),
                   (CorpusRunner::Totals{.files = 2, .unique = 2, .attempted = 0, .aborted = true}));
         EXPECT_EQ(processed, Names{"a.wsz"});
-        EXPECT_EQ(notes, Names{});
         const auto found = records();
         EXPECT_EQ(found.size(), 2U);
+        EXPECT_EQ(notes, Names{"a.wsz: " + found.back().error.value_or("")});
         return found.back();
     }
 
-    std::atomic<bool> isHeld = false;
-    std::promise<void> aborted;
+    const std::shared_ptr<std::promise<void>> aborted = std::make_shared<std::promise<void>>();
 };
 
 }
@@ -412,6 +419,45 @@ TEST_F(CorpusWatch, EndsTheProcessWithoutAVerdictThatCantBeWritten)
     EXPECT_TRUE(run()->aborted);
     EXPECT_EQ(abortStatus, 2);
     EXPECT_EQ(notes, Names{results.string() + ": deleted while the run was writing to it"});
+}
+
+TEST_F(CorpusRun, CanBeCancelledBetweenSkins)
+{
+    for (const auto* name : {"a.wsz", "b.wsz", "c.wsz"})
+        add(name, name);
+    cancelAfter = 2;
+    EXPECT_EQ(run(),
+              (CorpusRunner::Totals{.files = 3, .unique = 3, .attempted = 2, .cancelled = true}));
+    EXPECT_EQ(records().back().path, "b.wsz");
+    EXPECT_EQ(records().back().event, "result"); // not the end
+    cancelAfter = SIZE_MAX;
+    EXPECT_EQ(resume()->attempted, 1);
+}
+
+TEST_F(CorpusRun, DoesNotGoOnByTheListingOfAnotherRun)
+{
+    add("old.wsz", "a");
+    EXPECT_TRUE(run());
+    fs::remove(folder / "skins/old.wsz");
+    add("a/new.wsz", "b");
+    // A listing that can't be written ends the run, as a kill would, after the old one is gone.
+    onStep = [&] { fs::create_directories(folder / "a/out/listing.json/in the way"); };
+    EXPECT_FALSE(run());
+    onStep = nullptr;
+    fs::remove_all(folder / "a/out/listing.json");
+    processed.clear();
+    EXPECT_TRUE(resume());
+    EXPECT_EQ(processed, Names{"new.wsz"});
+}
+
+TEST_F(CorpusRun, RefusesAListingThatIsNoFileAndLeavesTheOldResults)
+{
+    add("a.wsz", "a");
+    writeResults("old\n");
+    ASSERT_EQ(::mkfifo((folder / "a/out/listing.json").c_str(), 0600), 0);
+    EXPECT_EQ(run().error().description,
+              (folder / "a/out/listing.json").string() + ": Operation not supported");
+    EXPECT_EQ(support::readFile(results), bytes("old\n"));
 }
 
 TEST(CorpusRunner, ReadsTheRecordsThatAreWhole)

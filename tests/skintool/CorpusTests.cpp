@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <map>
@@ -46,6 +47,15 @@ protected:
     {
         return CorpusRunner::readRecords(out / "results.jsonl").value();
     }
+    // As when the process died while it wrote.
+    void tearLastLine(std::uintmax_t bytes) const
+    {
+        std::error_code missing;
+        const auto size = fs::file_size(out / "results.jsonl", missing);
+        if (!missing)
+            fs::resize_file(out / "results.jsonl", size - std::min(size, bytes));
+    }
+
     // The results by path, without what no two runs have in common. Fails when a path has two.
     std::map<std::string, CorpusRecord> results() const
     {
@@ -113,7 +123,9 @@ TEST_F(Corpus, EndsWith124WhenASkinTakesTooLongAndGoesOnWithTheNext)
 {
     add("a.wsz", slowArchive());
     add("b.wsz", support::SkinBuilder().allSheets().zip());
-    EXPECT_EQ(run({"--timeout", "0.001"}).status, 124);
+    const auto outcome = run({"--timeout", "0.001"});
+    EXPECT_EQ(outcome.status, 124);
+    EXPECT_EQ(outcome.err, "skintool: a.wsz: no result after 0.001 s\n");
     EXPECT_EQ(results().at("a.wsz").error, "no result after 0.001 s");
     EXPECT_EQ(run({"--resume"}).status, 0);
     EXPECT_EQ(results().at("a.wsz").status, "timeout");
@@ -139,10 +151,11 @@ TEST_F(Corpus, StopsWhenTheDiskIsFullAndKeepsWhatIsWritten)
     EXPECT_TRUE(outcome.err.ends_with("skintool: " + (out / "results.jsonl").string() +
                                       ": File too large\n"))
         << outcome.err;
-    EXPECT_EQ(fs::file_size(out / "results.jsonl"), limit);
     EXPECT_GT(results().size(), 5U);
     EXPECT_EQ(run({"--resume"}).status, 0);
     EXPECT_EQ(results().size(), 50U);
+    for (const auto& [path, record] : results())
+        EXPECT_EQ(record.status, "ok") << path; // none counts as crashed
 }
 
 TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
@@ -165,10 +178,13 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
         outcome = support::runAndKill(
             SKINTOOL_PROGRAM, command({"--resume"}),
             std::chrono::duration_cast<std::chrono::microseconds>(undisturbedTime * share(random)));
-        kills += outcome.status != 0;
+        if (outcome.status == 0)
+            break;
+        ++kills;
+        tearLastLine(random() % 40);
         ASSERT_TRUE(outcome.status == 0 || outcome.status == 128 + SIGKILL) << outcome.err;
         ASSERT_LT(kills, 1000);
-    } while (outcome.status != 0);
+    } while (true);
     EXPECT_GT(kills, 3);
 
     int crashes = 0;
@@ -189,5 +205,5 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
             ++cut;
             EXPECT_EQ(line.find("\"event\":"), line.rfind("\"event\":")) << line;
         }
-    EXPECT_LE(cut, kills);
+    EXPECT_GT(cut, 0);
 }

@@ -1,4 +1,4 @@
-#include "SkinKit/Tooling/CorpusProgressBar.h"
+#include "SkinKit/Tooling/ProgressBar.h"
 
 #include "SkinKit/Platform/Numbers.h"
 
@@ -8,7 +8,7 @@
 #include <cmath>
 #include <cstdio>
 
-namespace SkinKit::CorpusProgressBar {
+namespace SkinKit::ProgressBar {
 namespace {
 
 std::string padded(std::string text, std::size_t width)
@@ -42,25 +42,25 @@ std::string bar(double share, int width)
 
 }
 
-std::string line(const CorpusRunner::Progress& progress, double seconds, int columns)
+std::string line(const Numbers& numbers, double seconds, int columns)
 {
     constexpr int widestBar = 40;
     constexpr int narrowestBar = 5;
-    const std::int64_t answered = progress.before + progress.done;
-    const std::int64_t left = progress.total - answered;
+    constexpr std::size_t widestShare = 7;
+    const std::int64_t answered = numbers.before + numbers.done;
     const double share =
-        progress.total == 0
+        numbers.total == 0
             ? 1
-            : std::clamp(static_cast<double>(answered) / static_cast<double>(progress.total), 0.0,
+            : std::clamp(static_cast<double>(answered) / static_cast<double>(numbers.total), 0.0,
                          1.0);
 
-    std::string text = padded(Numbers::oneDecimal(share * 100), 7) + "%  " +
-                       std::to_string(answered) + "/" + std::to_string(progress.total);
-    text += progress.phase == CorpusRunner::Progress::Phase::listing ? " files listed" : " skins";
-    if (progress.done > 0)
-        text += "  " +
-                duration(seconds / static_cast<double>(progress.done) * static_cast<double>(left)) +
-                " left";
+    std::string text = padded(SkinKit::Numbers::oneDecimal(share * 100), widestShare) + "%  " +
+                       std::to_string(answered) + "/" + std::to_string(numbers.total) + " ";
+    text += numbers.what;
+    if (numbers.done > 0) {
+        const auto left = static_cast<double>(numbers.total - answered);
+        text += "  " + duration(seconds / static_cast<double>(numbers.done) * left) + " left";
+    }
 
     constexpr int brackets = 2;
     const int width = std::min(widestBar, columns - brackets - static_cast<int>(text.size()));

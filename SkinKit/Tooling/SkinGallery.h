@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+// A folder of skins as a page of pictures.
+namespace SkinKit::SkinGallery {
+
+struct Totals {
+    std::int64_t skins = 0;
+    std::int64_t refused = 0;
+
+    bool operator==(const Totals&) const = default;
+};
+
+struct Error {
+    std::string description; // which file, and what is wrong with it
+
+    bool operator==(const Error&) const = default;
+};
+
+// Makes `out`/index.html, which shows every .wsz and .zip file below `skins` in ascending byte
+// order of the paths, with a picture each of the window `scale` times as large, and a preview page.
+// `advance` is called after each skin, by one thread at a time. Fails when `skins` can't be read,
+// when there is no picture of that scale, or when something can't be written.
+std::expected<Totals, Error>
+make(const std::filesystem::path& skins, const std::filesystem::path& out, std::int64_t scale,
+     const std::function<void(std::int64_t done, std::int64_t total)>& advance);
+
+}

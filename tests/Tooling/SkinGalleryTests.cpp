@@ -1,0 +1,106 @@
+#include "SkinKit/Tooling/SkinGallery.h"
+
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/SkinParser.h"
+#include "SkinKit/Tooling/GalleryOptions.h"
+#include "SkinKit/Tooling/ParallelFor.h"
+#include "tests/support/Collection.h"
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Words.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <mutex>
+#include <vector>
+
+using namespace SkinKit;
+namespace fs = std::filesystem;
+using support::bytes;
+using support::TemporaryFolder;
+
+TEST(SkinGallery, MakesAPictureAndAPageForEachSkinInOrder)
+{
+    const TemporaryFolder folder;
+    const auto skin = support::SkinBuilder().allSheets().zip();
+    support::writeCollection(folder / "skins", {skin}, 30);
+    folder.write("skins/a broken one.zip", bytes("no archive"));
+    std::vector<std::int64_t> steps;
+    const auto totals = SkinGallery::make(folder / "skins", folder / "b/out", 2,
+                                          [&](std::int64_t done, std::int64_t total) {
+                                              EXPECT_EQ(total, 31);
+                                              steps.push_back(done);
+                                          });
+    EXPECT_EQ(totals, (SkinGallery::Totals{.skins = 31, .refused = 1}));
+    ASSERT_EQ(steps.size(), 32U);
+    for (std::size_t i = 0; i < steps.size(); ++i)
+        EXPECT_EQ(steps[i], static_cast<std::int64_t>(i));
+
+    const std::string page(asText(support::readFile(folder / "b/out/index.html")));
+    EXPECT_TRUE(page.contains("<title>skins</title>"));
+    std::size_t at = 0;
+    for (const auto* path : {"0/0.wsz", "0/1.wsz", "0/10.wsz", "0/9.wsz", "a broken one.zip"}) {
+        const auto found = page.find("<p class=\"path\">" + std::string(path) + "</p>", at);
+        ASSERT_NE(found, page.npos) << path;
+        at = found;
+    }
+    const auto expected = MainWindowRenderer::render(*SkinParser::parse(folder / "skins/0/0.wsz"),
+                                                     MainWindowState::webampScreenshot(), 2,
+                                                     MainWindowRenderer::Clip::toRegion);
+    EXPECT_EQ(PNGWriter::read(folder / "b/out/pictures/1.png"), expected);
+    EXPECT_FALSE(fs::exists(folder / "b/out/pictures/31.png"));
+    EXPECT_TRUE(asText(support::readFile(folder / "b/out/previews/31.html"))
+                    .contains("Can't preview a broken one"));
+}
+
+TEST(SkinGallery, SaysWhatItCantReadOrWrite)
+{
+    const TemporaryFolder folder;
+    const auto make = [&](std::string_view skins, std::string_view out, std::int64_t scale) {
+        return SkinGallery::make(folder / skins, folder / out, scale, [](auto, auto) {})
+            .error()
+            .description;
+    };
+    EXPECT_EQ(make("missing", "out", 1),
+              (folder / "missing").string() + ": No such file or directory");
+    EXPECT_FALSE(fs::exists(folder / "out"));
+    EXPECT_EQ(make(".", "out", 1'000'000'000), "a picture can't be 1000000000 times as large");
+    support::writeCollection(folder / "skins", {support::SkinBuilder().allSheets().zip()}, 8);
+    folder.write("file", {});
+    EXPECT_EQ(make("skins", "file", 1), (folder / "file/pictures").string() + ": Not a directory");
+    fs::create_directories(folder / "out/previews/3.html/in the way");
+    EXPECT_EQ(make("skins", "out", 1),
+              (folder / "out/previews/3.html").string() + ": Is a directory");
+}
+
+TEST(ParallelFor, CallsEachOnceAndStopsWhenTold)
+{
+    std::vector<std::atomic<int>> calls(1000);
+    parallelFor(calls.size(), [&](std::size_t i) { return ++calls[i] > 0; });
+    for (const auto& count : calls)
+        EXPECT_EQ(count, 1);
+    parallelFor(0, [](std::size_t) -> bool { throw 0; });
+
+    std::atomic<int> begun = 0;
+    parallelFor(1'000'000, [&](std::size_t) { return ++begun < 10; });
+    EXPECT_LT(begun, 1000);
+}
+
+TEST(GalleryOptions, ReadsTheCommandLineOrSaysWhatIsWrong)
+{
+    using Options = GalleryOptions;
+    EXPECT_EQ(Options::parse(support::words("skins --scale 3 --out o")),
+              (Options{.input = "skins", .out = "o", .scale = 3}));
+    EXPECT_EQ(Options::parse(support::words("skins --out o"))->scale, 1);
+    for (const auto& [line, expected] : std::vector<std::pair<std::string_view, std::string_view>>{
+             {"",                    "missing <dir>"                        },
+             {"s",                   "missing --out <dir>"                  },
+             {"s t --out o",         "only one <dir> is accepted"           },
+             {"s --out",             "--out needs a folder"                 },
+             {"s --out o --scale 0", "--scale needs an integer of 1 or more"},
+             {"s --out o -v",        "unknown option: -v"                   },
+    })
+        EXPECT_EQ(Options::parse(support::words(line)).error().description, expected) << line;
+}
