@@ -143,6 +143,8 @@ const std::string_view help = R"(Examples:
   skintool info some.wsz                       everything about a skin
   skintool windows some.wsz --out pictures     all its windows as pictures
   skintool preview some.wsz                    a page that shows it in any browser
+  skintool gallery skins --out page            a page of all skins of a folder
+  skintool corpus skins --out run1             every skin of a collection, tried
 
 Options:
   -v, --verbose         print the loader's warnings and fallbacks
@@ -154,11 +156,6 @@ Options:
   --no-region           the whole rectangle, not the shape that the skin cuts
   -h, --help            this text
   --version             the version
-
-Sub-commands (skintool <word> --help tells more):
-  info                  tell everything about a skin, or print it as JSON
-  windows               write pictures of all windows of a skin
-  preview               write an HTML page that shows a skin
 
 A name that begins with "-" is written "./-name". A picture takes about three times
 its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.

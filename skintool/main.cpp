@@ -14,6 +14,7 @@
 #include "skintool/RenderCommand.h"
 #include "skintool/WindowsCommand.h"
 
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -26,11 +27,42 @@ using Arguments = std::span<const std::string>;
 
 // A form of the command line.
 struct Form {
-    std::string_view word; // empty for the one without a word
+    std::string_view word;    // empty for the one without a word
+    std::string_view summary; // in the list of sub-commands
     std::string_view usage;
     std::string_view help;
     ExitStatus (*run)(Arguments);
 };
+
+std::span<const Form> subCommands()
+{
+    // clang-format off
+    static const Form forms[] = {
+        {"info", "tell everything about a skin, or print it as JSON",
+         SkinKit::InfoOptions::usage, InfoCommand::help, InfoCommand::run},
+        {"windows", "write pictures of all windows of a skin",
+         SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
+        {"preview", "write an HTML page that shows a skin",
+         SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
+        {"gallery", "make a page of all skins of a folder",
+         SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
+        {"corpus", "try every skin of a collection, and note what came of each",
+         SkinKit::CorpusOptions::usage, CorpusCommand::help, CorpusCommand::run},
+    };
+    // clang-format on
+    return forms;
+}
+
+void printSubCommands()
+{
+    constexpr std::size_t column = 24;
+    Console::print("\nSub-commands (skintool <word> --help tells more):");
+    for (const Form& form : subCommands()) {
+        std::string line = "  " + std::string(form.word);
+        line.resize(column, ' ');
+        Console::print(line.append(form.summary));
+    }
+}
 
 ExitStatus run(const Form& form, Arguments arguments)
 {
@@ -39,6 +71,8 @@ ExitStatus run(const Form& form, Arguments arguments)
         Console::print(form.usage);
         Console::print("");
         Console::print(form.help);
+        if (form.word.empty())
+            printSubCommands();
         return done;
     }
     if (first == "--version") {
@@ -50,18 +84,11 @@ ExitStatus run(const Form& form, Arguments arguments)
 
 ExitStatus run(Arguments arguments)
 {
-    const Form single{"", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run};
-    const Form subCommands[] = {
-        {"corpus",  SkinKit::CorpusOptions::usage,  CorpusCommand::help,  CorpusCommand::run },
-        {"gallery", SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
-        {"info",    SkinKit::InfoOptions::usage,    InfoCommand::help,    InfoCommand::run   },
-        {"preview", SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
-        {"windows", SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
-    };
-    for (const Form& form : subCommands)
+    for (const Form& form : subCommands())
         if (!arguments.empty() && arguments.front() == form.word)
             return run(form, arguments.subspan(1));
-    return run(single, arguments);
+    return run({"", "", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run},
+               arguments);
 }
 
 }
