@@ -229,6 +229,14 @@ std::error_code forEachLine(const std::filesystem::path& path,
         return file.error();
     ByteBuffer room(1 << 16);
     std::string cut; // the part so far of a line that goes on in the next piece
+    bool isTooLong = false;
+    const auto keep = [&](std::string_view part) {
+        isTooLong = isTooLong || std::ssize(cut) + std::ssize(part) > maxLineBytes;
+        if (isTooLong)
+            cut.clear();
+        else
+            cut += part;
+    };
     while (true) {
         const auto count = file->readNext(room);
         if (!count)
@@ -237,11 +245,17 @@ std::error_code forEachLine(const std::filesystem::path& path,
             break;
         std::string_view piece = asText(room).substr(0, *count);
         for (auto end = piece.find('\n'); end != piece.npos; end = piece.find('\n')) {
-            take(cut.empty() ? piece.substr(0, end) : cut.append(piece.substr(0, end)));
+            const auto line = piece.substr(0, end);
+            const bool isWhole = cut.empty() && !isTooLong;
+            if (!isWhole)
+                keep(line);
+            if (!isTooLong)
+                take(isWhole ? line : cut);
             cut.clear();
+            isTooLong = false;
             piece.remove_prefix(end + 1);
         }
-        cut += piece;
+        keep(piece);
     }
     if (!cut.empty())
         take(cut);

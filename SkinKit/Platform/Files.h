@@ -64,8 +64,12 @@ private:
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
                         Links links = Links::followed);
 
+// The longest line that is looked at: one so long comes from no text.
+inline constexpr std::int64_t maxLineBytes = 64 << 20;
+
 // Gives each line of a regular file, without its line feed, to `take` while the file is read piece
-// by piece. What is behind the last line feed is a line too, unless it is empty.
+// by piece. What is behind the last line feed is a line too, unless it is empty. Lines longer than
+// the maximum are passed over.
 std::error_code forEachLine(const std::filesystem::path& path,
                             const std::function<void(std::string_view line)>& take);
 

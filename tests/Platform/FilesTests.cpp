@@ -127,6 +127,37 @@ TEST(Files, ReadsThroughLinksAndNamesThatAreNotText)
     EXPECT_EQ(Files::read(folder / "link", 1000), bytes("content"));
 }
 
+TEST(Files, GivesLinesWholeThatAreReadInPieces)
+{
+    const TemporaryFolder folder;
+    std::vector<std::string> lines{""};
+    for (std::size_t i = 0; i < 300; ++i)
+        lines.push_back(std::to_string(i) + std::string(i * 7 % 1000, 'x'));
+    lines.push_back(std::string(200'000, 'y'));
+    lines.push_back("without a line feed");
+    std::string text;
+    for (const auto& line : lines)
+        text.append(text.empty() && line.empty() ? "" : "\n").append(line);
+
+    std::vector<std::string> found;
+    const auto take = [&](std::string_view line) { found.emplace_back(line); };
+    EXPECT_FALSE(Files::forEachLine(folder.write("lines", bytes(text)), take));
+    EXPECT_EQ(found, lines);
+    EXPECT_EQ(Files::forEachLine(folder / "none", take), std::errc::no_such_file_or_directory);
+}
+
+TEST(Files, PassesOverALineThatIsTooLong)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.write("lines", bytes("a\n"));
+    std::filesystem::resize_file(file, static_cast<std::uintmax_t>(Files::maxLineBytes) + 99);
+    std::ofstream(file, std::ios::app) << "\nb";
+    std::vector<std::string> found;
+    EXPECT_FALSE(
+        Files::forEachLine(file, [&](std::string_view line) { found.emplace_back(line); }));
+    EXPECT_EQ(found, (std::vector<std::string>{"a", "b"}));
+}
+
 TEST(Files, ListsAFolderInByteOrderOfTheNames)
 {
     const TemporaryFolder folder;
