@@ -10,7 +10,7 @@ class SkinError {
 public:
     enum class Kind { unreadableArchive, modernSkin, noBitmaps };
 
-    // `detail` is the archive library's or the system's own message.
+    // `detail` is the archive reader's or the system's own message.
     static SkinError unreadableArchive(std::string detail);
     static SkinError modernSkin();
     static SkinError noBitmaps();

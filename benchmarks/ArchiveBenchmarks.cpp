@@ -1,5 +1,5 @@
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/Platform/ZipFile.h"
+#include "SkinKit/Archive/ZipFile.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>
@@ -24,15 +24,15 @@ std::vector<Packed> packedEntries(const SkinFile& skin)
     const auto archive = SkinKit::SkinArchive::open(SkinKit::ByteView(skin.bytes));
     const auto zip = SkinKit::ZipFile::open(SkinKit::ByteView(skin.bytes));
     std::vector<Packed> entries;
-    for (std::int64_t i = 0; archive && zip && i < zip->entryCount(); ++i) {
-        const auto entry = zip->entry(i);
-        const auto dot = entry->path.rfind('.');
-        if (entry->method != SkinKit::ZipFile::Method::deflated || dot == entry->path.npos ||
-            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(entry->path.substr(dot + 1)))
+    for (const auto& entry : zip->entries()) {
+        const auto dot = entry.path.rfind('.');
+        if (entry.method != SkinKit::ZipFile::Method::deflated || dot == entry.path.npos ||
+            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(entry.path.substr(dot + 1)))
             continue;
-        entries.push_back(
-            {*zip->rawBytes(i, entry->compressedBytes),
-             SkinKit::ByteBuffer(static_cast<std::size_t>(entry->uncompressedBytes))});
+        SkinKit::ByteBuffer buffer;
+        const auto deflated = *zip->rawBytes(entry, buffer);
+        entries.push_back({SkinKit::ByteBuffer(deflated.begin(), deflated.end()),
+                           SkinKit::ByteBuffer(static_cast<std::size_t>(entry.uncompressedBytes))});
     }
     return entries;
 }

@@ -18,7 +18,6 @@ skinkit_find_library(Dependency::utf8proc utf8proc.h libutf8proc.a utf8proc)
 target_compile_definitions(Dependency::utf8proc INTERFACE UTF8PROC_STATIC)
 skinkit_find_library(Dependency::md md5.h libmd.a md)
 skinkit_find_library(Dependency::seccomp seccomp.h libseccomp.a seccomp)
-skinkit_find_library(Dependency::zip zip.h libzip.a zip)
 
 find_package(nlohmann_json REQUIRED)
 

@@ -1,4 +1,5 @@
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Archive/ZipFile.h"
 #include "fuzz/Fuzzing.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -14,5 +15,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         total += std::ssize(bytes);
     }
     fuzzing::require(total <= limits.maxTotalBytes && archive->leftOutCount() >= 0);
+    fuzzing::require(archive->entryCount() <= std::int64_t{SkinKit::ZipFile::maxEntries});
     return 0;
 }

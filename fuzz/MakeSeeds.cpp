@@ -100,6 +100,12 @@ void writeArchives(const SeedFolder& folder)
     lying.add({.name = "b.txt", .data = bytes("b"), .flags = 1});
     lying.add({.name = "c.txt", .data = bytes("c"), .method = 12});
     folder.write("lying.zip", lying.bytes());
+    ZipWriter large;
+    large.add({.name = "\x8E.txt", .data = bytes("64 bits"), .hasLargeNumbers = true});
+    ByteBuffer embedded = bytes("something in front");
+    append(embedded, large.bytesWithLargeEnd());
+    append(embedded, bytes("and behind: PK\x05\x06"));
+    folder.write("embedded.zip", embedded);
 }
 
 void writePNGs(const SeedFolder& folder)

@@ -19,6 +19,11 @@ install() {
 # What the library and the programs are built with and from.
 install_build_packages() {
     install g++ cmake ninja-build ccache \
-        libzip-dev libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev \
+        libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev \
         libseccomp-dev
+}
+
+# What the benchmarks measure with and against.
+install_benchmark_packages() {
+    install libbenchmark-dev libsdl2-dev unzip imagemagick python3
 }

@@ -100,6 +100,7 @@ ExitStatus run(Arguments arguments)
 int main(int argc, char** argv)
 {
     SkinKit::Process::reportFileSizeLimit();
+    SkinKit::Process::takeMemoryAtOnce();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     return Console::finish(run(arguments));
 }

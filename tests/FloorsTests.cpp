@@ -35,6 +35,7 @@ constexpr Place places[] = {
     // what knows no Skin, which may use each other one way only
     {"SkinKit/SkinError.",             3},
     {"SkinKit/SkinRegion.",            3},
+    {"SkinKit/Parsers/ByteReader.",    3},  // reads archives, too
     {"SkinKit/Archive/",               4},
     {"SkinKit/Display/",               4},
     {"SkinKit/Parsers/",               4},

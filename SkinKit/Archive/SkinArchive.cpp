@@ -1,10 +1,10 @@
 #include "SkinKit/Archive/SkinArchive.h"
 
+#include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Platform/Check.h"
 #include "SkinKit/Platform/Files.h"
 #include "SkinKit/Platform/Inflate.h"
 #include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Platform/ZipFile.h"
 
 #include <algorithm>
 #include <utility>
@@ -89,37 +89,38 @@ private:
 };
 
 // The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.
-std::optional<ByteBuffer> extract(const ZipFile& zip, std::int64_t index,
-                                  const ZipFile::Entry& entry, std::int64_t room)
+std::optional<ByteBuffer> extract(const ZipFile& zip, const ZipFile::Entry& entry,
+                                  std::int64_t room)
 {
-    if (entry.isEncrypted)
+    if (entry.isEncrypted || entry.method == ZipFile::Method::other)
         return std::nullopt;
-    if (entry.method == ZipFile::Method::stored)
-        return entry.compressedBytes <= room ? zip.rawBytes(index, entry.compressedBytes)
-                                             : std::nullopt;
-    if (entry.method != ZipFile::Method::deflated)
-        return std::nullopt;
+    ByteBuffer buffer;
+    if (entry.method == ZipFile::Method::stored) {
+        if (entry.compressedBytes > room)
+            return std::nullopt;
+        const auto bytes = zip.rawBytes(entry, buffer);
+        return bytes ? std::optional(ByteBuffer(bytes->begin(), bytes->end())) : std::nullopt;
+    }
 
     // Only padding with empty blocks makes deflated data more than a little longer than what comes
     // out of it; twice as long and some is where such padding is no longer believed.
     constexpr std::int64_t allowance = 65'536;
     if (entry.compressedBytes > allowance && (entry.compressedBytes - allowance) / 2 > room)
         return std::nullopt;
-    const auto deflated = zip.rawBytes(index, entry.compressedBytes);
+    const auto deflated = zip.rawBytes(entry, buffer);
     return deflated ? inflate(*deflated, entry.uncompressedBytes, room) : std::nullopt;
 }
 
 SkinArchive::Table readEntries(const ZipFile& zip, const SkinArchive::Limits& limits)
 {
     Intake intake(limits);
-    for (std::int64_t i = 0; i < zip.entryCount(); ++i) {
-        const auto entry = zip.entry(i);
-        if (!entry || !entry->isRegularFile)
+    for (const auto& entry : zip.entries()) {
+        if (!entry.isRegularFile)
             continue;
         if (intake.isFull())
             break;
-        if (auto name = intake.wantedName(entry->path, entry->uncompressedBytes))
-            intake.keep(std::move(*name), extract(zip, i, *entry, intake.room()));
+        if (auto name = intake.wantedName(entry.path, entry.uncompressedBytes))
+            intake.keep(std::move(*name), extract(zip, entry, intake.room()));
     }
     return intake.takeFiles();
 }
@@ -169,7 +170,7 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::p
     const auto zip = ZipFile::open(path);
     if (!zip)
         return std::unexpected(SkinError::unreadableArchive(zip.error()));
-    archive.entryCount_ = zip->entryCount();
+    archive.entryCount_ = std::ssize(zip->entries());
     archive.files_ = readEntries(*zip, limits);
     return archive;
 }
@@ -181,7 +182,7 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(ByteView bytes, const Li
     if (!zip)
         return std::unexpected(SkinError::unreadableArchive(zip.error()));
     SkinArchive archive;
-    archive.entryCount_ = zip->entryCount();
+    archive.entryCount_ = std::ssize(zip->entries());
     archive.files_ = readEntries(*zip, limits);
     return archive;
 }

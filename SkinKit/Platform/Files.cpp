@@ -173,6 +173,22 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links
     return file;
 }
 
+std::error_code InputFile::readAt(std::int64_t offset, std::span<std::uint8_t> target) const
+{
+    while (!target.empty()) {
+        const ssize_t count = ::pread(descriptor_.number(), target.data(), target.size(), offset);
+        if (count == 0)
+            return std::make_error_code(std::errc::io_error);
+        if (count > 0) {
+            target = target.subspan(static_cast<std::size_t>(count));
+            offset += count;
+        } else if (errno != EINTR) {
+            return lastError();
+        }
+    }
+    return {};
+}
+
 Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
 {
     // The size said is only where to start: a file may grow while it is read, and those under /proc

@@ -65,8 +65,8 @@ public:
     // The next bytes, as many as there is room for unless the file ends; how many they were.
     Result<std::size_t> readNext(std::span<std::uint8_t> room);
 
-    // Gives the descriptor to the caller, who then closes it.
-    int release() { return descriptor_.release(); }
+    // Fills `target` with what begins at `offset`; an error, too, where the file ends before.
+    std::error_code readAt(std::int64_t offset, std::span<std::uint8_t> target) const;
 
 private:
     explicit InputFile(int descriptor) : descriptor_(descriptor) {}

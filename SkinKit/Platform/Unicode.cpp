@@ -88,6 +88,20 @@ constexpr std::array<char32_t, 32> windows1252{
 };
 // clang-format on
 
+// What code page 437 has other than ASCII, a row for each 16: signs where ASCII has its control
+// characters, and the upper half.
+constexpr std::u16string_view lowerSigns = u" ☺☻♥♦♣♠•◘○◙♂♀♪♫☼"
+                                           u"►◄↕‼¶§▬↨↑↓→←∟↔▲▼";
+constexpr std::u16string_view upperSigns = u"ÇüéâäàåçêëèïîìÄÅ"
+                                           u"ÉæÆôöòûùÿÖÜ¢£¥₧ƒ"
+                                           u"áíóúñÑªº¿⌐¬½¼¡«»"
+                                           u"░▒▓│┤╡╢╖╕╣║╗╝╜╛┐"
+                                           u"└┴┬├─┼╞╟╚╔╩╦╠═╬╧"
+                                           u"╨╤╥╙╘╒╓╫╪┘┌█▄▌▐▀"
+                                           u"αßΓπΣσµτΦΘΩδ∞φε∩"
+                                           u"≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
+static_assert(lowerSigns.size() == 32 && upperSigns.size() == 128);
+
 }
 
 std::string repaired(ByteView bytes)
@@ -125,6 +139,16 @@ std::optional<std::string> fromWindows1252(ByteView bytes)
             return std::nullopt;
         append(text, codePoint);
     }
+    return text;
+}
+
+std::string fromCodePage437(ByteView bytes)
+{
+    std::string text;
+    for (const std::uint8_t byte : bytes)
+        append(text, byte < 0x20   ? lowerSigns[byte]
+                     : byte < 0x80 ? byte
+                                   : upperSigns[byte - 0x80U]);
     return text;
 }
 

@@ -25,6 +25,9 @@ std::optional<std::string> fromUTF8(ByteView bytes);
 // the five that it leaves undefined.
 std::optional<std::string> fromWindows1252(ByteView bytes);
 
+// Text in the code page that DOS began with, where control characters are signs, as UTF-8.
+std::string fromCodePage437(ByteView bytes);
+
 // Takes the first code point off well-formed, non-empty text.
 char32_t takeFirst(std::string_view& text);
 void append(std::string& text, char32_t codePoint);

@@ -1,10 +1,10 @@
 #include "examples/samples/SampleSkins.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Layout/MainSliders.h"
 #include "SkinKit/Parsers/BMPDecoder.h"
 #include "SkinKit/Platform/PNGCodec.h"
-#include "SkinKit/Platform/ZipFile.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/RequiredSprites.h"
@@ -41,8 +41,8 @@ Skin committedSkin(std::string_view name)
 std::vector<std::string> entryPaths(const ZipFile& zip)
 {
     std::vector<std::string> paths;
-    for (std::int64_t i = 0; i < zip.entryCount(); ++i)
-        paths.push_back(zip.entry(i)->path);
+    for (const auto& entry : zip.entries())
+        paths.push_back(entry.path);
     return paths;
 }
 

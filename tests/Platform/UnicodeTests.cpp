@@ -13,6 +13,20 @@ std::string repaired(std::string_view text)
     return Unicode::repaired(asBytes(text));
 }
 
+// A byte of a code page as UTF-8, as the system converts it; nothing for one that the page lacks.
+std::optional<std::string> converted(const char* codePage, char byte)
+{
+    const auto converter = ::iconv_open("UTF-8", codePage);
+    char character[4];
+    char* in = &byte;
+    char* out = character;
+    std::size_t inLeft = 1;
+    std::size_t outLeft = sizeof character;
+    const bool isDefined = ::iconv(converter, &in, &inLeft, &out, &outLeft) == 0;
+    ::iconv_close(converter);
+    return isDefined ? std::optional(std::string(character, out)) : std::nullopt;
+}
+
 }
 
 TEST(Unicode, KeepsEveryWellFormedCharacter)
@@ -70,23 +84,20 @@ TEST(Unicode, ReadsUTF8OnlyWhenAllOfItIsWellFormed)
         EXPECT_EQ(Unicode::fromUTF8(asBytes(bytes)), std::nullopt);
 }
 
-TEST(Unicode, ReadsEveryByteOfCodePage1252AsTheSystemDoes)
+TEST(Unicode, ReadsEveryByteOfACodePageAsTheSystemDoes)
 {
-    const auto converter = ::iconv_open("UTF-8", "CP1252");
-    for (unsigned value = 0; value < 256; ++value) {
-        char byte = static_cast<char>(value);
-        char character[4];
-        char* in = &byte;
-        char* out = character;
-        std::size_t inLeft = 1;
-        std::size_t outLeft = sizeof character;
-        const bool isDefined = ::iconv(converter, &in, &inLeft, &out, &outLeft) == 0;
-        const auto expected = isDefined ? std::optional(std::string(character, out)) : std::nullopt;
-        EXPECT_EQ(Unicode::fromWindows1252(asBytes({&byte, 1})), expected) << value;
+    for (int value = 0; value < 256; ++value) {
+        const char byte = static_cast<char>(value);
+        EXPECT_EQ(Unicode::fromWindows1252(asBytes({&byte, 1})), converted("CP1252", byte))
+            << value;
+        if (value >= ' ') { // the system keeps control characters
+            EXPECT_EQ(Unicode::fromCodePage437(asBytes({&byte, 1})), converted("CP437", byte))
+                << value;
+        }
     }
-    ::iconv_close(converter);
     EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x80z")), "a\u20ACz");
     EXPECT_EQ(Unicode::fromWindows1252(asBytes("a\x9Dz")), std::nullopt);
+    EXPECT_EQ(Unicode::fromCodePage437(asBytes("a\x01\x1Fz")), "a\u263A\u25BCz");
 }
 
 TEST(Unicode, LowersCaseInEveryScript)

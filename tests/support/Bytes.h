@@ -34,6 +34,12 @@ inline void append32(ByteBuffer& target, std::uint32_t value)
     append16(target, value >> 16);
 }
 
+inline void append64(ByteBuffer& target, std::uint64_t value)
+{
+    append32(target, static_cast<std::uint32_t>(value));
+    append32(target, static_cast<std::uint32_t>(value >> 32));
+}
+
 // Overwrites part of what is there.
 inline void put32(ByteBuffer& target, std::size_t offset, std::uint32_t value)
 {

@@ -36,32 +36,50 @@ ZipWriter& ZipWriter::add(ZipEntry entry)
         entry.uncompressedSize.value_or(static_cast<std::uint32_t>(entry.data.size()));
     const auto offset = static_cast<std::uint32_t>(entries_.size());
 
-    // The fields that an entry and its place in the directory have in common.
+    ByteBuffer largeNumbers;
+    if (entry.hasLargeNumbers) {
+        append16(largeNumbers, 1);
+        append16(largeNumbers, 24);
+        append64(largeNumbers, size);
+        append64(largeNumbers, stored.size());
+        append64(largeNumbers, offset);
+    }
+    // A number of the directory, or what stands there when it is among the large ones.
+    const auto number = [&](std::size_t value) {
+        return entry.hasLargeNumbers ? 0xFFFFFFFF : static_cast<std::uint32_t>(value);
+    };
+
+    // The fields that an entry and its place in the directory have in common, up to their sizes.
     ByteBuffer common;
     append16(common, 20);
     append16(common, entry.flags);
     append16(common, entry.method);
     append32(common, 0x5A210000); // time and date
     append32(common, crc);
-    append32(common, static_cast<std::uint32_t>(stored.size()));
-    append32(common, size);
-    append16(common, static_cast<std::uint32_t>(entry.name.size()));
-    append16(common, 0);
 
     append32(entries_, 0x04034B50);
     append(entries_, common);
+    append32(entries_, static_cast<std::uint32_t>(stored.size()));
+    append32(entries_, size);
+    append16(entries_, static_cast<std::uint32_t>(entry.name.size()));
+    append16(entries_, 0);
     append(entries_, support::bytes(entry.name));
     append(entries_, stored);
 
     append32(directory_, 0x02014B50);
     append16(directory_, entry.madeBy);
     append(directory_, common);
+    append32(directory_, number(stored.size()));
+    append32(directory_, number(size));
+    append16(directory_, static_cast<std::uint32_t>(entry.name.size()));
+    append16(directory_, static_cast<std::uint32_t>(largeNumbers.size()));
     append16(directory_, 0);
     append16(directory_, 0);
     append16(directory_, 0);
     append32(directory_, entry.externalAttributes);
-    append32(directory_, offset);
+    append32(directory_, number(offset));
     append(directory_, support::bytes(entry.name));
+    append(directory_, largeNumbers);
     ++count_;
     return *this;
 }
@@ -76,6 +94,29 @@ ByteBuffer ZipWriter::bytes() const
     append16(file, count_);
     append32(file, static_cast<std::uint32_t>(directory_.size()));
     append32(file, static_cast<std::uint32_t>(entries_.size()));
+    append16(file, 0);
+    return file;
+}
+
+ByteBuffer ZipWriter::bytesWithLargeEnd() const
+{
+    ByteBuffer file = entries_;
+    append(file, directory_);
+    append32(file, 0x06064B50);
+    append64(file, 44);
+    append32(file, 0);
+    append64(file, 0);
+    append64(file, count_);
+    append64(file, count_);
+    append64(file, directory_.size());
+    append64(file, entries_.size());
+    append32(file, 0x07064B50);
+    append32(file, 0);
+    append64(file, entries_.size() + directory_.size());
+    append32(file, 1);
+    append32(file, 0x06054B50);
+    for (int i = 0; i < 4; ++i)
+        append32(file, 0xFFFFFFFF);
     append16(file, 0);
     return file;
 }

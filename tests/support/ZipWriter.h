@@ -20,6 +20,7 @@ struct ZipEntry {
     std::optional<ByteBuffer> stored;     // the bytes in the container, instead of compressed data
     std::optional<std::uint32_t> crc;
     std::optional<std::uint32_t> uncompressedSize;
+    bool hasLargeNumbers = false; // the directory has its sizes and its place in 64 bits
 };
 
 class ZipWriter {
@@ -34,6 +35,8 @@ public:
 
     // The container so far, with its directory.
     ByteBuffer bytes() const;
+    // The same with an end whose numbers have 64 bits.
+    ByteBuffer bytesWithLargeEnd() const;
 
 private:
     ByteBuffer entries_;

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "SkinKit/Archive/ByteSource.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace SkinKit {
+
+// A ZIP container, read only: its entries in the order of the central directory, and the bytes of
+// each as they are stored. It reads what is there: bytes before the archive and behind it, entries
+// after which the directory is damaged, headers that contradict the directory are no failure.
+class ZipFile {
+public:
+    // More entries are refused, and so is a directory of more than 16 MiB.
+    static constexpr std::size_t maxEntries = 65'535;
+
+    // Fails with a text that says why.
+    static std::expected<ZipFile, std::string> open(const std::filesystem::path& path);
+    // The bytes must stay as they are while this lives.
+    static std::expected<ZipFile, std::string> open(ByteView bytes);
+
+    enum class Method { stored, deflated, other };
+
+    struct Entry {
+        std::string path; // UTF-8; other encodings are taken for code page 437
+        bool isRegularFile = false;
+        std::int64_t uncompressedBytes = 0; // as declared
+        std::int64_t compressedBytes = 0;   // as declared
+        Method method = Method::other;
+        bool isEncrypted = false;
+        std::int64_t offset = 0; // where it begins in the container, as declared
+    };
+
+    const std::vector<Entry>& entries() const { return entries_; }
+
+    // The entry's compressed bytes as they lie in the container, with no checksum looked at, or
+    // nothing when they are not all there. They may be read into `buffer`; the view is valid while
+    // that stays as it is and this lives.
+    std::optional<ByteView> rawBytes(const Entry& entry, ByteBuffer& buffer) const;
+
+private:
+    ZipFile(ByteSource source, std::vector<Entry> entries)
+        : source_(std::move(source)), entries_(std::move(entries))
+    {
+    }
+
+    static std::expected<ZipFile, std::string> open(ByteSource source);
+
+    ByteSource source_;
+    std::vector<Entry> entries_;
+};
+
+}
