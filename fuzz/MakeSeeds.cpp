@@ -130,6 +130,37 @@ void writeSkins(const SeedFolder& folder)
     folder.write("whole.wsz", SkinBuilder().allSheets().zip());
 }
 
+void writeCorpus(const std::filesystem::path& root)
+{
+    SeedFolder(root / "CorpusRecords")
+        .write("results.jsonl",
+               R"({"event":"start","i":0,"md5":"00ff","name":"a","path":"b/a.wsz","t":1.5})"
+               "\n"
+               R"({"entries":2,"event":"result","fallbacks":["x"],"footprintMiB":9,"i":0,)"
+               R"("mainWindowComplete":false,"md5":"00ff","ms":1e-07,"name":"a","nsfw":true,)"
+               R"("path":"b/a.wsz","status":"partial","t":2,"warnings":["Missing gen.bmp","|"]})"
+               "\n"
+               R"({"error":"Unreadable archive: \u20ac","event":"result","ms":3.25,"of":null,)"
+               R"("path":"\"","status":"failed","other":[{}]})"
+               "\n"
+               R"({"event":"result","path":"c","restart":1,"status":"crashed"})"
+               "\n"
+               R"({"event":"end","t":-5})");
+    const SeedFolder logs(root / "CrashLog");
+    logs.write("gdb.txt",
+               "Thread 2 \"a\" received signal SIGSEGV\n#0  0x01 in S::read (this=0x0, s=\"(\")"
+               " at a.cpp:7\n[Current thread is 1 (LWP 3)]\nThread 2 (LWP 4):\n"
+               "#0  0x01 in S::read (this=0x0) at a.cpp:7\n#1  <signal handler called>\n"
+               "#2  f<void ()>::operator() (x=y/a.wsz) at b\n#3  0x2 in ?? () from /l/x.so\n");
+    logs.write("asan.txt",
+               "==1==ERROR: AddressSanitizer: SEGV\n    #0 0x1  (/bin/a+0x1) (BuildId: 2)\n"
+               "    #1 0x2 in g(char const*) /a b/c.cpp:1:2\n");
+    logs.write("abort.txt", "skin 00ff\nterminate called after throwing\n  what():  x\n");
+    SeedFolder(root / "JSON")
+        .write("all.json", R"({"a":[1,-2,18446744073709551615,1.5e-7,"x\u00e9\n"],"b":{"":null},)"
+                           R"("c":true,"d":-0.0})");
+}
+
 // Around the length at which a read-me is cut.
 void writeReadmes(const SeedFolder& folder)
 {
@@ -154,6 +185,7 @@ void writeTexts(const std::filesystem::path& root)
         .write("region.txt", "[Normal]\nNumPoints=4,3\nPointList=0,0, 64,0, 64,16, 0,16,"
                              " 5.5,5 +20,-5 9,12\n[WindowShade]\nNumPoints=3\n"
                              "PointList=0,0 1000000000000,0 0,99\n");
+    SeedFolder(root / "FileURI").write("escaped.txt", "file://localhost/a%20b/%C3%BC.wsz");
     const SeedFolder options(root / "SkintoolOptions");
     options.write("single.txt",
                   "-v\n--png\nout.png\n--state\nidle\n--scale\n2\n--no-region\na.wsz");
@@ -179,5 +211,6 @@ int main(int argc, char** argv)
     writeSkins(SeedFolder(root / "Skin"));
     writeReadmes(SeedFolder(root / "Readme"));
     writeTexts(root);
+    writeCorpus(root);
     return 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <string>
+#include "SkinKit/Tooling/TerminalText.h"
+
 #include <string_view>
 
 // What the program says, and how it ends.
@@ -15,9 +16,7 @@ enum ExitStatus : int {
 
 namespace Console {
 
-// Text fit for a terminal line: bytes that are not UTF-8 replaced, control characters spelled out
-// ("\n", "\x1B").
-std::string visible(std::string_view text);
+using SkinKit::TerminalText::visible;
 
 // A line to standard output, or to standard error. Output that can't be written is noticed by
 // `finish`.

@@ -3,7 +3,6 @@
 #include "SkinKit/Rendering/PNGWriter.h"
 
 #include <string>
-#include <system_error>
 
 namespace skintool::Pictures {
 
@@ -32,12 +31,6 @@ ExitStatus write(const Image& image, const std::filesystem::path& path)
         return trouble;
     }
     return done;
-}
-
-bool isSame(const std::filesystem::path& a, const std::filesystem::path& b)
-{
-    std::error_code ignored;
-    return std::filesystem::equivalent(a, b, ignored);
 }
 
 }

@@ -23,7 +23,4 @@ SkinKit::WindowDrawing::Clip clip(bool noRegion);
 // Writes a PNG file, or says why it can't be.
 ExitStatus write(const SkinKit::Image& image, const std::filesystem::path& path);
 
-// Whether both names lead to the same file or folder.
-bool isSame(const std::filesystem::path& a, const std::filesystem::path& b);
-
 }

@@ -5,7 +5,7 @@
 #include "SkinKit/QuickLook/PreviewDocument.h"
 #include "SkinKit/Tooling/PreviewOptions.h"
 #include "skintool/Loading.h"
-#include "skintool/Pictures.h"
+#include "skintool/Paths.h"
 
 #include <filesystem>
 #include <optional>
@@ -32,7 +32,7 @@ bool isFileOfSkin(const std::filesystem::path& path, const std::filesystem::path
 {
     std::error_code error;
     const auto file = std::filesystem::canonical(path, error);
-    if (error || !Pictures::isSame(file.parent_path(), folder))
+    if (error || !Paths::isSame(file.parent_path(), folder))
         return false;
     const auto extension = Unicode::lowercased(file.extension().string());
     return !extension.empty() &&
@@ -42,7 +42,7 @@ bool isFileOfSkin(const std::filesystem::path& path, const std::filesystem::path
 // Why the page can't go where it should; nothing when it can.
 std::optional<std::string> conflict(const std::filesystem::path& output, const std::string& input)
 {
-    if (Pictures::isSame(output, input))
+    if (Paths::isSame(output, input))
         return "is the skin itself";
     if (isFileOfSkin(output, input))
         return "is a file of the skin";

@@ -5,6 +5,7 @@
 #include "SkinKit/Rendering/PNGWriter.h"
 #include "SkinKit/Tooling/SkintoolOptions.h"
 #include "skintool/Loading.h"
+#include "skintool/Paths.h"
 #include "skintool/Pictures.h"
 
 #include <optional>
@@ -79,7 +80,7 @@ ExitStatus compare(const Image& image, const Image& reference, const SkintoolOpt
 // Why the files named can't be used together, before any is written; nothing when they can.
 std::optional<std::string> conflict(const SkintoolOptions& options)
 {
-    using Pictures::isSame;
+    using Paths::isSame;
     if (isSame(*options.png, options.input))
         return "is the skin itself";
     if (!options.compare)

@@ -7,6 +7,7 @@
 #include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/Tooling/WindowsOptions.h"
 #include "skintool/Loading.h"
+#include "skintool/Paths.h"
 #include "skintool/Pictures.h"
 
 #include <filesystem>
@@ -83,11 +84,11 @@ constexpr Picture pictures[] = {
 // hold files of these names itself.
 std::optional<std::string> conflict(const WindowsOptions& options)
 {
-    if (Pictures::isSame(options.out, options.input))
+    if (Paths::isSame(options.out, options.input))
         return options.out;
     for (const Picture& picture : pictures)
         if (const auto path = std::filesystem::path(options.out) / picture.file;
-            Pictures::isSame(path, options.input))
+            Paths::isSame(path, options.input))
             return path.string();
     return std::nullopt;
 }

@@ -1,5 +1,6 @@
 #include "SkinKit/Platform/Process.h"
 #include "SkinKit/Tooling/CorpusOptions.h"
+#include "SkinKit/Tooling/CorpusReportOptions.h"
 #include "SkinKit/Tooling/GalleryOptions.h"
 #include "SkinKit/Tooling/InfoOptions.h"
 #include "SkinKit/Tooling/PreviewOptions.h"
@@ -8,6 +9,7 @@
 #include "SkinKit/Version.h"
 #include "skintool/Console.h"
 #include "skintool/CorpusCommand.h"
+#include "skintool/CorpusReportCommand.h"
 #include "skintool/GalleryCommand.h"
 #include "skintool/InfoCommand.h"
 #include "skintool/PreviewCommand.h"
@@ -48,6 +50,8 @@ std::span<const Form> subCommands()
          SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
         {"corpus", "try every skin of a collection, and note what came of each",
          SkinKit::CorpusOptions::usage, CorpusCommand::help, CorpusCommand::run},
+        {"corpus-report", "sum up what such a run found",
+         SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help, CorpusReportCommand::run},
     };
     // clang-format on
     return forms;

@@ -143,6 +143,12 @@ std::filesystem::path named(const std::filesystem::path& path)
     return std::filesystem::weakly_canonical(path, ignored);
 }
 
+Descriptor::~Descriptor()
+{
+    if (number_ >= 0)
+        ::close(number_);
+}
+
 Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links)
 {
     // Looked at before it is opened, since opening a device can have effects of its own; not
@@ -156,9 +162,10 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links
         return failure(std::errc::not_supported);
 
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    InputFile file(::open(path.c_str(), links == Links::refused ? flags | O_NOFOLLOW : flags), 0);
+    InputFile file(::open(path.c_str(), links == Links::refused ? flags | O_NOFOLLOW : flags));
+    const int descriptor = file.descriptor_.number();
     struct ::stat status{};
-    if (file.descriptor_ < 0 || ::fstat(file.descriptor_, &status) != 0)
+    if (descriptor < 0 || ::fstat(descriptor, &status) != 0)
         return std::unexpected(lastError());
     if (!S_ISREG(status.st_mode))
         return failure(std::errc::not_supported);
@@ -166,21 +173,10 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links
     return file;
 }
 
-InputFile::InputFile(InputFile&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_)
-{
-}
-
-InputFile::~InputFile()
-{
-    if (descriptor_ >= 0)
-        ::close(descriptor_);
-}
-
 std::error_code InputFile::readAt(std::int64_t offset, std::span<std::uint8_t> target) const
 {
     while (!target.empty()) {
-        const ssize_t count = ::pread(descriptor_, target.data(), target.size(), offset);
+        const ssize_t count = ::pread(descriptor_.number(), target.data(), target.size(), offset);
         if (count == 0)
             return std::make_error_code(std::errc::io_error);
         if (count > 0) {
@@ -204,7 +200,7 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
     while (true) {
         const std::size_t done = bytes.size();
         bytes.resize(static_cast<std::size_t>(wanted));
-        const auto count = readFully(descriptor_, std::span(bytes).subspan(done));
+        const auto count = readFully(descriptor_.number(), std::span(bytes).subspan(done));
         if (!count)
             return std::unexpected(lastError());
         bytes.resize(done + *count);
@@ -218,10 +214,29 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
 
 Result<std::size_t> InputFile::readNext(std::span<std::uint8_t> room)
 {
-    const auto count = readFully(descriptor_, room);
+    const auto count = readFully(descriptor_.number(), room);
     if (!count)
         return std::unexpected(lastError());
     return *count;
+}
+
+Result<OutputFile> OutputFile::open(const std::filesystem::path& path)
+{
+    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
+    OutputFile file(::open(path.c_str(), flags, 0666));
+    if (file.descriptor() < 0)
+        return std::unexpected(lastError());
+    return file;
+}
+
+std::error_code OutputFile::write(ByteView bytes) &&
+{
+    if (const auto error = writeFully(descriptor(), bytes)) {
+        // What can't be emptied, a pipe say, has been read already.
+        [[maybe_unused]] const int ignored = ::ftruncate(descriptor(), 0);
+        return error;
+    }
+    return ::close(descriptor_.release()) == 0 ? std::error_code{} : lastError();
 }
 
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes, Links links)
@@ -240,6 +255,14 @@ std::error_code forEachLine(const std::filesystem::path& path,
         return file.error();
     ByteBuffer room(1 << 16);
     std::string cut; // the part so far of a line that goes on in the next piece
+    bool isTooLong = false;
+    const auto keep = [&](std::string_view part) {
+        isTooLong = isTooLong || std::ssize(cut) + std::ssize(part) > maxLineBytes;
+        if (isTooLong)
+            cut.clear();
+        else
+            cut += part;
+    };
     while (true) {
         const auto count = file->readNext(room);
         if (!count)
@@ -248,11 +271,17 @@ std::error_code forEachLine(const std::filesystem::path& path,
             break;
         std::string_view piece = asText(room).substr(0, *count);
         for (auto end = piece.find('\n'); end != piece.npos; end = piece.find('\n')) {
-            take(cut.empty() ? piece.substr(0, end) : cut.append(piece.substr(0, end)));
+            const auto line = piece.substr(0, end);
+            const bool isWhole = cut.empty() && !isTooLong;
+            if (!isWhole)
+                keep(line);
+            if (!isTooLong)
+                take(isWhole ? line : cut);
             cut.clear();
+            isTooLong = false;
             piece.remove_prefix(end + 1);
         }
-        cut += piece;
+        keep(piece);
     }
     if (!cut.empty())
         take(cut);

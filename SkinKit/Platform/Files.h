@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 // Reading and writing files. Names are bytes, as the system has them. Only regular files and
@@ -32,14 +33,27 @@ std::filesystem::path named(const std::filesystem::path& path);
 // Whether a name that is itself a link may be opened.
 enum class Links { followed, refused };
 
-// A regular file open for reading, closed at the end of its life.
+// An open file's number, closed at the end of its life.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
+    Descriptor& operator=(Descriptor&&) = delete;
+    ~Descriptor();
+
+    // Negative when nothing is open.
+    int number() const { return number_; }
+    // Gives it to the caller, who then closes it.
+    int release() { return std::exchange(number_, -1); }
+
+private:
+    int number_;
+};
+
+// A regular file open for reading.
 class InputFile {
 public:
     static Result<InputFile> open(const std::filesystem::path& path, Links links);
-
-    InputFile(InputFile&& other) noexcept;
-    InputFile& operator=(InputFile&&) = delete;
-    ~InputFile();
 
     // Its size when it was opened, in bytes.
     std::int64_t size() const { return size_; }
@@ -55,17 +69,39 @@ public:
     std::error_code readAt(std::int64_t offset, std::span<std::uint8_t> target) const;
 
 private:
-    InputFile(int descriptor, std::int64_t size) : descriptor_(descriptor), size_(size) {}
+    explicit InputFile(int descriptor) : descriptor_(descriptor) {}
 
-    int descriptor_;
-    std::int64_t size_;
+    Descriptor descriptor_;
+    std::int64_t size_ = 0;
+};
+
+// A file to be written where it stands, never replaced: for whoever has an eye on this very file
+// and not on its name. Made, or emptied, when it is opened; what is written in part only is taken
+// back, so that a file which is not whole is empty.
+class OutputFile {
+public:
+    static Result<OutputFile> open(const std::filesystem::path& path);
+
+    int descriptor() const { return descriptor_.number(); }
+
+    // Writes everything and closes the file.
+    std::error_code write(ByteView bytes) &&;
+
+private:
+    explicit OutputFile(int descriptor) : descriptor_(descriptor) {}
+
+    Descriptor descriptor_;
 };
 
 Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes,
                         Links links = Links::followed);
 
+// The longest line that is looked at: one so long comes from no text.
+inline constexpr std::int64_t maxLineBytes = 64 << 20;
+
 // Gives each line of a regular file, without its line feed, to `take` while the file is read piece
-// by piece. What is behind the last line feed is a line too, unless it is empty.
+// by piece. What is behind the last line feed is a line too, unless it is empty. Lines longer than
+// the maximum are passed over.
 std::error_code forEachLine(const std::filesystem::path& path,
                             const std::function<void(std::string_view line)>& take);
 

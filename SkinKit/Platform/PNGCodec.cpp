@@ -133,7 +133,18 @@ struct Writer {
     ByteBuffer bytes;
 };
 
-bool writeFile(Writer& writer, Size size, ByteView compressedRows)
+// As libpng wants it, which only reads what it points to.
+png_text plainText(const Text& text)
+{
+    png_text result{};
+    result.compression = PNG_TEXT_COMPRESSION_NONE;
+    result.key = const_cast<png_charp>(text.keyword.c_str());
+    result.text = const_cast<png_charp>(text.text.c_str());
+    result.text_length = text.text.size();
+    return result;
+}
+
+bool writeFile(Writer& writer, Size size, std::span<const png_text> texts, ByteView compressedRows)
 {
     if (setjmp(png_jmpbuf(writer.png)))
         return false;
@@ -142,6 +153,8 @@ bool writeFile(Writer& writer, Size size, ByteView compressedRows)
     png_set_IHDR(writer.png, writer.info, static_cast<png_uint_32>(size.width),
                  static_cast<png_uint_32>(size.height), 8, PNG_COLOR_TYPE_RGB_ALPHA,
                  PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    if (!texts.empty())
+        png_set_text(writer.png, writer.info, texts.data(), static_cast<int>(texts.size()));
     png_write_info(writer.png, writer.info);
     constexpr png_byte dataChunk[] = "IDAT";
     constexpr png_byte endChunk[] = "IEND";
@@ -246,14 +259,17 @@ std::optional<Image> decode(ByteView bytes, const Limits& limits)
     return Image(std::move(pixels), alpha);
 }
 
-std::optional<ByteBuffer> encode(const Image& image)
+std::optional<ByteBuffer> encode(const Image& image, std::span<const Text> texts)
 {
     if (image.width() > maxEncodedSide || image.height() > maxEncodedSide)
         return std::nullopt;
+    std::vector<png_text> remarks;
+    for (const Text& text : texts)
+        remarks.push_back(plainText(text));
     const ByteBuffer rows = compressedRows(image);
     Writer writer;
     writer.bytes.reserve(rows.size() + 64);
-    if (!writeFile(writer, image.size(), rows))
+    if (!writeFile(writer, image.size(), remarks, rows))
         return std::nullopt;
     return std::move(writer.bytes);
 }

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
+#include <string>
 
 // PNG files in memory. Gamma, colour profiles and text are ignored.
 namespace SkinKit::PNGCodec {
@@ -22,7 +24,14 @@ std::optional<Image> decode(ByteView bytes, const Limits& limits);
 // The largest side of a picture that can be encoded.
 inline constexpr int maxEncodedSide = 1'000'000;
 
-// The image as an 8-bit RGBA PNG file. Nothing when a side exceeds `maxEncodedSide`.
-std::optional<ByteBuffer> encode(const Image& image);
+// A remark in a file: keyword (1 to 79 characters) and text, both Latin-1.
+struct Text {
+    std::string keyword;
+    std::string text;
+};
+
+// The image as an 8-bit RGBA PNG file, with these remarks in front of the pixels. Nothing when a
+// side exceeds `maxEncodedSide` or the format can't hold a remark.
+std::optional<ByteBuffer> encode(const Image& image, std::span<const Text> texts = {});
 
 }

@@ -28,4 +28,9 @@ int heldInterrupt();
 // Ends the process as that signal would have.
 void endByHeldInterrupt();
 
+// Takes the memory that loading and drawing one skin needs from the system in one step, and keeps
+// it for what is allocated from then on. Page by page, as each is first touched, it would take a
+// tenth of a short process's time.
+void takeMemoryAtOnce();
+
 }

@@ -37,7 +37,8 @@ struct CorpusRecord {
     bool operator==(const CorpusRecord&) const = default;
 
     // Whether the skin had no chance to answer: it crashed or overran a limit.
-    bool isAbnormalEnd() const;
+    bool isAbnormalEnd() const { return status && isAbnormalEnd(*status); }
+    static bool isAbnormalEnd(std::string_view status);
 
     // The present time, for `t`.
     static double now();

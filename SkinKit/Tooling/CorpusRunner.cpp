@@ -8,6 +8,7 @@
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/CorpusListing.h"
 #include "SkinKit/Tooling/CorpusPlan.h"
+#include "SkinKit/Tooling/CorpusRecords.h"
 #include "SkinKit/Tooling/CorpusWatchdog.h"
 #include "SkinKit/Tooling/RequiredSprites.h"
 
@@ -430,10 +431,8 @@ std::expected<std::vector<CorpusRecord>, CorpusRunner::Error>
 CorpusRunner::readRecords(const fs::path& path)
 {
     std::vector<CorpusRecord> records;
-    const auto error = Files::forEachLine(path, [&](std::string_view line) {
-        if (auto record = CorpusRecord::parse(line))
-            records.push_back(std::move(*record));
-    });
+    const auto error = CorpusRecords::read(
+        path, [&](CorpusRecord record) { records.push_back(std::move(record)); });
     if (error && error != std::errc::no_such_file_or_directory)
         return std::unexpected(Error{path.string() + ": " + error.message()});
     return records;

@@ -38,6 +38,24 @@ unsigned permissions(const fs::path& path)
     return static_cast<unsigned>(fs::status(path).permissions());
 }
 
+// A disk full after so many bytes of a file, as far as this process can tell.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{bytes, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit before_{};
+};
+
 void bindSocket(const fs::path& path)
 {
     sockaddr_un address{};
@@ -125,6 +143,37 @@ TEST(Files, ReadsThroughLinksAndNamesThatAreNotText)
     fs::create_symlink(path, folder / "link");
     EXPECT_EQ(Files::kind(folder / "link"), Files::Kind::regularFile);
     EXPECT_EQ(Files::read(folder / "link", 1000), bytes("content"));
+}
+
+TEST(Files, GivesLinesWholeThatAreReadInPieces)
+{
+    const TemporaryFolder folder;
+    std::vector<std::string> lines{""};
+    for (std::size_t i = 0; i < 300; ++i)
+        lines.push_back(std::to_string(i) + std::string(i * 7 % 1000, 'x'));
+    lines.push_back(std::string(200'000, 'y'));
+    lines.push_back("without a line feed");
+    std::string text;
+    for (const auto& line : lines)
+        text.append(text.empty() && line.empty() ? "" : "\n").append(line);
+
+    std::vector<std::string> found;
+    const auto take = [&](std::string_view line) { found.emplace_back(line); };
+    EXPECT_FALSE(Files::forEachLine(folder.write("lines", bytes(text)), take));
+    EXPECT_EQ(found, lines);
+    EXPECT_EQ(Files::forEachLine(folder / "none", take), std::errc::no_such_file_or_directory);
+}
+
+TEST(Files, PassesOverALineThatIsTooLong)
+{
+    const TemporaryFolder folder;
+    const auto file = folder.write("lines", bytes("a\n"));
+    std::filesystem::resize_file(file, static_cast<std::uintmax_t>(Files::maxLineBytes) + 99);
+    std::ofstream(file, std::ios::app) << "\nb";
+    std::vector<std::string> found;
+    EXPECT_FALSE(
+        Files::forEachLine(file, [&](std::string_view line) { found.emplace_back(line); }));
+    EXPECT_EQ(found, (std::vector<std::string>{"a", "b"}));
 }
 
 TEST(Files, ListsAFolderInByteOrderOfTheNames)
@@ -276,15 +325,13 @@ TEST(Files, LeavesEverythingAsItWasWhenWritingFails)
     EXPECT_EQ(Files::write(folder / "file/x", bytes("x")), std::errc::not_a_directory);
     EXPECT_TRUE(Files::write("", bytes("x")));
 
-    // A full disk, as far as this process can tell.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit small{1000, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    const auto error = Files::write(folder / "file", ByteBuffer(5000, 1));
-    const auto newError = Files::write(folder / "new", ByteBuffer(5000, 1));
-    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::error_code error;
+    std::error_code newError;
+    {
+        const FullDisk full(1000);
+        error = Files::write(folder / "file", ByteBuffer(5000, 1));
+        newError = Files::write(folder / "new", ByteBuffer(5000, 1));
+    }
     EXPECT_EQ(error, std::errc::file_too_large);
     EXPECT_EQ(newError, std::errc::file_too_large);
 
@@ -298,4 +345,37 @@ TEST(Files, WritesAFileWhoseNameIsAsLongAsNamesMayBe)
     const std::string name(255, 'n');
     EXPECT_FALSE(Files::write(folder / name, bytes("content")));
     EXPECT_EQ(namesIn(folder.path()), Names{name});
+}
+
+TEST(OutputFile, WritesIntoTheVeryFileThatStandsThere)
+{
+    const TemporaryFolder folder;
+    const auto path = folder.write("file", bytes("something longer"));
+    fs::create_hard_link(path, folder / "other");
+    auto file = Files::OutputFile::open(path);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(readFile(path), bytes("")); // empty until all is written
+    EXPECT_FALSE(std::move(*file).write(bytes("new")));
+    EXPECT_EQ(readFile(folder / "other"), bytes("new"));
+
+    auto made = Files::OutputFile::open(folder / "made");
+    ASSERT_TRUE(made);
+    EXPECT_FALSE(std::move(*made).write(bytes("made")));
+    EXPECT_EQ(readFile(folder / "made"), bytes("made"));
+    EXPECT_EQ(Files::OutputFile::open(folder / "none/file").error(),
+              std::errc::no_such_file_or_directory);
+}
+
+TEST(OutputFile, IsEmptyWhenNotAllOfItCanBeWritten)
+{
+    const TemporaryFolder folder;
+    auto file = Files::OutputFile::open(folder / "file");
+    ASSERT_TRUE(file);
+    std::error_code error;
+    {
+        const FullDisk full(1000);
+        error = std::move(*file).write(ByteBuffer(5000, 1));
+    }
+    EXPECT_EQ(error, std::errc::file_too_large);
+    EXPECT_EQ(readFile(folder / "file"), bytes(""));
 }

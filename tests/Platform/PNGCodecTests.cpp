@@ -259,8 +259,31 @@ TEST(PNGCodec, WritesWhatTheFormatsOwnLibraryReadsBack)
     EXPECT_EQ(PNGCodec::decode(*PNGCodec::encode(solid), generous), solid);
 }
 
+TEST(PNGCodec, WritesRemarksInFrontOfThePixels)
+{
+    const Image image = support::solidImage({3, 2}, {1, 2, 3});
+    const PNGCodec::Text texts[] = {
+        {"Title", ""   },
+        {"Width", "275"},
+    };
+    const auto bytes = PNGCodec::encode(image, texts);
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(PNGCodec::decode(*bytes, generous), image);
+    using namespace std::string_view_literals;
+    const std::string_view file = asText(*bytes);
+    const auto title = file.find("\0\0\0\x06tEXtTitle\0"sv);
+    const auto width = file.find("\0\0\0\x09tEXtWidth\0"
+                                 "275"sv);
+    EXPECT_LT(title, width);
+    EXPECT_LT(width, file.find("IDAT"));
+}
+
 TEST(PNGCodec, RefusesToWriteWhatNoReaderTakes)
 {
+    const PNGCodec::Text nameless[] = {
+        {"", "text"}
+    };
+    EXPECT_FALSE(PNGCodec::encode(support::solidImage({1, 1}, {}), nameless));
     EXPECT_TRUE(PNGCodec::encode(support::solidImage({PNGCodec::maxEncodedSide, 1}, {})));
     EXPECT_FALSE(PNGCodec::encode(support::solidImage({PNGCodec::maxEncodedSide + 1, 1}, {})));
     EXPECT_FALSE(PNGCodec::encode(support::solidImage({1, PNGCodec::maxEncodedSide + 1}, {})));

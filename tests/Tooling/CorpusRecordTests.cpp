@@ -56,6 +56,34 @@ TEST(CorpusRecord, TakesNullAsAbsentAndNumbersInAnyForm)
               (CorpusRecord{.event = "x", .size = 5, .ms = 7}));
 }
 
+TEST(CorpusRecord, ReadsALineThatIsWrittenInAnotherWay)
+{
+    struct Row {
+        std::string_view line;
+        std::optional<CorpusRecord> expected;
+    };
+    const Row rows[] = {
+        {R"( { "event" : "x" } )",                      CorpusRecord{.event = "x"}                      },
+        {R"({"event":"\u00e9\/","i":-1})",              CorpusRecord{.event = "é/", .i = -1}            },
+        {R"({"t":1E2,"event":"x","ms":-0.5})",          CorpusRecord{.event = "x", .ms = -0.5, .t = 100}},
+        {R"({"event":"x","event":"y","i":1,"i":null})", CorpusRecord{.event = "y"}                      },
+        {R"({"event":"x","ms":1e+2})",                  CorpusRecord{.event = "x", .ms = 100}           },
+        {R"({"event":"x",})",                           std::nullopt                                    },
+        {R"({"event":"x","i":01})",                     std::nullopt                                    },
+        {R"({"event":"x","i":9223372036854775808})",    std::nullopt                                    },
+        {R"({"event":"x","ms":00.5})",                  std::nullopt                                    },
+        {R"({"event":"x","ms":1.})",                    std::nullopt                                    },
+        {R"({"event":"x","ms":1e})",                    std::nullopt                                    },
+        {R"({"event":"x","ms":1e999})",                 std::nullopt                                    },
+        {R"({"event":"x","warnings":["a",]})",          std::nullopt                                    },
+        {R"({"event":"x","nsfw":tru})",                 std::nullopt                                    },
+        {"{\"event\":\"\x01\"}",                        std::nullopt                                    },
+        {"{\"event\":\"\xED\xA0\x80\"}",                std::nullopt                                    }, // a surrogate
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(CorpusRecord::parse(row.line), row.expected) << row.line;
+}
+
 TEST(CorpusRecord, RefusesALineThatIsNoRecord)
 {
     for (const std::string_view line :

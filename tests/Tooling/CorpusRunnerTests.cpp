@@ -333,9 +333,9 @@ protected:
             return CorpusOutcome{.status = "ok"};
         };
         // The runner may be gone before this ends.
-        hooks.abort = [this, aborted = aborted](int status) {
+        hooks.abort = [this, promise = aborted](int status) {
             abortStatus = status;
-            aborted->set_value();
+            promise->set_value();
         };
     }
 

@@ -1,5 +1,6 @@
 #include "tests/support/Golden.h"
 
+#include "SkinKit/Platform/Files.h"
 #include "SkinKit/Raster/Canvas.h"
 #include "SkinKit/Rendering/ImageDiff.h"
 #include "SkinKit/Rendering/PNGWriter.h"
@@ -14,10 +15,18 @@ namespace support {
 
 using namespace SkinKit;
 
+namespace {
+
+std::filesystem::path goldenPath(std::string_view file)
+{
+    return std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "tests/goldens" / file;
+}
+
+}
+
 void expectGolden(const Image& image, std::string_view name)
 {
-    const auto path = std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "tests/goldens" /
-                      (std::string(name) + ".png");
+    const auto path = goldenPath(std::string(name) + ".png");
     if (std::getenv("REWRITE_GOLDENS")) {
         ASSERT_FALSE(PNGWriter::write(image, path)) << path;
         return;
@@ -34,6 +43,19 @@ void expectGolden(const Image& image, std::string_view name)
     const auto mismatch = std::filesystem::absolute(std::string(name) + ".mismatch.png");
     PNGWriter::write(sheet.image(), mismatch);
     ADD_FAILURE() << "not as in " << path << "; see " << mismatch;
+}
+
+void expectGoldenText(std::string_view text, std::string_view file)
+{
+    const auto path = goldenPath(file);
+    if (std::getenv("REWRITE_GOLDENS")) {
+        ASSERT_FALSE(Files::write(path, asBytes(text))) << path;
+        return;
+    }
+    constexpr std::int64_t mostBytes = 1 << 20;
+    const auto golden = Files::read(path, mostBytes);
+    ASSERT_TRUE(golden) << path << " can't be read";
+    EXPECT_EQ(text, asText(*golden)) << "not as in " << path;
 }
 
 }

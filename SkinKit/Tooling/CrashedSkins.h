@@ -1,0 +1,49 @@
+#pragma once
+
+#include "SkinKit/Tooling/CorpusSkins.h"
+#include "SkinKit/Tooling/CrashLog.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace SkinKit {
+
+// Finds out which skin a crash log is about: the one whose fingerprint it holds, else whose path or
+// file name, else whose name. A log's own file name is as good as its text. All must stand there as
+// whole words. Of equally good ones the longest counts, and the first of several skins of that
+// name.
+class CrashedSkins {
+public:
+    explicit CrashedSkins(std::span<const CorpusSkins::File* const> skins);
+
+    // The skin's place among those given.
+    std::optional<std::size_t> find(const CrashLog& log) const;
+
+private:
+    enum class Kind { name, file, md5 };
+
+    // Something that may stand in a log.
+    struct Mark {
+        std::string text;
+        std::size_t wordStart; // of its first word, in `text`
+        Kind kind;
+        std::size_t skin;
+    };
+
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    void add(std::string_view text, Kind kind, std::size_t skin);
+    // Calls with every mark that stands in `text` as a whole word, and where it does.
+    void forEachMark(std::string_view text, auto take) const;
+
+    std::unordered_multimap<std::string, Mark, Hash, std::equal_to<>> marks_; // by first word
+};
+
+}

@@ -1,0 +1,106 @@
+#include "VelmarThumbnail/Thumbnailer.h"
+
+#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Platform/Sandbox.h"
+#include "VelmarThumbnail/ThumbnailProvider.h"
+
+#include <array>
+#include <cstdint>
+#include <expected>
+#include <utility>
+#include <variant>
+
+namespace VelmarThumbnail::Thumbnailer {
+namespace {
+
+using namespace SkinKit;
+
+// An archive as it lies in its file, or the files of a folder; nothing looked into yet.
+using UnopenedSkin = std::variant<ByteBuffer, SkinArchive>;
+
+constexpr std::int64_t maxArchiveFileBytes = 256 << 20;
+
+std::expected<UnopenedSkin, SkinError> read(const std::filesystem::path& path)
+{
+    const auto kind = Files::kind(path);
+    if (kind && *kind == Files::Kind::folder)
+        return SkinArchive::open(path);
+    if (kind && *kind == Files::Kind::other)
+        return std::unexpected(SkinError::unreadableArchive("Not a regular file"));
+    auto bytes = Files::read(path, maxArchiveFileBytes);
+    if (!bytes)
+        return std::unexpected(SkinError::unreadableArchive(bytes.error().message()));
+    return std::move(*bytes);
+}
+
+// Gives up what was read, so that it is gone before anything is drawn.
+std::expected<SkinArchive, SkinError> open(UnopenedSkin&& skin)
+{
+    UnopenedSkin taken = std::move(skin);
+    if (auto* const folder = std::get_if<SkinArchive>(&taken))
+        return std::move(*folder);
+    return SkinArchive::open(std::get<ByteBuffer>(taken));
+}
+
+std::expected<Image, std::string> thumbnail(const ThumbnailerOptions& options, UnopenedSkin&& skin)
+{
+    const auto side = static_cast<double>(options.size);
+    std::optional<Image> image;
+    std::string reason;
+    const auto completion = [&](const auto& reply, const auto& error) {
+        if (reply)
+            image = reply->image(1);
+        if (error)
+            reason = error->description;
+    };
+    ThumbnailProvider::provideThumbnail(
+        {
+            .file = options.input, .maximumSize = {side, side},
+                 .minimumSize = {},
+                 .scale = 1
+    },
+        completion, [&](const std::filesystem::path&) { return open(std::move(skin)); });
+    if (!image)
+        return std::unexpected(reason);
+    return *image;
+}
+
+// With the size of what the thumbnail stands for; the desktop adds the file's name and date.
+std::optional<ByteBuffer> file(const Image& image)
+{
+    const std::array texts{
+        PNGCodec::Text{"Thumb::Image::Width",  std::to_string(ThumbnailProvider::window.width) },
+        PNGCodec::Text{"Thumb::Image::Height", std::to_string(ThumbnailProvider::window.height)},
+    };
+    return PNGCodec::encode(image, texts);
+}
+
+}
+
+std::optional<Failure> run(const ThumbnailerOptions& options)
+{
+    auto skin = read(options.input);
+    if (!skin)
+        return Failure{options.input, skin.error().description()};
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.input, options.output, ignored))
+        return Failure{options.output, "is the skin itself"};
+    auto output = Files::OutputFile::open(options.output);
+    if (!output)
+        return Failure{options.output, output.error().message()};
+
+    Sandbox::lockDown(output->descriptor());
+
+    const auto image = thumbnail(options, std::move(*skin));
+    if (!image)
+        return Failure{options.input, image.error()};
+    const auto bytes = file(*image);
+    if (!bytes)
+        return Failure{options.output, "could not encode PNG"};
+    if (const auto error = std::move(*output).write(*bytes))
+        return Failure{options.output, error.message()};
+    return std::nullopt;
+}
+
+}

@@ -1,0 +1,80 @@
+#include "SkinKit/Platform/Process.h"
+#include "SkinKit/Tooling/TerminalText.h"
+#include "SkinKit/Version.h"
+#include "VelmarThumbnail/Thumbnailer.h"
+#include "VelmarThumbnail/ThumbnailerOptions.h"
+
+#include <cstdio>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace VelmarThumbnail;
+using SkinKit::TerminalText::visible;
+
+enum ExitStatus : int {
+    done = 0,
+    trouble = 2, // usage, a refused skin, a file that can't be read or written
+};
+
+constexpr std::string_view help = R"(
+Examples:
+  velmar-thumbnailer some.wsz out.png                      a skin's main window
+  velmar-thumbnailer -s 256 file:///home/me/a.wsz out.png  larger, named as desktops do
+  velmar-thumbnailer folder/ out.png                       from an unpacked skin
+
+Options:
+  -s SIZE     the most pixels that either side may have: 1 to 4096 (default 128)
+  -h, --help  this text
+  --version   the version
+
+Writes a PNG file into OUTPUT as it stands, without replacing it; after a failure it
+is empty. A name that begins with "-" is written "./-name", and so is one that
+begins with "file:". Exit status: 0 done; 2 trouble.
+)";
+
+void say(const std::string& line)
+{
+    std::fputs(("velmar-thumbnailer: " + line + "\n").c_str(), stderr);
+}
+
+ExitStatus print(const std::string& text)
+{
+    if (std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0)
+        return done;
+    say("standard output can't be written");
+    return trouble;
+}
+
+ExitStatus run(std::span<const std::string> arguments)
+{
+    const std::string_view first = arguments.empty() ? std::string_view() : arguments.front();
+    if (first == "-h" || first == "--help")
+        return print(std::string(ThumbnailerOptions::usage) + "\n" + std::string(help));
+    if (first == "--version")
+        return print("velmar-thumbnailer " + std::string(SkinKit::version) + "\n");
+
+    const auto options = ThumbnailerOptions::parse(arguments);
+    if (!options) {
+        say(visible(options.error().description) + "\n" + std::string(ThumbnailerOptions::usage));
+        return trouble;
+    }
+    if (const auto failure = Thumbnailer::run(*options)) {
+        say(visible(failure->file.string()) + ": " + visible(failure->text));
+        return trouble;
+    }
+    return done;
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    SkinKit::Process::reportFileSizeLimit();
+    SkinKit::Process::takeMemoryAtOnce();
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return run(arguments);
+}

@@ -1,0 +1,151 @@
+#include "skintool/CorpusReportCommand.h"
+
+#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Tooling/CorpusRecords.h"
+#include "SkinKit/Tooling/CorpusReport.h"
+#include "SkinKit/Tooling/CorpusReportOptions.h"
+#include "skintool/Paths.h"
+
+#include <expected>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace skintool::CorpusReportCommand {
+namespace {
+
+using namespace SkinKit;
+
+// Which file is the trouble, and what is wrong with it.
+struct Trouble {
+    std::string file;
+    std::string text;
+};
+
+bool wouldMakeOneFile(const std::filesystem::path& a, const std::filesystem::path& b)
+{
+    std::error_code ignored;
+    const bool exists = std::filesystem::exists(a, ignored);
+    return exists ? Paths::isSame(a, b) && std::filesystem::is_regular_file(a, ignored)
+                  : std::filesystem::weakly_canonical(a, ignored) ==
+                        std::filesystem::weakly_canonical(b, ignored);
+}
+
+// Why the files named can't be used together, before any is written.
+std::optional<Trouble> conflict(const CorpusReportOptions& options)
+{
+    for (const auto& output : {options.markdown, options.json}) {
+        if (Paths::isSame(output, options.input))
+            return Trouble{output, "is the results file itself"};
+        if (options.env && Paths::isSame(output, *options.env))
+            return Trouble{output, "is the environment's description itself"};
+        const auto folder = std::filesystem::path(output).parent_path();
+        if (options.crashes && Paths::isSame(folder.empty() ? "." : folder, *options.crashes))
+            return Trouble{output, "would stand among the crash logs"};
+    }
+    if (wouldMakeOneFile(options.markdown, options.json))
+        return Trouble{options.json, "is named for both the report and the summary"};
+    return std::nullopt;
+}
+
+std::expected<std::optional<JSON>, Trouble> readEnvironment(const CorpusReportOptions& options)
+{
+    constexpr std::int64_t mostBytes = 16 << 20;
+    if (!options.env)
+        return std::nullopt;
+    const auto bytes = Files::read(*options.env, mostBytes);
+    if (!bytes)
+        return std::unexpected(Trouble{*options.env, bytes.error().message()});
+    auto json = JSON::parse(asText(*bytes));
+    if (!json)
+        return std::unexpected(Trouble{*options.env, json.error()});
+    return std::move(*json);
+}
+
+std::expected<std::vector<CrashLog>, Trouble> readCrashLogs(const CorpusReportOptions& options)
+{
+    if (!options.crashes)
+        return {};
+    auto logs = CrashLog::readFolder(*options.crashes);
+    if (!logs)
+        return std::unexpected(Trouble{*options.crashes, logs.error().message()});
+    return std::move(*logs);
+}
+
+std::expected<CorpusSummary, Trouble> summarize(const CorpusReportOptions& options)
+{
+    if (auto trouble = conflict(options))
+        return std::unexpected(std::move(*trouble));
+    auto environment = readEnvironment(options);
+    if (!environment)
+        return std::unexpected(std::move(environment.error()));
+    const auto crashLogs = readCrashLogs(options);
+    if (!crashLogs)
+        return std::unexpected(crashLogs.error());
+    CorpusSkins skins;
+    const auto take = [&](CorpusRecord record) { skins.add(std::move(record)); };
+    if (const auto error = CorpusRecords::read(options.input, take))
+        return std::unexpected(Trouble{options.input, error.message()});
+    return CorpusReport::summarize(skins, std::move(*environment), options.sample, options.seed,
+                                   *crashLogs);
+}
+
+ExitStatus say(const Trouble& trouble)
+{
+    Console::sayError(trouble.file, trouble.text);
+    return ExitStatus::trouble;
+}
+
+ExitStatus run(const CorpusReportOptions& options)
+{
+    const auto summary = summarize(options);
+    if (!summary)
+        return say(summary.error());
+
+    constexpr int indent = 2;
+    const std::string markdown = CorpusReport::markdown(*summary);
+    const std::string json = summary->json().text(indent) + "\n";
+    for (const auto& [path, text] :
+         {std::pair(&options.markdown, &markdown), std::pair(&options.json, &json)})
+        if (const auto error = Files::write(*path, asBytes(*text)))
+            return say({*path, error.message()});
+    Console::print(summary->gate);
+    return summary->gatePass ? done : answerIsNo;
+}
+
+}
+
+const std::string_view help = R"(Examples:
+  skintool corpus-report run1/results.jsonl --markdown report.md --json summary.json
+  skintool corpus-report run1/results.jsonl --markdown report.md --json summary.json \
+      --env machine.json --crashes logs
+
+Sums up what a run of `skintool corpus` found: how many skins load, what the others
+lack, how long they take, which crash. The gate passes when none of a sample of skins
+crashed and at least 95% of their main windows are complete.
+
+Options:
+  --markdown <report.md>   the report to write, for people
+  --json <summary.json>    the same numbers to write, for programs
+  --env <env.json>         a JSON document on the machine and the build, shown in the
+                           report and passed on in the summary
+  --sample <N>             how many skins the gate looks at (default 1000)
+  --seed <n>               which ones: the same for the same seed (default 1)
+  --crashes <dir>          a folder with crash logs, output of gdb or AddressSanitizer;
+                           a log belongs to the skin whose MD5 or name it holds
+  -h, --help               this text
+  --version                the version
+
+Exit status: 0 the gate passes; 1 it fails; 2 trouble.)";
+
+ExitStatus run(std::span<const std::string> arguments)
+{
+    const auto options = CorpusReportOptions::parse(arguments);
+    if (!options)
+        return Console::sayUsageError(options.error().description, CorpusReportOptions::usage);
+    return run(*options);
+}
+
+}

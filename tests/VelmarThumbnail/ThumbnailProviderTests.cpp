@@ -1,0 +1,234 @@
+#include "SkinKit/Raster/AreaFilter.h"
+#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "VelmarThumbnail/ThumbnailProvider.h"
+#include "tests/support/BMPWriter.h"
+#include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <thread>
+
+using namespace SkinKit;
+using namespace VelmarThumbnail;
+using support::bytes;
+using support::SkinBuilder;
+using support::TemporaryFolder;
+
+namespace {
+
+const SkinBuilder builder = SkinBuilder().allSheets();
+
+Image window(int scale)
+{
+    return MainWindowRenderer::render(*builder.parse(), MainWindowState::idle(), scale,
+                                      MainWindowRenderer::Clip::none);
+}
+
+struct Answer {
+    int calls = 0;
+    std::optional<ThumbnailReply> reply;
+    std::optional<ThumbnailError> error;
+};
+
+Answer ask(const ThumbnailRequest& request)
+{
+    Answer answer;
+    ThumbnailProvider::provideThumbnail(request, [&](const auto& reply, const auto& error) {
+        ++answer.calls;
+        answer.reply = reply;
+        answer.error = error;
+    });
+    return answer;
+}
+
+class ThumbnailProviderTest : public testing::Test {
+protected:
+    const TemporaryFolder folder;
+    const std::filesystem::path skin = folder.write("skin.wsz", builder.zip());
+};
+
+}
+
+TEST_F(ThumbnailProviderTest, RepliesWithTheIdleWindowFittedIntoTheSizeAskedFor)
+{
+    struct Row {
+        double maximum;
+        double scale;
+        SizeF context;
+        Size pixels;
+        int renderScale;
+    };
+    const Row rows[] = {
+        {512,  2,            {412.5, 174},             {825, 348},  3},
+        {512,  1,            {275, 116},               {275, 116},  1},
+        {1100, 1,            {1100, 464},              {1100, 464}, 4},
+        {275,  1.5,          {183 + 1. / 3, 232. / 3}, {275, 116},  1},
+        {512,  std::nan(""), {275, 116},               {275, 116},  1},
+    };
+    for (const auto& row : rows) {
+        const auto answer = ask({
+            skin, {row.maximum, row.maximum},
+             {},
+             row.scale
+        });
+        ASSERT_EQ(answer.calls, 1);
+        ASSERT_TRUE(answer.reply && !answer.error);
+        EXPECT_DOUBLE_EQ(answer.reply->contextSize.width, row.context.width);
+        EXPECT_DOUBLE_EQ(answer.reply->contextSize.height, row.context.height);
+        Canvas canvas(row.pixels);
+        EXPECT_TRUE(answer.reply->draw({canvas, row.scale}));
+        EXPECT_EQ(canvas.image(), window(row.renderScale)) << row.maximum;
+    }
+}
+
+TEST_F(ThumbnailProviderTest, ShrinksSmoothly)
+{
+    for (const double maximum : {0.0, 1.0, 64.0, 256.0}) {
+        const auto answer = ask({
+            skin, {maximum, maximum},
+             {},
+             1
+        });
+        ASSERT_TRUE(answer.reply);
+        const SizeF points = answer.reply->contextSize;
+        for (const int scale : {1, 2}) {
+            const RectF cell{0, 0, points.width * scale, points.height * scale};
+            const Size size{static_cast<int>(cell.width), static_cast<int>(cell.height)};
+            EXPECT_EQ(answer.reply->image(scale), AreaFilter::resample(window(1), size, cell))
+                << maximum;
+        }
+    }
+}
+
+TEST_F(ThumbnailProviderTest, CentresTheWindowInALargerMinimum)
+{
+    // The top left corner is (99.5, 338) in device pixels.
+    const auto sharp = ask({
+                               skin, {512, 512},
+                                {512, 512},
+                                2
+    })
+                           .reply;
+    ASSERT_TRUE(sharp);
+    EXPECT_EQ(sharp->contextSize, (SizeF{512, 512}));
+    Canvas expected({1024, 1024});
+    expected.draw(window(3), Point{100, 338});
+    EXPECT_EQ(sharp->image(2), expected.image());
+
+    // Smoothly, the 27 rows stand half a pixel lower than whole ones.
+    const auto smooth = ask({
+                                skin, {64, 64},
+                                 {64, 64},
+                                 1
+    })
+                            .reply->image(1);
+    ASSERT_TRUE(smooth);
+    EXPECT_EQ(smooth->size(), (Size{64, 64}));
+    EXPECT_EQ(*smooth->crop({0, 18, 64, 28}),
+              AreaFilter::resample(window(1), {64, 28}, {0, 0.5, 64, 27}));
+    EXPECT_EQ(alphaOf(smooth->pixel({32, 17})), 0U);
+    EXPECT_EQ(alphaOf(smooth->pixel({32, 18})), 128U);
+}
+
+TEST_F(ThumbnailProviderTest, StretchesTheWindowInAContextOfAnotherScale)
+{
+    const auto reply = ask({
+                               skin, {275, 275},
+                                {},
+                                1
+    })
+                           .reply;
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->image(2), window(2));
+    EXPECT_EQ(reply->image(0), window(1)); // which counts as 1
+    Canvas canvas({275, 116});
+    EXPECT_TRUE(reply->draw({canvas, -1})); // which counts as 1
+    EXPECT_EQ(canvas.image(), window(1));
+}
+
+TEST_F(ThumbnailProviderTest, ShowsTheWholeWindowWhateverTheSkinsRegion)
+{
+    auto cut = builder;
+    const auto path = folder.write(
+        "cut.wsz", cut.text("region.txt", "[Normal]\nNumPoints=3\nPointList=0,0 9,0 9,9\n").zip());
+    EXPECT_EQ(ask({
+                      path, {300, 300},
+                       {},
+                       1
+    })
+                  .reply->image(1),
+              window(1));
+}
+
+TEST_F(ThumbnailProviderTest, TakesASkinFolder)
+{
+    std::filesystem::create_directory(folder / "unpacked");
+    const auto archive = builder.archive();
+    for (const auto& [name, content] : archive.files())
+        folder.write("unpacked/" + name, content);
+    EXPECT_EQ(ask({
+                      folder / "unpacked", {300, 300},
+                         {},
+                         1
+    })
+                  .reply->image(1),
+              window(1));
+}
+
+TEST_F(ThumbnailProviderTest, DrawsOnAnotherThreadWhenAllElseIsGone)
+{
+    std::optional<ThumbnailReply> reply = ask({
+                                                  skin, {300, 300},
+                                                   {},
+                                                   1
+    })
+                                              .reply;
+    std::filesystem::remove(skin);
+    std::optional<Image> image;
+    std::thread([&, own = std::move(*reply)] { image = own.image(1); }).join();
+    EXPECT_EQ(image, window(1));
+}
+
+TEST_F(ThumbnailProviderTest, RepliesWithTheErrorOfARefusedSkin)
+{
+    struct Row {
+        std::filesystem::path file;
+        int code;
+        std::string description;
+    };
+    const Row rows[] = {
+        {folder / "missing.wsz", 0, "Unreadable archive: No such file or directory"},
+        {folder.write("modern.wsz", SkinBuilder().text("skin.xml", "<x/>").zip()), 1,
+         "Modern (Winamp 3/5) skin; not supported"},
+        {folder.write("empty.wsz", SkinBuilder().text("a.txt", "").zip()), 2,
+         "No classic skin bitmaps found"},
+    };
+    for (const auto& row : rows) {
+        const auto answer = ask({
+            row.file, {300, 300},
+             {},
+             1
+        });
+        EXPECT_EQ(answer.calls, 1);
+        EXPECT_FALSE(answer.reply);
+        EXPECT_EQ(answer.error, (ThumbnailError{"SkinKit.SkinError", row.code, row.description}));
+    }
+    const auto damaged = ask({
+        folder.write("damaged.wsz", bytes("PK\x03\x04 and no more")), {300, 300},
+          {},
+          1
+    });
+    EXPECT_EQ(damaged.calls, 1);
+    EXPECT_TRUE(damaged.error && damaged.error->code == 0 && !damaged.reply);
+}
+
+TEST(ThumbnailReply, HasNoImageWhenItsCallbackDoesNotDraw)
+{
+    const ThumbnailReply reply{
+        {3, 2},
+        [](const DrawingContext&) { return false; }
+    };
+    EXPECT_FALSE(reply.image(1));
+}

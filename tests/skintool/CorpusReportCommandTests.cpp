@@ -1,0 +1,147 @@
+#include "SkinKit/Platform/JSON.h"
+#include "SkinKit/Tooling/CorpusRecord.h"
+#include "SkinKit/Tooling/CorpusReportOptions.h"
+#include "tests/support/Program.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+using namespace SkinKit;
+using support::bytes;
+
+namespace {
+
+class CorpusReportCommand : public testing::Test {
+protected:
+    std::string path(std::string_view name) const { return (folder / name).string(); }
+
+    support::Outcome run(std::vector<std::string> more = {}, long limitBytes = 0) const
+    {
+        std::vector<std::string> arguments{"corpus-report", path("results.jsonl"),
+                                           "--markdown",    path("report.md"),
+                                           "--json",        path("summary.json")};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return support::run(SKINTOOL_PROGRAM, arguments, limitBytes);
+    }
+
+    void writeResults(const std::string& status) const
+    {
+        const CorpusRecord record{.event = "result",
+                                  .path = "dead.wsz",
+                                  .name = "dead",
+                                  .status = status,
+                                  .mainWindowComplete = true};
+        folder.write("results.jsonl", bytes(record.line() + "\n"));
+    }
+
+    std::string text(std::string_view name) const
+    {
+        return std::string(asText(support::readFile(folder / name)));
+    }
+
+    void expectTrouble(const support::Outcome& outcome, const std::string& error) const
+    {
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_EQ(outcome.err, "skintool: " + error + "\n");
+    }
+
+    const support::TemporaryFolder folder;
+};
+
+}
+
+TEST_F(CorpusReportCommand, EndsAsTheGateDoes)
+{
+    writeResults("ok");
+    const auto passed = run();
+    EXPECT_EQ(passed.status, 0);
+    EXPECT_EQ(passed.out, "gate: PASS\n");
+    EXPECT_EQ(passed.err, "");
+    EXPECT_TRUE(text("report.md").ends_with("\n\ngate: PASS\n"));
+
+    writeResults("timeout");
+    const auto failed = run();
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_EQ(failed.out, "gate: FAIL (crashes=1, sample complete=100.0% < 95%)\n");
+    EXPECT_TRUE(text("summary.json").contains("\"gatePass\": false"));
+}
+
+TEST_F(CorpusReportCommand, TakesTheSampleTheEnvironmentAndTheCrashLogs)
+{
+    writeResults("crashed");
+    folder.write("env.json", bytes(R"({"cpu":{"cores":[2]},"n":18446744073709551615})"));
+    std::filesystem::create_directory(folder / "logs");
+    folder.write("logs/dead.log", bytes("free(): invalid pointer\n"));
+    const auto outcome =
+        run({"--env", path("env.json"), "--crashes", path("logs"), "--sample", "7", "--seed", "9"});
+    EXPECT_EQ(outcome.status, 1);
+    const std::string report = text("report.md");
+    EXPECT_TRUE(report.contains("\n| cpu | {\"cores\":\\[2\\]} |\n| n | 18446744073709551615 |\n"))
+        << report;
+    EXPECT_TRUE(report.contains(" | free(): invalid pointer |\n")) << report;
+    EXPECT_TRUE(report.contains("\n## Sample of 7 (seed 9)\n")) << report;
+    const auto summary = JSON::parse(text("summary.json"));
+    ASSERT_TRUE(summary);
+    EXPECT_EQ(*summary->member("environment"), *JSON::parse(text("env.json")));
+}
+
+TEST_F(CorpusReportCommand, TellsHelpAndUsageErrors)
+{
+    const std::string usage(CorpusReportOptions::usage);
+    EXPECT_TRUE(
+        support::run(SKINTOOL_PROGRAM, {"corpus-report", "--help"}).out.starts_with(usage + "\n"));
+    expectTrouble(support::run(SKINTOOL_PROGRAM, {"corpus-report", "r.jsonl", "--json", "s.json"}),
+                  "missing --markdown <report.md>\n" + usage);
+}
+
+TEST_F(CorpusReportCommand, SaysWhatCannotBeReadAndWritesNothing)
+{
+    expectTrouble(run(), path("results.jsonl") + ": No such file or directory");
+    writeResults("ok");
+    const auto none = path("none");
+    expectTrouble(run({"--env", none}), none + ": No such file or directory");
+    expectTrouble(run({"--crashes", none}), none + ": No such file or directory");
+    const auto env = folder.write("env.json", bytes(std::string(100000, '['))).string();
+    expectTrouble(run({"--env", env}), env + ": nested deeper than 64 levels");
+    folder.write("env.json", bytes("{\"a\":"));
+    expectTrouble(run({"--env", env}), env + ": not JSON at byte 6");
+    EXPECT_FALSE(std::filesystem::exists(folder / "report.md"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "summary.json"));
+}
+
+TEST_F(CorpusReportCommand, NeverOverwritesWhatItReads)
+{
+    writeResults("ok");
+    const auto env = folder.write("env.json", bytes("{}")).string();
+    std::filesystem::create_directory(folder / "logs");
+    std::filesystem::create_hard_link(folder / "results.jsonl", folder / "link");
+    struct Row {
+        std::vector<std::string> arguments;
+        std::string error;
+    };
+    const Row rows[] = {
+        {{"--markdown", path("results.jsonl")},
+         path("results.jsonl") + ": is the results file itself"                                                  },
+        {{"--json", path("link")},                              path("link") + ": is the results file itself"    },
+        {{"--env", env, "--json", env},                         env + ": is the environment's description itself"},
+        {{"--crashes", path("logs"), "--json", path("logs/x")},
+         path("logs/x") + ": would stand among the crash logs"                                                   },
+        {{"--json", path("./report.md")},
+         path("./report.md") + ": is named for both the report and the summary"                                  },
+    };
+    const auto results = support::readFile(folder / "results.jsonl");
+    for (const auto& row : rows)
+        expectTrouble(run(row.arguments), row.error);
+    EXPECT_EQ(support::readFile(folder / "results.jsonl"), results);
+    EXPECT_EQ(run({"--json", "/dev/null", "--markdown", "/dev/null"}).status, 0);
+}
+
+TEST_F(CorpusReportCommand, SaysWhatCannotBeWritten)
+{
+    writeResults("ok");
+    expectTrouble(run({"--json", path("none/x")}), path("none/x") + ": No such file or directory");
+    expectTrouble(run({}, 100), path("report.md") + ": File too large");
+}
