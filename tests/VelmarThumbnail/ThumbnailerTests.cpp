@@ -105,6 +105,17 @@ TEST_F(ThumbnailerTest, WritesThePictureOfEachSize)
     EXPECT_EQ(PNGWriter::read(output)->size(), (Size{128, 54}));
 }
 
+TEST_F(ThumbnailerTest, DrawsWhatASkinLacksThoughItIsLockedIn)
+{
+    const auto lacking = folder.write(
+        "lacking.wsz",
+        SkinBuilder().sheet("main.bmp", support::solidImage({275, 116}, {1, 2, 3})).zip());
+    const auto outcome = thumbnailer({lacking.string(), output});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(PNGWriter::read(output), provided(lacking, 128));
+}
+
 TEST_F(ThumbnailerTest, NeverExceedsTheSizeAskedFor)
 {
     for (int size = ThumbnailerOptions::smallestSize; size <= ThumbnailerOptions::largestSize;
@@ -158,6 +169,12 @@ TEST_F(ThumbnailerTest, LeavesTheOutputEmptyWhenThereIsNoPicture)
     EXPECT_EQ(refused.status, 2);
     EXPECT_EQ(refused.err, "velmar-thumbnailer: " + folder.path().string() +
                                "/b\\nad.wsz: Modern (Winamp 3/5) skin; not supported\n");
+    EXPECT_EQ(readFile(output), bytes(""));
+
+    const std::string silent = "exec \"$0\" \"$@\" 0<&- 1>&- 2>&-";
+    const auto unheard =
+        support::run("/bin/sh", {"-c", silent, THUMBNAILER_PROGRAM, bad.string(), output});
+    EXPECT_EQ(unheard.status, 2);
     EXPECT_EQ(readFile(output), bytes(""));
 
     const auto full = thumbnailer({skin, output}, 100);
