@@ -43,8 +43,8 @@ int main(int argc, char** argv)
     // Many short repetitions in random order, of which the fastest counts: what else runs on the
     // machine slows some of them down, never all.
     std::string interleave = "--benchmark_enable_random_interleaving=true";
-    std::string repetitions = "--benchmark_repetitions=15";
-    std::string shortest = "--benchmark_min_time=0.02";
+    std::string repetitions = "--benchmark_repetitions=60";
+    std::string shortest = "--benchmark_min_time=0.005";
     std::vector<char*> arguments{argv[0], interleave.data(), repetitions.data(), shortest.data()};
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     int count = static_cast<int>(arguments.size());

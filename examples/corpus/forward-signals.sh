@@ -3,8 +3,8 @@
 # command's status. Without it a script that is terminated leaves its command behind. To be sourced.
 
 # The command gets one TERM for each signal, whichever it was. It has a process group of its own, so
-# that an interrupt from the terminal does not come to it twice: skintool corpus ends in order at the
-# first signal and at once at the second.
+# that an interrupt from the terminal does not come to it twice: skintool corpus ends in order at
+# the first signal and at once at the second.
 forwarding_signals() {
     local child status=0 received='' signal
     set -m
