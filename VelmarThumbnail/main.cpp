@@ -73,7 +73,6 @@ ExitStatus run(std::span<const std::string> arguments)
 
 int main(int argc, char** argv)
 {
-    SkinKit::Process::openStandardStreams();
     SkinKit::Process::reportFileSizeLimit();
     SkinKit::Process::takeMemoryAtOnce();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);

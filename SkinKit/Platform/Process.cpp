@@ -1,6 +1,5 @@
 #include "SkinKit/Platform/Process.h"
 
-#include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
 #include <signal.h>
@@ -25,16 +24,6 @@ void nameThread(const char* name)
 void reportFileSizeLimit()
 {
     ::signal(SIGXFSZ, SIG_IGN);
-}
-
-void openStandardStreams()
-{
-    // Each takes the lowest number that is free.
-    int descriptor = 0;
-    while (descriptor >= 0 && descriptor <= STDERR_FILENO)
-        descriptor = ::open("/dev/null", O_RDWR);
-    if (descriptor > STDERR_FILENO)
-        ::close(descriptor);
 }
 
 void reportBrokenPipes()

@@ -17,10 +17,6 @@ void reportFileSizeLimit();
 // tenth of a short process's time.
 void takeMemoryAtOnce();
 
-// Opens standard streams that the process was started without, to nowhere: else the next file that
-// is opened would be one, and what is said would go into it.
-void openStandardStreams();
-
 // Makes a pipe that nobody reads any more an error of the write.
 void reportBrokenPipes();
 
