@@ -19,7 +19,9 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs)
         Figure& figure = figures_[subject][name.substr(slash + 1)];
         const double seconds = run.real_accumulated_time /
                                static_cast<double>(std::max<std::int64_t>(1, run.iterations));
-        figure.seconds = figure.seconds == 0 ? seconds : std::min(figure.seconds, seconds);
+        if (figure.seconds != 0 && figure.seconds <= seconds)
+            continue;
+        figure.seconds = seconds;
         for (const auto& [counter, value] : run.counters)
             figure.counters[counter] = value;
     }

@@ -57,10 +57,11 @@ void endByHeldInterrupt()
 void takeMemoryAtOnce()
 {
     constexpr std::size_t bytes = 2 << 20;
-    // Blocks up to this size come from one heap, which gives nothing back to the system before.
-    constexpr int keptBytes = 2 * static_cast<int>(bytes);
-    ::mallopt(M_MMAP_THRESHOLD, keptBytes);
-    ::mallopt(M_TRIM_THRESHOLD, keptBytes);
+    // Blocks come from one heap, which keeps what is freed: at once what the allocator would come
+    // to by itself, once large blocks have been freed.
+    constexpr int largestBlock = 32 << 20;
+    ::mallopt(M_MMAP_THRESHOLD, largestBlock);
+    ::mallopt(M_TRIM_THRESHOLD, 2 * largestBlock);
 
     void* const block = std::malloc(bytes);
     if (!block)
