@@ -29,8 +29,7 @@ bool wouldMakeOneFile(const std::filesystem::path& a, const std::filesystem::pat
     std::error_code ignored;
     const bool exists = std::filesystem::exists(a, ignored);
     return exists ? Paths::isSame(a, b) && std::filesystem::is_regular_file(a, ignored)
-                  : std::filesystem::weakly_canonical(a, ignored) ==
-                        std::filesystem::weakly_canonical(b, ignored);
+                  : Paths::written(a) == Paths::written(b);
 }
 
 // Why the files named can't be used together, before any is written.
@@ -41,8 +40,8 @@ std::optional<Trouble> conflict(const CorpusReportOptions& options)
             return Trouble{output, "is the results file itself"};
         if (options.env && Paths::isSame(output, *options.env))
             return Trouble{output, "is the environment's description itself"};
-        const auto folder = std::filesystem::path(output).parent_path();
-        if (options.crashes && Paths::isSame(folder.empty() ? "." : folder, *options.crashes))
+        if (options.crashes &&
+            Paths::isSame(Paths::written(output).parent_path(), *options.crashes))
             return Trouble{output, "would stand among the crash logs"};
     }
     if (wouldMakeOneFile(options.markdown, options.json))

@@ -97,7 +97,7 @@ Result<ByteBuffer> read(const std::filesystem::path& path, std::int64_t maxBytes
                         Links links = Links::followed);
 
 // The longest line that is looked at: one so long comes from no text.
-inline constexpr std::int64_t maxLineBytes = 64 << 20;
+inline constexpr std::int64_t maxLineBytes = 4 << 20;
 
 // Gives each line of a regular file, without its line feed, to `take` while the file is read piece
 // by piece. What is behind the last line feed is a line too, unless it is empty. Lines longer than

@@ -122,8 +122,9 @@ std::vector<CorpusSummary::CrashLog> tied(std::span<const CrashLog> logs, const 
     std::vector<CorpusSummary::CrashLog> result;
     for (const CrashLog& log : logs) {
         auto& entry = result.emplace_back(log.file, log.signature);
-        if (const auto skin = skins.find(log))
-            entry.skin = example(*crashed[*skin]);
+        entry.place = skins.find(log);
+        if (entry.place)
+            entry.skin = example(*crashed[*entry.place]);
     }
     return result;
 }
@@ -208,7 +209,7 @@ double percentile(std::span<const double> sorted, double p)
     if (sorted.empty())
         return 0;
     const auto count = static_cast<double>(sorted.size());
-    const double rank = std::clamp(std::ceil(p / 100 * count), 1.0, count);
+    const double rank = std::min(std::fmax(std::ceil(p / 100 * count), 1), count);
     return sorted[static_cast<std::size_t>(rank) - 1];
 }
 

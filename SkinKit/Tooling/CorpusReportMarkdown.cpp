@@ -134,11 +134,10 @@ std::string failureClasses(const std::vector<CorpusSummary::FailureClass>& class
     return section;
 }
 
-std::string signatureOf(const CorpusSummary::Example& skin,
-                        const std::vector<CorpusSummary::CrashLog>& logs)
+std::string signatureOf(std::size_t skin, const std::vector<CorpusSummary::CrashLog>& logs)
 {
     const auto log = std::ranges::find_if(logs, [&](const CorpusSummary::CrashLog& candidate) {
-        return candidate.skin == skin && !candidate.signature.empty();
+        return candidate.place == skin && !candidate.signature.empty();
     });
     return log == logs.end() ? "" : log->signature;
 }
@@ -150,9 +149,9 @@ std::string crashSignatures(const CorpusSummary& summary)
         return title + "None. Crashed, timed out or over-memory skins: 0 (" +
                text(summary.crashLogs.size()) + " crash logs).\n";
     std::string section = title + "| Skin | md5 | Signature |\n|---|---|---|\n";
-    for (const auto& skin : summary.crashed)
-        section += row({link(skin), Markdown::cell(skin.md5),
-                        Markdown::cell(signatureOf(skin, summary.crashLogs))});
+    for (std::size_t i = 0; i < summary.crashed.size(); ++i)
+        section += row({link(summary.crashed[i]), Markdown::cell(summary.crashed[i].md5),
+                        Markdown::cell(signatureOf(i, summary.crashLogs))});
     return section;
 }
 

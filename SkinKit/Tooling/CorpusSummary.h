@@ -71,8 +71,9 @@ struct CorpusSummary {
 
     struct CrashLog {
         std::string file;
-        std::string signature;       // empty where none was found
-        std::optional<Example> skin; // the one it is about, one of `crashed`
+        std::string signature;            // empty where none was found
+        std::optional<Example> skin;      // the one it is about
+        std::optional<std::size_t> place; // of that skin in `crashed`
 
         bool operator==(const CrashLog&) const = default;
     };

@@ -14,12 +14,14 @@ namespace {
 // What the C and C++ libraries say before they abort: malloc's checks, the stack guard, assert and
 // an exception that nobody catches.
 constexpr std::string_view abortTexts[] = {
-    " detected ***",
-    "): invalid ",
-    "): corrupted ",
-    "): unaligned ",
-    "): mismatching ",
-    "): unsorted ",
+    "***: terminated",
+    "free(): ",
+    "malloc(): ",
+    "realloc(): ",
+    "malloc_consolidate(): ",
+    "munmap_chunk(): ",
+    "invalid fastbin entry (free)",
+    "break adjusted to free malloc space",
     "double free or corruption",
     "corrupted size vs. prev_size",
     "corrupted double-linked list",
@@ -78,11 +80,13 @@ std::optional<std::string> readText(const std::filesystem::path& path)
     auto file = Files::InputFile::open(path, Files::Links::refused);
     if (!file)
         return std::nullopt;
-    ByteBuffer bytes(static_cast<std::size_t>(std::min(file->size(), CrashLog::maxBytes)));
-    const auto count = file->readNext(bytes);
-    if (!count)
+    // Of a long one the start, which may name the skin, and the end, where the crash stands.
+    const std::int64_t size = std::min(file->size(), CrashLog::maxBytes);
+    ByteBuffer bytes(static_cast<std::size_t>(size));
+    const auto [start, end] = std::pair(std::span(bytes).first(bytes.size() / 2),
+                                        std::span(bytes).subspan(bytes.size() / 2));
+    if (file->readAt(0, start) || file->readAt(file->size() - std::ssize(end), end))
         return std::nullopt;
-    bytes.resize(*count);
     return isText(bytes) ? std::optional(Unicode::repaired(bytes)) : std::nullopt;
 }
 

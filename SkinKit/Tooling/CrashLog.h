@@ -12,8 +12,8 @@ namespace SkinKit {
 // What was noted down when a process crashed: the output of gdb or AddressSanitizer, or what the C
 // library said before it gave up. Usually one crash each; of several the first counts.
 struct CrashLog {
-    // What one log, and all together, may hold of their texts. A longer log is cut; past the total,
-    // only signatures and file names are kept.
+    // What one log, and all together, may hold of their texts. A longer log loses its middle; past
+    // the total, only signatures and file names are kept.
     static constexpr std::int64_t maxBytes = 1 << 20;
     static constexpr std::int64_t maxTotalBytes = 64 << 20;
 

@@ -1,5 +1,6 @@
 #include "SkinKit/Tooling/CrashedSkins.h"
 
+#include "SkinKit/Parsers/TextLines.h"
 #include "SkinKit/Platform/Unicode.h"
 #include "SkinKit/Tooling/StackTrace.h"
 
@@ -44,10 +45,19 @@ std::string_view fileName(std::string_view path)
     return path.substr(path.rfind('/') + 1); // npos + 1 is 0
 }
 
-std::string_view lineAround(std::string_view text, std::size_t position)
+// The last word of a path without its extension, or of all of it when there is none.
+std::pair<std::size_t, std::size_t> lastWord(std::string_view path)
 {
-    const auto begin = text.substr(0, position).find_last_of("\r\n") + 1;
-    return text.substr(begin, text.find_first_of("\r\n", begin) - begin);
+    const auto dot = path.rfind('.');
+    for (const std::string_view text : {path.substr(0, dot), path}) {
+        std::pair<std::size_t, std::size_t> last;
+        for (auto word = nextWord(text, 0); word.first < word.second;
+             word = nextWord(text, word.second))
+            last = word;
+        if (last.first < last.second)
+            return last;
+    }
+    return {};
 }
 
 }
@@ -56,7 +66,7 @@ CrashedSkins::CrashedSkins(std::span<const CorpusSkins::File* const> skins)
 {
     for (std::size_t i = 0; i < skins.size(); ++i) {
         const CorpusSkins::File& skin = *skins[i];
-        add(skin.md5, Kind::md5, i);
+        add(Unicode::lowercased(skin.md5), Kind::md5, i);
         add(skin.path, Kind::file, i);
         add(fileName(skin.path), Kind::file, i);
         add(skin.name, Kind::name, i);
@@ -65,7 +75,7 @@ CrashedSkins::CrashedSkins(std::span<const CorpusSkins::File* const> skins)
 
 void CrashedSkins::add(std::string_view text, Kind kind, std::size_t skin)
 {
-    const auto [begin, end] = nextWord(text, 0);
+    const auto [begin, end] = lastWord(text);
     if (begin < end)
         marks_.emplace(text.substr(begin, end - begin), Mark{std::string(text), begin, kind, skin});
 }
@@ -83,13 +93,13 @@ void CrashedSkins::forEachMark(std::string_view text, auto take) const
             const Mark& mark = found->second;
             if (mark.kind == Kind::md5) {
                 if (mark.text == word)
-                    take(mark, begin);
+                    take(mark);
                 continue;
             }
             const auto start = begin - mark.wordStart;
             if (begin >= mark.wordStart && text.substr(start).starts_with(mark.text) &&
                 standsAlone(text, start, start + mark.text.size()))
-                take(mark, begin);
+                take(mark);
         }
     }
 }
@@ -108,15 +118,18 @@ std::optional<std::size_t> CrashedSkins::find(const CrashLog& log) const
     // Names are any words: short ones turn up everywhere, and a stack is full of functions.
     constexpr std::size_t shortestName = 4;
     const std::string_view stem = std::string_view(log.file).substr(0, log.file.rfind('.'));
-    forEachMark(log.file, [&](const Mark& mark, std::size_t) {
+    forEachMark(log.file, [&](const Mark& mark) {
         if (mark.kind != Kind::name || mark.text.size() >= shortestName || mark.text == stem)
             take(mark);
     });
-    forEachMark(log.text, [&](const Mark& mark, std::size_t position) {
-        if (mark.kind != Kind::name || (mark.text.size() >= shortestName &&
-                                        !StackTrace::isFrame(lineAround(log.text, position))))
-            take(mark);
-    });
+    for (std::string_view rest = log.text; !rest.empty();) {
+        const auto line = takeLine(rest);
+        const bool isFrame = StackTrace::isFrame(line);
+        forEachMark(line, [&](const Mark& mark) {
+            if (mark.kind != Kind::name || (mark.text.size() >= shortestName && !isFrame))
+                take(mark);
+        });
+    }
     return best ? std::optional(best->skin) : std::nullopt;
 }
 

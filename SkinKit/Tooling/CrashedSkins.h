@@ -27,10 +27,11 @@ public:
 private:
     enum class Kind { name, file, md5 };
 
-    // Something that may stand in a log.
+    // Something that may stand in a log. It is looked for by one of its words: the last of a
+    // file's name, as those before may be folders that all have in common.
     struct Mark {
         std::string text;
-        std::size_t wordStart; // of its first word, in `text`
+        std::size_t wordStart; // of that word, in `text`
         Kind kind;
         std::size_t skin;
     };
@@ -40,10 +41,10 @@ private:
     };
 
     void add(std::string_view text, Kind kind, std::size_t skin);
-    // Calls with every mark that stands in `text` as a whole word, and where it does.
+    // Calls with every mark that stands in `text` as whole words.
     void forEachMark(std::string_view text, auto take) const;
 
-    std::unordered_multimap<std::string, Mark, Hash, std::equal_to<>> marks_; // by first word
+    std::unordered_multimap<std::string, Mark, Hash, std::equal_to<>> marks_; // by that word
 };
 
 }

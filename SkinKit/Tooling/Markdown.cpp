@@ -9,7 +9,8 @@ namespace {
 bool isControl(char32_t c)
 {
     return c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0x2028 && c <= 0x202E) ||
-           (c >= 0x2066 && c <= 0x2069);
+           (c >= 0x2066 && c <= 0x2069) || (c >= 0x200B && c <= 0x200F) || c == 0x61C ||
+           c == 0xFEFF;
 }
 
 bool isLetterOrDigit(char c)
@@ -26,7 +27,7 @@ bool isEscaped(char32_t c)
 
 std::string cell(std::string_view text)
 {
-    constexpr std::size_t mostCharacters = 200;
+    constexpr std::size_t mostCharacters = 4000;
     std::string result;
     for (std::size_t count = 0; !text.empty(); ++count) {
         if (count == mostCharacters)
@@ -57,7 +58,8 @@ std::string cell(std::string_view text)
 
 std::string link(std::string_view text, std::string_view url)
 {
-    if (!url.starts_with("https://") && !url.starts_with("http://"))
+    const std::string scheme = Unicode::lowercased(url.substr(0, url.find("://")));
+    if (scheme != "https" && scheme != "http")
         return cell(text);
     constexpr std::string_view digits = "0123456789ABCDEF";
     constexpr std::string_view plain = "-._~:/?#@!$'+,;=%";

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include <functional>
 #include <vector>
 
@@ -258,4 +260,32 @@ TEST(CorpusReport, ShowsAnEnvironmentOfAnyShape)
     EXPECT_EQ(rows(JSON::Array{"x", 2}), "| 0 | x |\n| 1 | 2 |\n");
     EXPECT_EQ(rows(JSON::Object()), "");
     EXPECT_EQ(rows(true), "| environment | true |\n");
+}
+
+TEST(CorpusReport, KnowsTheIssuesOfTheCommonClasses)
+{
+    std::set<std::string_view> keys;
+    for (const auto& issue : CorpusReport::knownIssues()) {
+        EXPECT_EQ(issue.issue, "#0020");
+        keys.insert(issue.classKey);
+    }
+    EXPECT_EQ(keys, (std::set<std::string_view>{"missing balance", "missing nums_ex",
+                                                "missing numbers", "missing eq_ex", "missing gen",
+                                                "viscolor", "missing numbers and nums_ex"}));
+    // As its warning is spelled.
+    EXPECT_TRUE(
+        keys.contains(CorpusReport::warningClassKey("Missing numbers.bmp and nums_ex.bmp")));
+}
+
+TEST(CorpusReport, GivesEachOfTwoSkinsOfOneNameItsOwnSignature)
+{
+    const Records records{
+        {.event = "result", .path = "a/x.wsz", .name = "x", .status = "crashed"},
+        {.event = "result", .path = "b/x.wsz", .name = "x", .status = "timeout"},
+    };
+    const CrashLog logs[] = {CrashLog::of("1.log", "b/x.wsz\n#0 0x1 in parse (x=1)\n")};
+    const auto text = CorpusReport::markdown(summarize(records, std::nullopt, 1, 1, logs));
+    const auto section = text.substr(text.find("## Crash signatures"));
+    EXPECT_EQ(section.find("parse"), section.rfind("parse"));
+    EXPECT_GT(section.find("parse"), section.find("|  |\n")); // the first has none
 }

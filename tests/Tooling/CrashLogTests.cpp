@@ -100,6 +100,12 @@ TEST(CrashLog, TakesTheLibrarysLineWithoutAStack)
     };
     const Row rows[] = {
         {"[1/9] ok 100.0%\nfree(): invalid pointer\nAborted\n",                  "free(): invalid pointer"        },
+        {"a: free(): double free detected in tcache 2\n",
+         "a: free(): double free detected in tcache 2"                                                            },
+        {"malloc(): smallbin double linked list corrupted",
+         "malloc(): smallbin double linked list corrupted"                                                        },
+        {"*** longjmp causes uninitialized stack frame ***: terminated",
+         "*** longjmp causes uninitialized stack frame ***: terminated"                                           },
         {"malloc(): corrupted top size",                                         "malloc(): corrupted top size"   },
         {"double free or corruption (out)\n",                                    "double free or corruption (out)"},
         {"*** stack smashing detected ***: terminated\n",
@@ -135,7 +141,8 @@ TEST(CrashLog, ReadsTheTextFilesOfAFolder)
                                                 "ELF\0free(): invalid size",
                                                 25)));
     folder.write("long.log",
-                 bytes("x" + std::string(static_cast<std::size_t>(CrashLog::maxBytes), '\n')));
+                 bytes("x" + std::string(static_cast<std::size_t>(CrashLog::maxBytes), '\n') +
+                       "free(): invalid pointer"));
     std::filesystem::create_directory(folder / "folder");
     std::filesystem::create_symlink(folder / "b.log", folder / "link");
 
@@ -145,5 +152,7 @@ TEST(CrashLog, ReadsTheTextFilesOfAFolder)
     EXPECT_EQ((*logs)[0], (CrashLog{"a\uFFFD.txt", "caf\uFFFD\n", ""}));
     EXPECT_EQ((*logs)[1], (CrashLog{"b.log", "free(): invalid size\r\n", "free(): invalid size"}));
     EXPECT_EQ(std::ssize((*logs)[2].text), CrashLog::maxBytes);
+    EXPECT_TRUE((*logs)[2].text.starts_with("x\n"));
+    EXPECT_EQ((*logs)[2].signature, "free(): invalid pointer"); // at its end
     EXPECT_EQ(CrashLog::readFolder(folder / "none").error(), std::errc::no_such_file_or_directory);
 }

@@ -10,7 +10,7 @@ using Skin = CorpusSkins::File;
 
 const Skin skins[] = {
     {.path = "x/Night.wsz",    .name = "Night",    .md5 = "00112233445566778899aabbccddeeff"},
-    {.path = "x/My Night.wsz", .name = "My Night", .md5 = "ff112233445566778899aabbccddeeff"},
+    {.path = "x/My Night.wsz", .name = "My Night", .md5 = "FF112233445566778899AABBCCDDEEFF"},
     {.path = "y/Night.wsz",    .name = "Night",    .md5 = ""                                },
     {.path = "a.zip",          .name = "a",        .md5 = ""                                },
     {.path = "parse.wsz",      .name = "parse",    .md5 = ""                                },
@@ -59,4 +59,19 @@ TEST(CrashedSkins, FindsTheSkinThatALogIsAbout)
     };
     for (const auto& row : rows)
         EXPECT_EQ(found(row.file, row.text), row.expected) << row.file << ": " << row.text;
+}
+
+// Logs of programs say the same again and again, and may never end a line.
+TEST(CrashedSkins, FindsItSoonInALogFullOfHits)
+{
+    std::vector<Skin> many(20'000);
+    for (std::size_t i = 0; i < many.size(); ++i)
+        many[i] = {.path = "folder/q" + std::to_string(i) + ".wsz", .name = "Zebra"};
+    std::vector<const Skin*> pointers;
+    for (const Skin& skin : many)
+        pointers.push_back(&skin);
+    std::string text;
+    for (int i = 0; i < 20'000; ++i)
+        text += "folder ";
+    EXPECT_EQ(CrashedSkins(pointers).find(CrashLog::of("1.log", text + "folder/q7.wsz")), 7U);
 }

@@ -105,6 +105,17 @@ TEST_F(ThumbnailerTest, WritesThePictureOfEachSize)
     EXPECT_EQ(PNGWriter::read(output)->size(), (Size{128, 54}));
 }
 
+TEST_F(ThumbnailerTest, DrawsWhatASkinLacksThoughItIsLockedIn)
+{
+    const auto lacking = folder.write(
+        "lacking.wsz",
+        SkinBuilder().sheet("main.bmp", support::solidImage({275, 116}, {1, 2, 3})).zip());
+    const auto outcome = thumbnailer({lacking.string(), output});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(PNGWriter::read(output), provided(lacking, 128));
+}
+
 TEST_F(ThumbnailerTest, NeverExceedsTheSizeAskedFor)
 {
     for (int size = ThumbnailerOptions::smallestSize; size <= ThumbnailerOptions::largestSize;

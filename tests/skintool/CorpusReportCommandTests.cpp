@@ -118,19 +118,25 @@ TEST_F(CorpusReportCommand, NeverOverwritesWhatItReads)
     const auto env = folder.write("env.json", bytes("{}")).string();
     std::filesystem::create_directory(folder / "logs");
     std::filesystem::create_hard_link(folder / "results.jsonl", folder / "link");
+    std::filesystem::create_symlink("report.md", folder / "dangling");
+    std::filesystem::create_symlink("logs/x", folder / "into logs");
     struct Row {
         std::vector<std::string> arguments;
         std::string error;
     };
     const Row rows[] = {
         {{"--markdown", path("results.jsonl")},
-         path("results.jsonl") + ": is the results file itself"                                                  },
-        {{"--json", path("link")},                              path("link") + ": is the results file itself"    },
-        {{"--env", env, "--json", env},                         env + ": is the environment's description itself"},
+         path("results.jsonl") + ": is the results file itself"                                                     },
+        {{"--json", path("link")},                                 path("link") + ": is the results file itself"    },
+        {{"--env", env, "--json", env},                            env + ": is the environment's description itself"},
         {{"--crashes", path("logs"), "--json", path("logs/x")},
-         path("logs/x") + ": would stand among the crash logs"                                                   },
+         path("logs/x") + ": would stand among the crash logs"                                                      },
         {{"--json", path("./report.md")},
-         path("./report.md") + ": is named for both the report and the summary"                                  },
+         path("./report.md") + ": is named for both the report and the summary"                                     },
+        {{"--json", path("dangling")},
+         path("dangling") + ": is named for both the report and the summary"                                        },
+        {{"--crashes", path("logs"), "--json", path("into logs")},
+         path("into logs") + ": would stand among the crash logs"                                                   },
     };
     const auto results = support::readFile(folder / "results.jsonl");
     for (const auto& row : rows)
