@@ -21,16 +21,16 @@ skinkit_find_library(Dependency::seccomp seccomp.h libseccomp.a seccomp)
 
 find_package(nlohmann_json REQUIRED)
 
-# Links a program without any shared library where the system has all of them static (and the
-# compiler's flags allow it, which sanitizers do not), else without a shared C++ runtime. Loading
+# Links a program without any shared library where the system has all of them static (and such a
+# program runs, which sanitizers prevent), else without a shared C++ runtime. Loading
 # and relocating them is a third of what a program costs that is done in milliseconds. The program is
 # still loaded anywhere, since it reads files that nobody vouches for; that costs 0.06 ms.
-include(CheckCXXSourceCompiles)
+include(CheckCXXSourceRuns)
 function(skinkit_link_statically target)
   get_property(CMAKE_REQUIRED_LIBRARIES GLOBAL PROPERTY dependencyFiles)
   set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie)
-  check_cxx_source_compiles("int main() {}" canLinkStaticPIE)
-  if(canLinkStaticPIE)
+  check_cxx_source_runs("int main() {}" canRunStaticPIE)
+  if(canRunStaticPIE)
     target_link_options(${target} PRIVATE -static-pie)
   else()
     target_link_options(${target} PRIVATE -static-libstdc++ -static-libgcc)
