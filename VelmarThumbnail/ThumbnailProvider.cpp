@@ -27,11 +27,14 @@ RectF inDevicePixels(const RectF& rect, double scale)
             devicePixels(rect.width, scale), devicePixels(rect.height, scale)};
 }
 
-// Rounds halves away from zero. What lies farther out than any raster stays out there.
+// Rounds halves away from zero, those, too, that the way through points left a hair below. What
+// lies farther out than any raster stays out there.
 int nearestPixel(double coordinate)
 {
     constexpr double farthest = 1 << 30;
-    return static_cast<int>(std::clamp(std::round(coordinate), -farthest, farthest));
+    constexpr double hair = 1e-6;
+    const double rounded = std::round(coordinate + std::copysign(hair, coordinate));
+    return static_cast<int>(std::clamp(rounded, -farthest, farthest));
 }
 
 // Only in a context of another scale than the request's is the rectangle not the image's own size.

@@ -86,6 +86,8 @@ std::optional<Failure> run(const ThumbnailerOptions& options)
     std::error_code ignored;
     if (std::filesystem::equivalent(options.input, options.output, ignored))
         return Failure{options.output, "is the skin itself"};
+    if (SkinArchive::isFileOfFolder(options.output, options.input))
+        return Failure{options.output, "is a file of the skin"};
     auto output = Files::OutputFile::open(options.output);
     if (!output)
         return Failure{options.output, output.error().message()};

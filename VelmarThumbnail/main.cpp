@@ -32,7 +32,7 @@ Options:
   --version   the version
 
 Writes a PNG file into OUTPUT as it stands, without replacing it; after a failure it
-is empty. A name that begins with "-" is written "./-name", and so is one that
+is empty, or as it was. A name that begins with "-" is written "./-name", and so is one that
 begins with "file:". Exit status: 0 done; 2 trouble.
 )";
 

@@ -27,24 +27,12 @@ std::optional<std::filesystem::path> outputPath(const PreviewOptions& options)
     return name + (options.mhtml ? ".mhtml" : ".html");
 }
 
-// Whether `path` leads to a file that is read as part of the skin in `folder`.
-bool isFileOfSkin(const std::filesystem::path& path, const std::filesystem::path& folder)
-{
-    std::error_code error;
-    const auto file = std::filesystem::canonical(path, error);
-    if (error || !Paths::isSame(file.parent_path(), folder))
-        return false;
-    const auto extension = Unicode::lowercased(file.extension().string());
-    return !extension.empty() &&
-           SkinArchive::Limits().allowedExtensions.contains(extension.substr(1));
-}
-
 // Why the page can't go where it should; nothing when it can.
 std::optional<std::string> conflict(const std::filesystem::path& output, const std::string& input)
 {
     if (Paths::isSame(output, input))
         return "is the skin itself";
-    if (isFileOfSkin(output, input))
+    if (SkinArchive::isFileOfFolder(output, input))
         return "is a file of the skin";
     return std::nullopt;
 }

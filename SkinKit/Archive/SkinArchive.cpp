@@ -146,6 +146,18 @@ SkinArchive::Table readFolder(const std::filesystem::path& folder,
 
 }
 
+bool SkinArchive::isFileOfFolder(const std::filesystem::path& file,
+                                 const std::filesystem::path& skin)
+{
+    std::error_code error;
+    const auto target = std::filesystem::canonical(file, error);
+    if (error || !std::filesystem::equivalent(target.parent_path(), skin, error))
+        return false;
+    const std::string name = Unicode::lowercased(target.filename().string());
+    const auto extension = pathExtension(name);
+    return extension && Limits().allowedExtensions.contains(*extension);
+}
+
 SkinArchive::SkinArchive(const Table& files) : entryCount_(std::ssize(files))
 {
     for (const auto& [name, bytes] : files)

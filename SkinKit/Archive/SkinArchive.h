@@ -49,6 +49,10 @@ public:
         return open(bytes, Limits{});
     }
 
+    // Whether `file` is one that opening the folder `skin` reads.
+    static bool isFileOfFolder(const std::filesystem::path& file,
+                               const std::filesystem::path& skin);
+
     // An archive of files that somebody already has; names are lower-cased, no limits apply. Of two
     // names that differ only in case the first in byte order is kept.
     explicit SkinArchive(const Table& files);

@@ -87,6 +87,13 @@ constexpr scmp_arg_cmp lacks(unsigned argument, int mask)
     return {argument, SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(mask), 0};
 }
 
+// All of the bits of `mask` are set.
+constexpr scmp_arg_cmp has(unsigned argument, int mask)
+{
+    const auto bits = static_cast<scmp_datum_t>(mask);
+    return {argument, SCMP_CMP_MASKED_EQ, bits, bits};
+}
+
 bool filterSystemCalls(int output)
 {
     Filter filter;
@@ -98,7 +105,7 @@ bool filterSystemCalls(int output)
 
     filter.allow(SCMP_SYS(futex)); // what is computed once is guarded, even with one thread
     filter.allow(SCMP_SYS(brk));
-    filter.allow(SCMP_SYS(mmap), {lacks(2, PROT_EXEC)});
+    filter.allow(SCMP_SYS(mmap), {lacks(2, PROT_EXEC), has(3, MAP_ANONYMOUS)}); // no file's
     filter.allow(SCMP_SYS(mprotect), {lacks(2, PROT_EXEC)});
     for (const int call : {SCMP_SYS(munmap), SCMP_SYS(mremap), SCMP_SYS(madvise)})
         filter.allow(call);

@@ -72,6 +72,10 @@ TEST_F(SandboxTest, LetsTheProcessDoNothingButComputeAndWriteItsOutput)
         {"rename a file",         [&] { return ::rename(path.c_str(), (folder / "x").c_str()); }            },
         {"remove a file",         [&] { return ::unlink(path.c_str()); }                                    },
         {"read",                  [&] { return ::pread(output, &byte, 1, 0); }                              },
+        {"map a file",
+         [&] {
+             return ::mmap(nullptr, 1, PROT_READ, MAP_SHARED, output, 0) == MAP_FAILED ? -1 : 0;
+         }                                                                                                  },
         {"write elsewhere",       [&] { return ::write(other, "x", 1); }                                    },
         {"duplicate",             [&] { return ::dup(output); }                                             },
         {"start a process",       [&] { return ::fork(); }                                                  },

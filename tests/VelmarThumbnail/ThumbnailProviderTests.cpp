@@ -117,6 +117,18 @@ TEST_F(ThumbnailProviderTest, CentresTheWindowInALargerMinimum)
     expected.draw(window(3), Point{100, 338});
     EXPECT_EQ(sharp->image(2), expected.image());
 
+    // At (12.5, 92), which 1.5 pixels a point can't quite say.
+    const auto between = ask({
+                                 skin, {200, 200},
+                                  {200, 200},
+                                  1.5
+    })
+                             .reply;
+    ASSERT_TRUE(between);
+    Canvas expectedBetween({300, 300});
+    expectedBetween.draw(window(1), Point{13, 92});
+    EXPECT_EQ(between->image(1.5), expectedBetween.image());
+
     // Smoothly, the 27 rows stand half a pixel lower than whole ones.
     const auto smooth = ask({
                                 skin, {64, 64},

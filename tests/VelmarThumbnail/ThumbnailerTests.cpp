@@ -210,6 +210,15 @@ TEST_F(ThumbnailerTest, RefusesFilesThatItCantUse)
 }
 
 // Whatever a skin holds: a picture or an empty file, in a fraction of the limits.
+TEST_F(ThumbnailerTest, LeavesTheFilesOfAnUnpackedSkinAlone)
+{
+    std::filesystem::create_directory(folder / "unpacked");
+    const auto sheet = folder.write("unpacked/main.bmp", bytes("a sheet")).string();
+    EXPECT_EQ(thumbnailer({(folder / "unpacked").string(), sheet}).err,
+              "velmar-thumbnailer: " + sheet + ": is a file of the skin\n");
+    EXPECT_EQ(readFile(sheet), bytes("a sheet"));
+}
+
 TEST_F(ThumbnailerTest, SpendsNoMoreThanItsLimitsOnHostileFiles)
 {
     // The largest sheets that are read, each but a few bytes in the archive.
