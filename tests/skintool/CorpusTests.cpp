@@ -77,6 +77,24 @@ protected:
             fs::resize_file(out / "results.jsonl", size - std::min(size, bytes));
     }
 
+    static constexpr int mostKills = 1000;
+
+    // Kills the run at random moments, tearing its last line, until one ends by itself; how often.
+    int killUntilDone(std::chrono::duration<double> longestLife)
+    {
+        for (int kills = 0; kills < mostKills; ++kills) {
+            const auto life = longestLife * std::uniform_real_distribution<double>(0, 1)(random_);
+            const auto outcome =
+                support::runAndKill(SKINTOOL_PROGRAM, command({"--resume"}),
+                                    std::chrono::duration_cast<std::chrono::microseconds>(life));
+            if (outcome.status == 0)
+                return kills;
+            EXPECT_EQ(outcome.status, 128 + SIGKILL) << outcome.err;
+            tearLastLine(random_() % 40);
+        }
+        return mostKills;
+    }
+
     // The results by path, without what no two runs have in common. Fails when a path has two.
     std::map<std::string, CorpusRecord> results() const
     {
@@ -95,6 +113,9 @@ protected:
     const TemporaryFolder folder;
     const fs::path skins = folder / "skins";
     const fs::path out = folder / "out";
+
+private:
+    std::mt19937 random_{20240717};
 };
 
 }
@@ -182,24 +203,14 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
     ASSERT_EQ(run().status, 0);
     const auto undisturbedTime = Clock::now() - start;
     const auto undisturbed = results();
-    fs::remove_all(out);
 
-    std::mt19937 random(20240717);
-    std::uniform_real_distribution<double> share(0, 0.2);
+    // Killed sooner when that was too seldom: the first run may have been a slow one.
     int kills = 0;
-    Outcome outcome;
-    do {
-        outcome = support::runAndKill(
-            SKINTOOL_PROGRAM, command({"--resume"}),
-            std::chrono::duration_cast<std::chrono::microseconds>(undisturbedTime * share(random)));
-        if (outcome.status == 0)
-            break;
-        ++kills;
-        tearLastLine(random() % 40);
-        ASSERT_TRUE(outcome.status == 0 || outcome.status == 128 + SIGKILL) << outcome.err;
-        ASSERT_LT(kills, 1000);
-    } while (true);
-    EXPECT_GT(kills, 3);
+    for (auto longestLife = undisturbedTime / 5; kills <= 3; longestLife /= 4) {
+        fs::remove_all(out);
+        kills = killUntilDone(std::chrono::duration<double>(longestLife));
+        ASSERT_LT(kills, mostKills);
+    }
 
     int crashes = 0;
     const auto found = results();
