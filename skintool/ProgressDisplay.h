@@ -14,8 +14,6 @@ class ProgressDisplay {
 public:
     ProgressDisplay();
 
-    bool isLive() const { return live_.has_value(); }
-
     // The numbers after a step; `done` = 0 begins something new.
     void advance(const SkinKit::ProgressBar::Numbers& numbers);
     // A line where there is no live one.

@@ -9,7 +9,6 @@
 
 #include <cerrno>
 #include <string>
-#include <utility>
 
 namespace SkinKit {
 namespace {
@@ -34,34 +33,23 @@ Files::Result<Journal> Journal::open(const std::filesystem::path& path)
     constexpr int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
     Journal journal(::open(path.c_str(), flags, 0666));
     struct ::stat status{};
-    if (journal.descriptor_ < 0 || ::fstat(journal.descriptor_, &status) != 0)
+    if (journal.descriptor_.number() < 0 || ::fstat(journal.descriptor_.number(), &status) != 0)
         return std::unexpected(lastError());
     if (!S_ISREG(status.st_mode))
         return std::unexpected(std::make_error_code(std::errc::not_supported));
     if (const auto error = journal.lock())
         return std::unexpected(error);
     // Looked at again: who had the lock before may have written meanwhile.
-    if (::fstat(journal.descriptor_, &status) != 0)
+    if (::fstat(journal.descriptor_.number(), &status) != 0)
         return std::unexpected(lastError());
     journal.size_ = status.st_size;
     synchronizeFolder(path.parent_path());
     return journal;
 }
 
-Journal::Journal(Journal&& other) noexcept
-    : descriptor_(std::exchange(other.descriptor_, -1)), size_(other.size_)
-{
-}
-
-Journal::~Journal()
-{
-    if (descriptor_ >= 0)
-        ::close(descriptor_);
-}
-
 std::error_code Journal::lock()
 {
-    if (::flock(descriptor_, LOCK_EX | LOCK_NB) == 0)
+    if (::flock(descriptor_.number(), LOCK_EX | LOCK_NB) == 0)
         return {};
     if (errno == EWOULDBLOCK)
         return std::make_error_code(std::errc::device_or_resource_busy);
@@ -73,14 +61,14 @@ std::error_code Journal::lock()
 std::error_code Journal::closeCutLine()
 {
     char last = '\n';
-    if (size_ > 0 && ::pread(descriptor_, &last, 1, size_ - 1) < 0)
+    if (size_ > 0 && ::pread(descriptor_.number(), &last, 1, size_ - 1) < 0)
         return lastError();
     return last == '\n' ? std::error_code{} : append("");
 }
 
 std::error_code Journal::cut(std::int64_t size)
 {
-    if (::ftruncate(descriptor_, size) != 0)
+    if (::ftruncate(descriptor_.number(), size) != 0)
         return lastError();
     size_ = size;
     return {};
@@ -90,12 +78,12 @@ std::error_code Journal::append(std::string_view line)
 {
     std::string text(line);
     text += '\n';
-    if (const auto error = writeFully(descriptor_, asBytes(text))) {
+    if (const auto error = writeFully(descriptor_.number(), asBytes(text))) {
         cut(size_);
         return error;
     }
     struct ::stat status{};
-    if (::fdatasync(descriptor_) != 0 || ::fstat(descriptor_, &status) != 0)
+    if (::fdatasync(descriptor_.number()) != 0 || ::fstat(descriptor_.number(), &status) != 0)
         return lastError();
     size_ += std::ssize(text);
     return status.st_nlink == 0 ? std::make_error_code(std::errc::no_such_file_or_directory)

@@ -17,10 +17,6 @@ public:
     // std::errc::device_or_resource_busy while another process has it.
     static Files::Result<Journal> open(const std::filesystem::path& path);
 
-    Journal(Journal&& other) noexcept;
-    Journal& operator=(Journal&&) = delete;
-    ~Journal();
-
     // Bytes.
     std::int64_t size() const { return size_; }
 
@@ -37,7 +33,7 @@ private:
 
     std::error_code lock();
 
-    int descriptor_;
+    Files::Descriptor descriptor_;
     std::int64_t size_ = 0;
 };
 
