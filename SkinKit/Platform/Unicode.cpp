@@ -5,14 +5,38 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 
 namespace SkinKit::Unicode {
 namespace {
 
+// How many bytes at the front are ASCII. Looks at eight at a time, since texts may be long.
+std::size_t lengthOfASCII(std::string_view text)
+{
+    constexpr std::uint64_t upperHalf = 0x8080808080808080;
+    std::size_t length = 0;
+    for (std::uint64_t word = 0; text.size() - length >= sizeof word; length += sizeof word) {
+        std::memcpy(&word, text.data() + length, sizeof word);
+        if ((word & upperHalf) != 0)
+            break;
+    }
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80)
+        ++length;
+    return length;
+}
+
 bool isASCII(std::string_view text)
 {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return lengthOfASCII(text) == text.size();
+}
+
+// Takes the ASCII off the front.
+std::string_view takeASCII(ByteView& bytes)
+{
+    const auto taken = asText(bytes).substr(0, lengthOfASCII(asText(bytes)));
+    bytes = bytes.subspan(taken.size());
+    return taken;
 }
 
 constexpr bool isWithin(std::uint8_t byte, std::uint8_t low, std::uint8_t high)
@@ -68,7 +92,7 @@ Part firstPart(ByteView bytes)
 
 bool isWellFormed(ByteView bytes)
 {
-    while (!bytes.empty()) {
+    for (takeASCII(bytes); !bytes.empty(); takeASCII(bytes)) {
         const Part part = firstPart(bytes);
         if (!part.wellFormed)
             return false;
@@ -106,12 +130,12 @@ static_assert(lowerSigns.size() == 32 && upperSigns.size() == 128);
 
 std::string repaired(ByteView bytes)
 {
-    if (isASCII(asText(bytes)))
-        return std::string(asText(bytes));
-
     std::string text;
     text.reserve(bytes.size());
-    while (!bytes.empty()) {
+    while (true) {
+        text += takeASCII(bytes);
+        if (bytes.empty())
+            return text;
         const Part part = firstPart(bytes);
         if (part.wellFormed)
             text += asText(bytes.first(part.length));
@@ -119,27 +143,29 @@ std::string repaired(ByteView bytes)
             append(text, replacementCharacter);
         bytes = bytes.subspan(part.length);
     }
-    return text;
 }
 
 std::optional<std::string> fromUTF8(ByteView bytes)
 {
-    const std::string_view text = asText(bytes);
-    return isASCII(text) || isWellFormed(bytes) ? std::optional<std::string>(text) : std::nullopt;
+    return isWellFormed(bytes) ? std::optional<std::string>(asText(bytes)) : std::nullopt;
 }
 
 std::optional<std::string> fromWindows1252(ByteView bytes)
 {
     std::string text;
     text.reserve(bytes.size());
-    for (const std::uint8_t byte : bytes) {
-        const bool isControl = isWithin(byte, 0x80, 0x9F);
+    while (true) {
+        text += takeASCII(bytes);
+        if (bytes.empty())
+            return text;
+        const std::uint8_t byte = bytes.front();
+        const bool isControl = byte <= 0x9F;
         const char32_t codePoint = isControl ? windows1252[byte - 0x80U] : byte;
         if (isControl && codePoint == undefined)
             return std::nullopt;
         append(text, codePoint);
+        bytes = bytes.subspan(1);
     }
-    return text;
 }
 
 std::string fromCodePage437(ByteView bytes)
