@@ -1,12 +1,15 @@
 #include "SkinKit/Platform/Unicode.h"
 
+#include "SkinKit/Platform/Check.h"
+
 #include <utf8proc.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <compare>
 #include <cstring>
-#include <new>
+#include <iterator>
+#include <span>
 
 namespace SkinKit::Unicode {
 namespace {
@@ -125,6 +128,55 @@ constexpr std::u16string_view upperSigns = u"ÇüéâäàåçêëèïîìÄÅ"
                                            u"αßΓπΣσµτΦΘΩδ∞φε∩"
                                            u"≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
 static_assert(lowerSigns.size() == 32 && upperSigns.size() == 128);
+
+using CodePoints = std::vector<utf8proc_int32_t>;
+
+constexpr auto composing = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
+
+// Every character taken apart into its letter and its marks.
+CodePoints decomposed(std::string_view text)
+{
+    CodePoints codePoints;
+    while (!text.empty()) {
+        utf8proc_int32_t parts[8]; // four is the most that the standard has
+        int lastClass = 0;
+        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(takeFirst(text)),
+                                                   parts, std::ssize(parts), composing, &lastClass);
+        check(count >= 0 && count <= std::ssize(parts), "a character of too many parts");
+        codePoints.insert(codePoints.end(), parts, parts + count);
+    }
+    return codePoints;
+}
+
+struct Mark {
+    int markClass;
+    std::size_t place;
+    utf8proc_int32_t codePoint;
+
+    auto operator<=>(const Mark&) const = default;
+};
+
+// The canonical order: the marks behind a letter by their class, those of one class as they come.
+// The library's own way of sorting them takes seconds for some ten thousand marks in a row, which
+// the titles of songs may have.
+void putMarksInOrder(CodePoints& codePoints)
+{
+    std::vector<Mark> marks; // behind the last letter
+    const auto writeSorted = [&](std::size_t end) {
+        std::ranges::sort(marks);
+        for (std::size_t i = 0; i < marks.size(); ++i)
+            codePoints[end - marks.size() + i] = marks[i].codePoint;
+        marks.clear();
+    };
+    for (std::size_t i = 0; i < codePoints.size(); ++i) {
+        const int markClass = utf8proc_get_property(codePoints[i])->combining_class;
+        if (markClass != 0)
+            marks.push_back({markClass, i, codePoints[i]});
+        else
+            writeSorted(i);
+    }
+    writeSorted(codePoints.size());
+}
 
 }
 
@@ -255,18 +307,13 @@ std::string composed(std::string_view text)
     if (isASCII(text))
         return std::string(text);
 
-    utf8proc_uint8_t* mapped = nullptr;
-    const auto length =
-        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                     static_cast<utf8proc_ssize_t>(text.size()), &mapped,
-                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
-    if (length < 0) {
-        if (length == UTF8PROC_ERROR_NOMEM)
-            throw std::bad_alloc();
-        return std::string(text);
-    }
-    std::string result(reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(length));
-    std::free(mapped);
+    auto codePoints = decomposed(text);
+    putMarksInOrder(codePoints);
+    const auto length = utf8proc_normalize_utf32(
+        codePoints.data(), static_cast<utf8proc_ssize_t>(codePoints.size()), composing);
+    std::string result;
+    for (const auto codePoint : std::span(codePoints).first(static_cast<std::size_t>(length)))
+        append(result, static_cast<char32_t>(codePoint));
     return result;
 }
 
