@@ -23,6 +23,8 @@ void requireSound(const CorpusSummary& summary)
          {summary.okRate, summary.partialRate, summary.failedRate, summary.completeRate})
         fuzzing::require(rate >= 0 && rate <= 1);
     fuzzing::require(std::ssize(summary.crashed) == summary.counts.abnormalEnds());
+    for (const auto& log : summary.crashLogs)
+        fuzzing::require(!log.place || *log.skin == summary.crashed[*log.place]);
     fuzzing::require(JSON::parse(summary.json().text()).has_value());
 
     // No text of a record makes a line of its own.
@@ -45,7 +47,8 @@ void requireSound(const CorpusHistory& history, const std::vector<CorpusRecord>&
 
 }
 
-// The lines of a results file, each alone and all of them summed up.
+// The lines of a results file, each alone and all of them summed up. They serve as a crash log,
+// too.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     std::vector<CorpusRecord> records;
@@ -62,7 +65,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     if (records.empty())
         return 0;
-    requireSound(CorpusReport::summarize(records, std::nullopt, 3, 1, {}));
+    const CrashLog log = CrashLog::of("a.txt", asText({data, size}));
+    requireSound(CorpusReport::summarize(records, std::nullopt, 3, 1, {&log, 1}));
     requireSound(CorpusHistory::of(records), records);
     return 0;
 }

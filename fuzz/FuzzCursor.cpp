@@ -1,6 +1,7 @@
 #include "SkinKit/Cursors/CursorPicture.h"
 #include "SkinKit/Cursors/SkinCursors.h"
 #include "fuzz/Fuzzing.h"
+#include "fuzz/PNGChecksums.h"
 
 #include <algorithm>
 
@@ -61,7 +62,7 @@ std::int64_t pixelsOf(const AnimatedCursor& cursor)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const ByteView file(data, size);
+    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
     const auto cursor = SkinCursors::decode(file);
     fuzzing::require(SkinCursors::decode(file) == cursor);
     if (!cursor)

@@ -9,6 +9,7 @@
 #include "SkinKit/Tooling/SkinInfo.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
 #include "fuzz/Fuzzing.h"
+#include "fuzz/PNGChecksums.h"
 
 #include <algorithm>
 #include <optional>
@@ -146,7 +147,8 @@ std::int64_t pixelsOf(const Skin& skin)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const SkinArchive::Limits limits{.maxEntryBytes = 1 << 17, .maxTotalBytes = 1 << 19};
-    const auto archive = SkinArchive::open(ByteView(data, size), limits);
+    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
+    const auto archive = SkinArchive::open(file, limits);
     const auto skin = archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
     if (!skin) {
         fuzzing::require(!skin.error().description().empty());

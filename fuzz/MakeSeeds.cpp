@@ -69,26 +69,6 @@ void writeBMPs(const SeedFolder& folder)
     folder.write("masked.bmp", masked.bytes());
 }
 
-void writeCursors(const SeedFolder& folder)
-{
-    const std::vector<std::string_view> mask(7, "##---###---##");
-    std::vector<CurEntry> entries;
-    for (const int bitCount : {4, 8, 16, 24, 32})
-        entries.push_back({.picture = cursorPicture(encodeBMP(smallPicture(), bitCount), mask)});
-    folder.write("depths.cur", CurFile{entries}.bytes());
-    folder.write("icons.ico", CurFile{entries, 1}.bytes());
-    const ByteBuffer png = *SkinKit::PNGCodec::encode(smallPicture());
-    folder.write("png.cur", curFile(png, {3, 4}));
-    BMPFile alpha{.width = 2, .height = -1, .bitCount = 32};
-    append32(alpha.pixels, 0x80FF0000);
-    append32(alpha.pixels, 0xFF00FF00);
-    AniFile animation;
-    animation.frames = {curFile(cursorPicture(alpha.bytes())), png, entries[0].picture};
-    animation.sequence = {0, 2, 1, 9};
-    animation.rates = {6, 0};
-    folder.write("moving.ani", animation.bytes());
-}
-
 void writeArchives(const SeedFolder& folder)
 {
     ZipWriter plain;
@@ -102,6 +82,13 @@ void writeArchives(const SeedFolder& folder)
     lying.add({.name = "b.txt", .data = bytes("b"), .flags = 1});
     lying.add({.name = "c.txt", .data = bytes("c"), .method = 12});
     folder.write("lying.zip", lying.bytes());
+    ZipWriter spent;
+    std::string name = "a.txt";
+    for (const std::size_t size : {4096UZ, 4096UZ, 1808UZ, 1UZ}) {
+        spent.add(name, ByteBuffer(size, 7));
+        ++name[0];
+    }
+    folder.write("spent.zip", spent.bytes());
     ZipWriter large;
     large.add({.name = "\x8E.txt", .data = bytes("64 bits"), .hasLargeNumbers = true});
     ByteBuffer embedded = bytes("something in front");
@@ -176,6 +163,37 @@ ByteBuffer pngFile(std::uint8_t depth, std::uint8_t colorType, bool isInterlaced
     return file;
 }
 
+void writeCursors(const SeedFolder& folder)
+{
+    const std::vector<std::string_view> mask(7, "##---###---##");
+    std::vector<CurEntry> entries;
+    for (const int bitCount : {4, 8, 16, 24, 32})
+        entries.push_back({.picture = cursorPicture(encodeBMP(smallPicture(), bitCount), mask)});
+    folder.write("depths.cur", CurFile{entries}.bytes());
+    folder.write("icons.ico", CurFile{entries, 1}.bytes());
+    const ByteBuffer png = *SkinKit::PNGCodec::encode(smallPicture());
+    folder.write("png.cur", curFile(png, {3, 4}));
+    struct Kind {
+        std::string_view name;
+        std::uint8_t colorType;
+    };
+    for (const auto& [name, colorType] : {
+             Kind{"gray",       0},
+             Kind{"rgb",        2},
+             Kind{"palette",    3},
+             Kind{"gray-alpha", 4}
+    })
+        folder.write(std::string(name) + ".cur", curFile(pngFile(8, colorType, false), {1, 1}));
+    BMPFile alpha{.width = 2, .height = -1, .bitCount = 32};
+    append32(alpha.pixels, 0x80FF0000);
+    append32(alpha.pixels, 0xFF00FF00);
+    AniFile animation;
+    animation.frames = {curFile(cursorPicture(alpha.bytes())), png, entries[0].picture};
+    animation.sequence = {0, 2, 1, 9};
+    animation.rates = {6, 0};
+    folder.write("moving.ani", animation.bytes());
+}
+
 void writePNGs(const SeedFolder& folder)
 {
     folder.write("opaque.png", *SkinKit::PNGCodec::encode(smallPicture()));
@@ -216,6 +234,9 @@ void writeSkins(const SeedFolder& folder)
     const std::string_view region =
         "[Normal]\nNumPoints=4\nPointList=0,0, 275,0, 200,116, 0,116\n[Equalizer]\nNumPoints=3\n"
         "PointList=0,0 275,0 9,99\n[WindowShade]\nNumPoints=3\nPointList=0,0 275,0 9,14\n";
+    std::string allColors;
+    for (int i = 0; i < 24; ++i)
+        allColors += "1,2,3\n";
     const ByteBuffer picture = encodeBMP(smallPicture(), 8);
     folder.write("small.wsz", SkinBuilder()
                                   .sheet("main.bmp", solidImage({275, 116}, {40, 60, 80}))
@@ -228,13 +249,13 @@ void writeSkins(const SeedFolder& folder)
                  storedZip({
                      {"main.bmp", encodeRLE(smallPicture(), 8)},
                      {"region.txt", bytes(region)},
-                     {"viscolor.txt", bytes("1,2,3\n4 5 6\n")},
+                     {"viscolor.txt", bytes(allColors)},
                      {"pledit.txt", bytes("[Text]\nNormal=#12345\nFont=Ab\n")},
                      {"normal.cur", curFile(cursorPicture(encodeBMP(smallPicture(), 4)))}
     }));
     folder.write("sheets.wsz", storedZip({
                                    {"cbuttons.bmp", picture},
-                                   {"numbers.png", pngFile(8, 6, false)},
+                                   {"nums_ex.png", pngFile(8, 6, false)},
                                    {"text.bmp", picture},
                                    {"titlebar.bmp", picture},
                                    {"volume.bmp", picture},
@@ -263,7 +284,11 @@ void writeCorpus(const std::filesystem::path& root)
                "\n"
                R"({"event":"result","path":"c","restart":1,"status":"crashed"})"
                "\n"
-               R"({"event":"end","t":-5})");
+               R"({"event":"end","t":-5})"
+               "\n"
+               R"({"event":"result","ms":18446744073709551615,"path":"d","status":"timeout"})"
+               "\n"
+               R"({"event":"result","path":"e","status":"modern","warnings":[1]})");
     const SeedFolder logs(root / "CrashLog");
     logs.write("gdb.txt",
                "Thread 2 \"a\" received signal SIGSEGV\n#0  0x01 in S::read (this=0x0, s=\"(\")"
