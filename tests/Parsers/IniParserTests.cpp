@@ -42,10 +42,7 @@ TEST(IniParser, ReadsSectionsAndKeys)
 
 TEST(IniParser, TakesTheQuotesOffTheEndsOfAValue)
 {
-    struct Row {
-        std::string_view value, expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"\"a\"",     "a"    },
         {"'a'",       "a"    },
         {"\"a'",      "a"    },
