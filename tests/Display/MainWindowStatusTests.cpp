@@ -27,15 +27,12 @@ std::string text(const TimeDigits& digits)
 
 TEST(MainWindowStatus, LightsTheIndicatorsOfEachTransport)
 {
-    struct Row {
-        Transport transport;
-        std::optional<std::string_view> indicator, work;
-    };
-    const Row rows[] = {
-        {Transport::stopped, "MAIN_STOPPED_INDICATOR", std::nullopt                },
-        {Transport::loading, std::nullopt,             "MAIN_WORKING_INDICATOR"    },
-        {Transport::playing, "MAIN_PLAYING_INDICATOR", "MAIN_NOT_WORKING_INDICATOR"},
-        {Transport::paused,  "MAIN_PAUSED_INDICATOR",  std::nullopt                },
+    const std::tuple<Transport, std::optional<std::string_view>, std::optional<std::string_view>>
+        rows[] = {
+            {Transport::stopped, "MAIN_STOPPED_INDICATOR", std::nullopt                },
+            {Transport::loading, std::nullopt,             "MAIN_WORKING_INDICATOR"    },
+            {Transport::playing, "MAIN_PLAYING_INDICATOR", "MAIN_NOT_WORKING_INDICATOR"},
+            {Transport::paused,  "MAIN_PAUSED_INDICATOR",  std::nullopt                },
     };
     for (const auto& [transport, indicator, work] : rows) {
         const MainWindowStatus status{.transport = transport};
@@ -47,12 +44,7 @@ TEST(MainWindowStatus, LightsTheIndicatorsOfEachTransport)
 
 TEST(TimeDigits, ShowWholeSecondsUpToAnHourAndMore)
 {
-    struct Row {
-        TimeMode mode;
-        double elapsed, duration;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::tuple<TimeMode, double, double, std::string_view> rows[] = {
         {TimeMode::elapsed,   0,          100,      "0000"},
         {TimeMode::elapsed,   65.9,       100,      "0105"},
         {TimeMode::elapsed,   599.999,    0,        "0959"},
