@@ -220,22 +220,6 @@ TEST(SkinArchive, AllowsTheExtensionsItIsGiven)
     EXPECT_EQ(namesOf(opened(writer, {.allowedExtensions = {}})), Names{});
 }
 
-TEST(SkinArchive, ReadsAFileOfAnySizeAsItReadsMemory)
-{
-    const TemporaryFolder folder;
-    for (const std::size_t padding : {0U, 5U << 20}) {
-        ZipWriter writer;
-        writer.add({.name = "padding.jpg", .data = ofSize(padding), .method = 0})
-            .add("Main.bmp", bytes("content"));
-        const auto path = folder.write("skin.wsz", writer.bytes());
-        const auto archive = SkinArchive::open(path);
-        ASSERT_TRUE(archive);
-        EXPECT_EQ(archive->files(), opened(writer).files());
-        EXPECT_EQ(textOf(*archive, "main.bmp"), "content");
-        EXPECT_EQ(archive->entryCount(), 2);
-    }
-}
-
 TEST(SkinArchive, FailsOnWhatIsNoArchive)
 {
     const TemporaryFolder folder;
@@ -338,3 +322,4 @@ TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)
     EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxTotalBytes = -1})), "negative");
     EXPECT_DEATH(static_cast<void>(SkinArchive::open("/none", {.maxEntryBytes = -1})), "negative");
 }
+

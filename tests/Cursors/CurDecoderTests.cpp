@@ -288,11 +288,7 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
     };
     ByteBuffer reserved = curFile(good);
     reserved[0] = 1;
-    struct Row {
-        std::string_view what;
-        ByteBuffer file;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, ByteBuffer> rows[] = {
         {"no bytes", {}},
         {"no entries", CurFile{}.bytes()},
         {"a type of neither", CurFile{{{.picture = good}}, 3}.bytes()},
@@ -314,8 +310,8 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
         {"the other side", curFile(cursorPicture(encodeBMP(solidImage({1, 257}, {1, 2, 3}), 24)))},
         {"a PNG that is too large", curFile(png(solidImage({257, 1}, {1, 2, 3})))},
     };
-    for (const auto& row : rows)
-        EXPECT_FALSE(CurDecoder::decode(row.file)) << row.what;
+    for (const auto& [what, file] : rows)
+        EXPECT_FALSE(CurDecoder::decode(file)) << what;
 }
 
 TEST(CurDecoder, DecodesNoMorePixelsThanOneFileMayCost)

@@ -25,23 +25,6 @@ std::string text(const TimeDigits& digits)
 
 }
 
-TEST(MainWindowStatus, LightsTheIndicatorsOfEachTransport)
-{
-    const std::tuple<Transport, std::optional<std::string_view>, std::optional<std::string_view>>
-        rows[] = {
-            {Transport::stopped, "MAIN_STOPPED_INDICATOR", std::nullopt                },
-            {Transport::loading, std::nullopt,             "MAIN_WORKING_INDICATOR"    },
-            {Transport::playing, "MAIN_PLAYING_INDICATOR", "MAIN_NOT_WORKING_INDICATOR"},
-            {Transport::paused,  "MAIN_PAUSED_INDICATOR",  std::nullopt                },
-    };
-    for (const auto& [transport, indicator, work] : rows) {
-        const MainWindowStatus status{.transport = transport};
-        EXPECT_EQ(status.indicator(), indicator);
-        EXPECT_EQ(status.workIndicator(), work);
-        EXPECT_EQ(text(status.digits()), transport == Transport::stopped ? "    " : "0000");
-    }
-}
-
 TEST(TimeDigits, ShowWholeSecondsUpToAnHourAndMore)
 {
     const std::tuple<TimeMode, double, double, std::string_view> rows[] = {
@@ -97,3 +80,4 @@ TEST(DigitFont, NamesTheSpriteOfEachDigit)
     EXPECT_EQ(DigitFont::digitSpriteName(9), "DIGIT_9");
     EXPECT_DEATH(static_cast<void>(DigitFont::digitSpriteName(10)), "digit");
 }
+

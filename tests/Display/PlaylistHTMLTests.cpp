@@ -71,25 +71,21 @@ TEST(PlaylistHTML, WritesTheWholePage)
 
 TEST(PlaylistHTML, CountsAddsUpAndAverages)
 {
-    struct Row {
-        std::vector<Entry> entries;
-        std::string_view count, average, length;
+    const std::tuple<std::vector<Entry>, std::string_view, std::string_view, std::string_view>
+        rows[] = {
+            {{},                                   "0</span> tracks in", "0:00",   "0:00"  },
+            {{{"a", 59.9}},                        "1</span> track in",  "0:59",   "0:59"  },
+            {{{"a", 0}, {"b", 10}},                "2</span> tracks in", "0:05",   "0:10"  }, // zero is known
+            {{{"a", std::nullopt}},                "1</span> track in",  "0:00",   "0:00"  },
+            {{{"a", -5}, {"b", 7325}},             "2</span> tracks in", "122:05", "122:05"},
+            {{{"a", infinity}, {"b", notANumber}}, "2</span> tracks in", "0:00",   "0:00"  },
+            {{{"a", huge}, {"b", huge}},           "2</span> tracks in", "",       ""      }, // more than can be told
     };
-    const Row rows[] = {
-        {{},                                   "0</span> tracks in", "0:00",   "0:00"  },
-        {{{"a", 59.9}},                        "1</span> track in",  "0:59",   "0:59"  },
-        {{{"a", 0}, {"b", 10}},                "2</span> tracks in", "0:05",   "0:10"  }, // zero is known
-        {{{"a", std::nullopt}},                "1</span> track in",  "0:00",   "0:00"  },
-        {{{"a", -5}, {"b", 7325}},             "2</span> tracks in", "122:05", "122:05"},
-        {{{"a", infinity}, {"b", notANumber}}, "2</span> tracks in", "0:00",   "0:00"  },
-        {{{"a", huge}, {"b", huge}},           "2</span> tracks in", "",       ""      }, // more than can be told
-    };
-    for (const auto& row : rows) {
-        const auto page = PlaylistHTML::document(row.entries);
-        EXPECT_TRUE(page.contains("<span class=\"t\">" + std::string(row.count))) << page;
-        EXPECT_EQ(between(page, "average track length: <span class=\"t\">", "</span>"),
-                  row.average);
-        EXPECT_EQ(between(page, "Playlist length: <span class=\"t\">", "</span>"), row.length);
+    for (const auto& [entries, count, average, length] : rows) {
+        const auto page = PlaylistHTML::document(entries);
+        EXPECT_TRUE(page.contains("<span class=\"t\">" + std::string(count))) << page;
+        EXPECT_EQ(between(page, "average track length: <span class=\"t\">", "</span>"), average);
+        EXPECT_EQ(between(page, "Playlist length: <span class=\"t\">", "</span>"), length);
     }
 }
 
@@ -125,6 +121,6 @@ TEST(PlaylistHTML, StaysWellFormedWhateverTheNames)
     std::string list = rows(PlaylistHTML::document(entries));
     for (const std::string_view own : {"<li>", "</li>", "&amp;", "&lt;", "&gt;", "&quot;", "&#39;"})
         for (auto at = list.find(own); at != list.npos; at = list.find(own, at))
-            list.replace(at, own.size(), " ");
+            list.replace(at, own.size(), own.size(), ' ');
     EXPECT_EQ(list.find_first_of("<>&\"'"), list.npos) << list;
 }

@@ -118,13 +118,8 @@ TEST(PlaylistLayout, ClosesTheFrameAtEverySize)
 
 TEST(PlaylistLayout, OpensMenusUpwardsFromTheirButtons)
 {
-    struct Row {
-        Menu menu;
-        std::string_view bar, first, last;
-        std::size_t count;
-    };
     // clang-format off
-    const Row rows[] = {
+    const std::tuple<Menu, std::string_view, std::string_view, std::string_view, std::size_t> rows[] = {
         {Menu::add, "PLAYLIST_ADD_MENU_BAR", "PLAYLIST_ADD_URL", "PLAYLIST_ADD_FILE", 3},
         {Menu::remove, "PLAYLIST_REMOVE_MENU_BAR", "PLAYLIST_REMOVE_MISC",
          "PLAYLIST_REMOVE_SELECTED", 4},

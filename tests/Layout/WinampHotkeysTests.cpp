@@ -88,12 +88,7 @@ TEST(WinampHotkeys, SeeksWithinTheTrack)
 {
     constexpr auto back = SeekDirection::back;
     constexpr auto forward = SeekDirection::forward;
-    struct Row {
-        double elapsed, duration;
-        SeekDirection direction;
-        std::optional<double> expected;
-    };
-    const Row rows[] = {
+    const std::tuple<double, double, SeekDirection, std::optional<double>> rows[] = {
         {60,         180,        forward, 65          },
         {60,         180,        back,    55          },
         {3,          180,        back,    0           },
@@ -111,21 +106,16 @@ TEST(WinampHotkeys, SeeksWithinTheTrack)
         {-infinity,  180,        forward, 0           },
         {notANumber, 180,        forward, 0           },
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(seekTarget(row.elapsed, row.duration, row.direction), row.expected)
-            << row.elapsed << " of " << row.duration;
+    for (const auto& [elapsed, duration, direction, expected] : rows)
+        EXPECT_EQ(seekTarget(elapsed, duration, direction), expected)
+            << elapsed << " of " << duration;
 }
 
 TEST(WinampHotkeys, NudgesTheVolumeWithinItsBounds)
 {
     constexpr auto up = VolumeDirection::up;
     constexpr auto down = VolumeDirection::down;
-    struct Row {
-        float volume;
-        VolumeDirection direction;
-        float expected;
-    };
-    const Row rows[] = {
+    const std::tuple<float, VolumeDirection, float> rows[] = {
         {0.5F,                           up,   0.5F + 0.01F},
         {0.5F,                           down, 0.5F - 0.01F},
         {0.995F,                         up,   1           },
@@ -137,8 +127,8 @@ TEST(WinampHotkeys, NudgesTheVolumeWithinItsBounds)
         {static_cast<float>(infinity),   up,   1           },
         {static_cast<float>(notANumber), up,   0           },
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(nudgedVolume(row.volume, row.direction), row.expected) << row.volume;
+    for (const auto& [volume, direction, expected] : rows)
+        EXPECT_EQ(nudgedVolume(volume, direction), expected) << volume;
     EXPECT_EQ(seekStep, 5.0);
     EXPECT_EQ(volumeStep, 0.01F);
 }

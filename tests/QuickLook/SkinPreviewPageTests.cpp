@@ -173,7 +173,7 @@ TEST(SkinPreviewPage, CutsALongReadmeBetweenCharacters)
     const std::pair<std::string, std::string> rows[] = {
         {whole, whole},
         {whole + "a", whole + "…"},
-        {"a" + r("é", 15000), "a" + r("é", 10239) + "…"},
+        {r("a", 1) + r("é", 15000), r("a", 1) + r("é", 10239) + "…"},
         {r("a", 20477) + "🎵", r("a", 20477) + "…"}, // one byte too long
         {r("a", 20474) + "\uFFFD\uFFFDb", r("a", 20474) + "…"}, // meant so, but at the end
         {r("\uFFFD", 7000), "…"},

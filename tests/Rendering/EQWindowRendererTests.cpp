@@ -163,32 +163,24 @@ TEST(EQWindowRenderer, FollowsEachPartOfTheShadedState)
     for (const auto& change : changes)
         expectChange(skin, state, change);
 
-    struct Row {
-        float volume;
-        std::string_view volumeThumb;
-        int volumeX;
-        float balance;
-        std::string_view balanceThumb;
-        int balanceX;
-    };
     // clang-format off
-    const Row rows[] = {
+    const std::tuple<float, std::string_view, int, float, std::string_view, int> rows[] = {
         {0, "EQ_SHADE_VOLUME_SLIDER_LEFT", 61, 0, "EQ_SHADE_BALANCE_SLIDER_CENTER", 184},
         {1, "EQ_SHADE_VOLUME_SLIDER_RIGHT", 155, 1, "EQ_SHADE_BALANCE_SLIDER_RIGHT", 204},
         {std::nanf(""), "EQ_SHADE_VOLUME_SLIDER_LEFT", 61, -7, "EQ_SHADE_BALANCE_SLIDER_LEFT", 164},
     };
     // clang-format on
-    for (const auto& row : rows) {
+    for (const auto& [volume, volumeThumb, volumeX, balance, balanceThumb, balanceX] : rows) {
         Collage expected(skin, {275, 14});
         expected.add({
-            {"EQ_SHADE_BACKGROUND", {0, 0}           },
-            {row.volumeThumb,       {row.volumeX, 4} },
-            {row.balanceThumb,      {row.balanceX, 4}}
+            {"EQ_SHADE_BACKGROUND", {0, 0}       },
+            {volumeThumb,           {volumeX, 4} },
+            {balanceThumb,          {balanceX, 4}}
         });
         const auto unfocused = with(state, [&](auto& s) {
             s.focused = false;
-            s.volume = row.volume;
-            s.balance = row.balance;
+            s.volume = volume;
+            s.balance = balance;
         });
         expectSame(EQWindowRenderer::render(skin, unfocused, 1, Clip::none),
                    std::move(expected).image());

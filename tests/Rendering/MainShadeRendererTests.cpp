@@ -111,17 +111,6 @@ TEST(MainShadeRenderer, ShowsTheTitleButtonThatIsHeldDown)
         });
 }
 
-TEST(MainShadeRenderer, CountsDownWithASign)
-{
-    const Skin skin = noisySkin();
-    auto state = playing();
-    state.status.timeMode = TimeMode::remaining;
-    const auto clock = miniTimeImage(skin, {"-", "0", "0", "0", "2"});
-    const auto drawn =
-        MainShadeRenderer::render(skin, state, 1, Clip::none).crop({128, 4, 5, 6}); // its sign
-    EXPECT_EQ(drawn, clock->crop({1, 0, 5, 6}));
-}
-
 // A gauge of one bar and one peak, told from the pixels around it by the colours.
 TEST(MainShadeRenderer, DrawsTheVisualizerFinerAboveScale1)
 {
@@ -228,3 +217,4 @@ TEST(MainShadeRenderer, LooksAsItDidOnASample)
     support::expectGolden(MainShadeRenderer::render(*skin, state, 2, Clip::toRegion),
                           "lagoon-shaded-2x");
 }
+

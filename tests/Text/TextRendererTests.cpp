@@ -1,6 +1,5 @@
 #include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Text/TextRenderer.h"
-#include "tests/support/BMPWriter.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
@@ -83,10 +82,3 @@ TEST(TextRenderer, LeavesAGapForTheColonOfTheMiniClock)
             EXPECT_EQ(image->pixel({x, y}), transparentPixel);
 }
 
-TEST(TextRenderer, PutsTheSignWhereTheDigitSheetWantsIt)
-{
-    Skin skin;
-    EXPECT_EQ(minusFrame(skin), (Rect{38, 32, 5, 1}));
-    skin.sheets.emplace("NUMS_EX", support::solidImage({1, 1}, {}));
-    EXPECT_EQ(minusFrame(skin), (Rect{38, 26, 9, 13}));
-}

@@ -283,23 +283,17 @@ TEST_F(Skintool, TellsEverythingAboutASkinAsTextAndAsJSON)
 TEST_F(Skintool, WritesAllWindowsIntoAFolderThatItMakes)
 {
     const auto cut = folder.write("cut.wsz", cutSkin().zip()).string();
-    struct Row {
-        Words arguments;
-        DesktopState state;
-        int scale;
-        Clip clip;
-    };
     // clang-format off
-    const Row rows[] = {
+    const std::tuple<Words, DesktopState, int, Clip> rows[] = {
         {{},                              DesktopState::webampScreenshot(), 1, Clip::toRegion},
         {{"--scale", "2", "--no-region"}, DesktopState::webampScreenshot(), 2, Clip::none},
         {{"--state", "idle"},             DesktopState::idle(),             1, Clip::toRegion},
     };
     // clang-format on
-    for (const auto& row : rows) {
+    for (const auto& [arguments, state, scale, clip] : rows) {
         const auto out = path("made/for/it/");
-        EXPECT_EQ(skintool(joined({"windows", cut, "--out", out}, row.arguments)), silence);
-        const auto expected = windowsOf(*cutSkin().parse(), row.state, row.scale, row.clip);
+        EXPECT_EQ(skintool(joined({"windows", cut, "--out", out}, arguments)), silence);
+        const auto expected = windowsOf(*cutSkin().parse(), state, scale, clip);
         for (const auto& [name, image] : expected)
             EXPECT_EQ(PNGWriter::read(out + name), image) << name;
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(out), {}), 7);
