@@ -2,8 +2,6 @@
 
 #include "SkinKit/Tooling/CommandLine.h"
 
-#include <utility>
-
 namespace SkinKit {
 namespace {
 
@@ -40,12 +38,8 @@ const std::string_view WindowsOptions::usage =
 std::expected<WindowsOptions, WindowsOptions::UsageError>
 WindowsOptions::parse(std::span<const std::string> arguments)
 {
-    auto options =
-        Form{flags, values, "only one <skin.wsz | folder> is accepted", required, "-"}.parse(
-            arguments);
-    if (!options)
-        return std::unexpected(UsageError{std::move(options.error())});
-    return std::move(*options);
+    return Form{flags, values, "only one <skin.wsz | folder> is accepted", required, "-"}.parse(
+        arguments);
 }
 
 }
