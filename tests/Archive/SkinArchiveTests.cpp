@@ -322,4 +322,3 @@ TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)
     EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxTotalBytes = -1})), "negative");
     EXPECT_DEATH(static_cast<void>(SkinArchive::open("/none", {.maxEntryBytes = -1})), "negative");
 }
-

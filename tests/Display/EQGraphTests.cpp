@@ -1,5 +1,4 @@
 #include "SkinKit/Display/EQGraph.h"
-#include "tests/support/BMPWriter.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 using namespace SkinKit;
@@ -80,4 +79,3 @@ TEST(DigitFont, NamesTheSpriteOfEachDigit)
     EXPECT_EQ(DigitFont::digitSpriteName(9), "DIGIT_9");
     EXPECT_DEATH(static_cast<void>(DigitFont::digitSpriteName(10)), "digit");
 }
-

@@ -3,12 +3,10 @@
 #include "SkinKit/Archive/SkinArchive.h"
 #include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Layout/MainSliders.h"
-#include "SkinKit/Parsers/BMPDecoder.h"
 #include "SkinKit/Platform/PNGCodec.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/RequiredSprites.h"
-#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -178,4 +178,3 @@ TEST(MainMenuShortcut, KeepsItsModifiersAsBits)
     EXPECT_TRUE(both.contains(Modifiers::control) && both.contains({}) && both.contains(both));
     EXPECT_FALSE(both.contains(Modifiers::option | Modifiers::control));
 }
-

@@ -6,7 +6,6 @@
 #include "tests/support/Collage.h"
 #include "tests/support/Drawing.h"
 #include "tests/support/Golden.h"
-#include "tests/support/SkinBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -217,4 +216,3 @@ TEST(MainShadeRenderer, LooksAsItDidOnASample)
     support::expectGolden(MainShadeRenderer::render(*skin, state, 2, Clip::toRegion),
                           "lagoon-shaded-2x");
 }
-

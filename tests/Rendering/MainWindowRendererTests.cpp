@@ -1,9 +1,9 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Vis/VisRenderer.h"
+#include "tests/support/BMPWriter.h"
 #include "tests/support/Collage.h"
 #include "tests/support/Drawing.h"
-#include "tests/support/SkinBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -81,4 +81,3 @@ TEST(TextRenderer, LeavesAGapForTheColonOfTheMiniClock)
         for (const int x : {0, 6, 17, 18, 19})
             EXPECT_EQ(image->pixel({x, y}), transparentPixel);
 }
-

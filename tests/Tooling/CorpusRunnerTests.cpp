@@ -2,13 +2,11 @@
 
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/ZipWriter.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <fstream>
 #include <future>
 #include <limits>

@@ -70,4 +70,3 @@ TEST(CrashedSkins, FindsItSoonInALogFullOfHits)
         text += "folder ";
     EXPECT_EQ(CrashedSkins(pointers).find(CrashLog::of("1.log", text + "folder/q7.wsz")), 7U);
 }
-

@@ -1,7 +1,6 @@
 #include "SkinKit/Raster/AreaFilter.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
-#include "tests/support/BMPWriter.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
 
