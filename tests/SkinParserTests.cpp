@@ -36,7 +36,8 @@ SkinBuilder complete()
 
 TEST(SkinParser, HasNothingToSayAboutACompleteSkin)
 {
-    const auto skin = complete().parse();
+    const auto skin =
+        complete().text("Region.TXT", "[Normal]\nNumPoints=3\nPointList=0,0,1,0,1,1").parse();
     ASSERT_TRUE(skin);
     EXPECT_EQ(skin->warnings, Notes{});
     EXPECT_EQ(skin->fallbacks, Notes{});
@@ -46,7 +47,9 @@ TEST(SkinParser, HasNothingToSayAboutACompleteSkin)
         EXPECT_EQ(image.pixel({0, 0}), opaquePixel(SkinBuilder::sheetColor(name))) << name;
     EXPECT_EQ(skin->visColors[23], (RGBColor{1, 2, 3}));
     EXPECT_EQ(skin->playlistStyle.font, "Verdana");
-    EXPECT_EQ(skin->region, SkinRegion{});
+    ASSERT_TRUE(skin->region.normal());
+    EXPECT_EQ(skin->region.normal()->size(), 1U);
+    EXPECT_EQ(complete().parse()->region, SkinRegion{});
 }
 
 TEST(SkinParser, NotesAllThatASkinOfOneSheetLacks)
@@ -82,44 +85,33 @@ TEST(SkinParser, NotesAllThatASkinOfOneSheetLacks)
 
 TEST(SkinParser, NotesEachThingTakenFromACompleteSkin)
 {
-    struct Row {
-        std::vector<std::string_view> removed;
-        std::vector<std::string_view> broken; // after that
-        Notes warnings, fallbacks;
-    };
-    const Row rows[] = {
-        {{"balance.bmp"},                                                              {},                         {},                                                 {"balance.bmp missing; balance slider uses volume.bmp"}  },
-        {{"numbers.bmp"},                                                              {},                         {},                                                 {"numbers.bmp missing; digits use nums_ex.bmp"}          },
-        {{"nums_ex.bmp"},                                                              {},                         {},                                                 {"nums_ex.bmp missing; digits use numbers.bmp"}          },
-        {{"numbers.bmp", "nums_ex.bmp"},
-         {},
-         {"Missing numbers.bmp and nums_ex.bmp"},
-         {"numbers.bmp missing; generated base"}                                                                                                                                                                                },
-        {{"eq_ex.bmp"},                                                                {},                         {},                                                 {"eq_ex.bmp missing; EQ maximize button uses eqmain.bmp"}},
-        {{"gen.bmp"},                                                                  {},                         {},                                                 {"gen.bmp missing (not used in v1)"}                     },
-        {{"text.bmp"},                                                                 {},                         {"Missing text.bmp"},                               {"text.bmp missing; generated base"}                     },
-        {{},                                                                           {"main.bmp"},               {"Undecodable main.bmp"},                           {"main.bmp undecodable; generated base"}                 },
-        {{"main.bmp"},
-         {"main.png"},
-         {"Undecodable main.bmp"},
-         {"main.bmp undecodable; generated base"}                                                                                                                                                                               }, // always called a BMP
-        {{},                                                                           {"balance.bmp", "gen.bmp"}, {"Undecodable balance.bmp", "Undecodable gen.bmp"}, {}                                                       },
-        {{},                                                                           {"nums_ex.bmp"},            {"Undecodable nums_ex.bmp"},                        {}                                                       },
-        {{},                                                                           {"numbers.bmp"},            {"Undecodable numbers.bmp"},                        {}                                                       }, // the extended digits are there
-        {{"numbers.bmp"},
-         {"nums_ex.bmp"},
-         {"Undecodable nums_ex.bmp"},
-         {"numbers.bmp missing; generated base", "numbers.bmp missing; digits use nums_ex.bmp"}                                                                                                                                 },
-        {{"nums_ex.bmp"},
-         {"numbers.bmp"},
-         {"Undecodable numbers.bmp"},
+    using Files = std::vector<std::string_view>;
+    // What is removed, what is broken after that, the warnings, the fallbacks.
+    // clang-format off
+    const std::tuple<Files, Files, Notes, Notes> rows[] = {
+        {{"balance.bmp"}, {}, {}, {"balance.bmp missing; balance slider uses volume.bmp"}},
+        {{"numbers.bmp"}, {}, {}, {"numbers.bmp missing; digits use nums_ex.bmp"}},
+        {{"nums_ex.bmp"}, {}, {}, {"nums_ex.bmp missing; digits use numbers.bmp"}},
+        {{"numbers.bmp", "nums_ex.bmp"}, {}, {"Missing numbers.bmp and nums_ex.bmp"},
+         {"numbers.bmp missing; generated base"}},
+        {{"eq_ex.bmp"}, {}, {}, {"eq_ex.bmp missing; EQ maximize button uses eqmain.bmp"}},
+        {{"gen.bmp"}, {}, {}, {"gen.bmp missing (not used in v1)"}},
+        {{"text.bmp"}, {}, {"Missing text.bmp"}, {"text.bmp missing; generated base"}},
+        {{}, {"main.bmp"}, {"Undecodable main.bmp"}, {"main.bmp undecodable; generated base"}},
+        // always called a BMP
+        {{"main.bmp"}, {"main.png"}, {"Undecodable main.bmp"},
+         {"main.bmp undecodable; generated base"}},
+        {{}, {"balance.bmp", "gen.bmp"}, {"Undecodable balance.bmp", "Undecodable gen.bmp"}, {}},
+        {{}, {"nums_ex.bmp"}, {"Undecodable nums_ex.bmp"}, {}},
+        {{}, {"numbers.bmp"}, {"Undecodable numbers.bmp"}, {}}, // the extended digits are there
+        {{"numbers.bmp"}, {"nums_ex.bmp"}, {"Undecodable nums_ex.bmp"},
+         {"numbers.bmp missing; generated base", "numbers.bmp missing; digits use nums_ex.bmp"}},
+        {{"nums_ex.bmp"}, {"numbers.bmp"}, {"Undecodable numbers.bmp"},
          {"numbers.bmp undecodable; generated base",
-          "nums_ex.bmp missing; digits use numbers.bmp"}                                                                                                                                                                        },
-        {{"balance.bmp"},
-         {"volume.bmp"},
-         {"Undecodable volume.bmp"},
+          "nums_ex.bmp missing; digits use numbers.bmp"}},
+        {{"balance.bmp"}, {"volume.bmp"}, {"Undecodable volume.bmp"},
          {"volume.bmp undecodable; generated base",
-          "balance.bmp missing; balance slider uses volume.bmp"}                                                                                                                                                                },
+          "balance.bmp missing; balance slider uses volume.bmp"}},
         // the order: undecodable, missing, digits; generated, optional, text files
         {{"numbers.bmp", "nums_ex.bmp", "cbuttons.bmp", "viscolor.txt", "pledit.txt"},
          {"volume.bmp", "main.bmp"},
@@ -128,28 +120,26 @@ TEST(SkinParser, NotesEachThingTakenFromACompleteSkin)
          {"cbuttons.bmp missing; generated base", "main.bmp undecodable; generated base",
           "numbers.bmp missing; generated base", "volume.bmp undecodable; generated base",
           "viscolor.txt missing; Webamp defaults",
-          "pledit.txt missing; Webamp default playlist colours"}                                                                                                                                                                },
+          "pledit.txt missing; Webamp default playlist colours"}},
     };
-    for (std::size_t i = 0; i < std::size(rows); ++i) {
+    // clang-format on
+    for (const auto& [removed, broken, warnings, fallbacks] : rows) {
+        SCOPED_TRACE(testing::PrintToString(removed) + testing::PrintToString(broken));
         auto builder = complete();
-        for (const auto name : rows[i].removed)
+        for (const auto name : removed)
             builder.without(name);
-        for (const auto name : rows[i].broken)
+        for (const auto name : broken)
             builder.text(std::string(name), "not a picture");
         const auto skin = builder.parse();
-        ASSERT_TRUE(skin) << "row " << i;
-        EXPECT_EQ(skin->warnings, rows[i].warnings) << "row " << i;
-        EXPECT_EQ(skin->fallbacks, rows[i].fallbacks) << "row " << i;
+        ASSERT_TRUE(skin);
+        EXPECT_EQ(skin->warnings, warnings);
+        EXPECT_EQ(skin->fallbacks, fallbacks);
     }
 }
 
 TEST(SkinParser, NotesHowManyColoursTheVisualizerFileHas)
 {
-    struct Row {
-        int count;
-        Notes notes;
-    };
-    const Row rows[] = {
+    const std::pair<int, Notes> rows[] = {
         {0,  {"viscolor.txt has 0 of 24 colours; defaults for 0\u201323"}  },
         {18, {"viscolor.txt has 18 of 24 colours; defaults for 18\u201323"}},
         {23, {"viscolor.txt has 23 of 24 colours; defaults for 23"}        },
@@ -171,28 +161,14 @@ TEST(SkinParser, AddsThePlaylistsNotesLast)
                                       "pledit.txt current 'x' unusable; default"}));
 }
 
-TEST(SkinParser, ReadsTheRegionWithoutANote)
-{
-    const auto skin =
-        complete().text("Region.TXT", "[Normal]\nNumPoints=3\nPointList=0,0,1,0,1,1").parse();
-    ASSERT_TRUE(skin->region.normal());
-    EXPECT_EQ(skin->region.normal()->size(), 1U);
-    EXPECT_EQ(skin->fallbacks, Notes{});
-}
-
 TEST(SkinParser, TakesPicturesForWhatTheyHoldWhateverTheyAreCalled)
 {
     const ByteBuffer png = *PNGCodec::encode(dot);
-    struct Row {
-        std::string name;
-        ByteBuffer content;
-    };
-    const Row rows[] = {
-        {"Main.PNG", png},
-        {"main.bmp", png},
-        {"main.png", support::encodeBMP(dot, 24)}
-    };
-    for (const auto& [name, content] : rows) {
+    for (const auto& [name, content] : std::map<std::string, ByteBuffer>{
+             {"Main.PNG", png},
+             {"main.bmp", png},
+             {"main.png", support::encodeBMP(dot, 24)}
+    }) {
         const auto skin = complete().without("main.bmp").file(name, content).parse();
         ASSERT_TRUE(skin);
         EXPECT_EQ(skin->sheets.at("MAIN"), dot) << name;

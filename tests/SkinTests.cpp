@@ -1,5 +1,5 @@
 #include "SkinKit/Skin.h"
-#include "tests/support/BMPWriter.h"
+#include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -9,22 +9,10 @@ using namespace SkinKit;
 
 namespace {
 
-// Each pixel tells where it is from.
-Image coordinates(Size size)
-{
-    auto pixels = PixelBuffer::uncleared(size);
-    for (int y = 0; y < size.height; ++y)
-        for (int x = 0; x < size.width; ++x)
-            pixels.row(y)[static_cast<std::size_t>(x)] =
-                packPixel(static_cast<unsigned>(x & 255), static_cast<unsigned>(y & 255),
-                          static_cast<unsigned>(x >> 8 | y >> 8 << 4));
-    return {std::move(pixels), Image::Alpha::opaque};
-}
-
 Skin skinOf(std::string_view sheet, Size size)
 {
     Skin skin;
-    skin.sheets.emplace(sheet, coordinates(size));
+    skin.sheets.emplace(sheet, support::markedImage(size));
     return skin;
 }
 
@@ -38,12 +26,7 @@ void expectPart(const std::optional<Image>& image, const Skin& skin,
 
 TEST(Skin, CropsASpriteAsFarAsItsSheetGoes)
 {
-    struct Row {
-        std::string_view sprite;
-        Size sheet;
-        std::optional<Rect> expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, Size, std::optional<Rect>> rows[] = {
         {"MAIN_PLAY_BUTTON_ACTIVE", {136, 36},  Rect{23, 18, 23, 18}},
         {"MAIN_PLAY_BUTTON_ACTIVE", {40, 30},   Rect{23, 18, 17, 12}},
         {"MAIN_PLAY_BUTTON_ACTIVE", {23, 36},   std::nullopt        },
@@ -60,13 +43,7 @@ TEST(Skin, CropsASpriteAsFarAsItsSheetGoes)
 
 TEST(Skin, CutsSliderFramesOutOfAStrip)
 {
-    struct Row {
-        std::string_view sprite;
-        Size sheet;
-        int frame;
-        std::optional<Rect> expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, Size, int, std::optional<Rect>> rows[] = {
         {"MAIN_VOLUME_BACKGROUND",          {68, 433}, 0,       Rect{0, 0, 68, 13}  },
         {"MAIN_VOLUME_BACKGROUND",          {68, 433}, 27,      Rect{0, 405, 68, 13}},
         {"MAIN_VOLUME_BACKGROUND",          {68, 600}, 28,      std::nullopt        }, // below the sprite
@@ -90,12 +67,7 @@ TEST(Skin, CutsSliderFramesOutOfAStrip)
 
 TEST(Skin, CutsBandFramesOutOfTwoRows)
 {
-    struct Row {
-        Size sheet;
-        int frame;
-        std::optional<Rect> expected;
-    };
-    const Row rows[] = {
+    const std::tuple<Size, int, std::optional<Rect>> rows[] = {
         {{275, 315}, 0,  Rect{13, 164, 14, 63} },
         {{275, 315}, 13, Rect{208, 164, 14, 63}},
         {{275, 315}, 14, Rect{13, 229, 14, 63} },

@@ -92,7 +92,7 @@ void drawCharacter(Canvas& canvas, const Sprite& sprite)
     // The baseline lies one pixel above the cell's bottom, which is where the glyph's height ends.
     for (int y = 0; y < GlyphFont::height; ++y)
         for (int x = 0; x < GlyphFont::width; ++x)
-            if ((*glyph)[static_cast<std::size_t>(y)] >> (GlyphFont::width - 1 - x) & 1)
+            if (glyph->isSet(x, y))
                 canvas.fill({sprite.x + x, sprite.y + y, 1, 1}, litSegment);
 }
 

@@ -1,17 +1,13 @@
 #include "SkinKit/Sprites/GlyphFont.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace SkinKit::GlyphFont {
 namespace {
 
-struct GlyphBlock {
-    std::u32string_view characters;
-    std::array<std::string_view, height> rows; // a glyph for each character, a blank between two
-};
-
 // clang-format off
-constexpr GlyphBlock blocks[] = {
+constexpr GlyphArt::Block<height> blocks[] = {
     {U"ABCDEFGH",
      {".##. ###. .### ###. #### #### .### #..#",
       "#..# #..# #... #..# #... #... #... #..#",
@@ -65,13 +61,10 @@ constexpr GlyphBlock blocks[] = {
 
 constexpr std::size_t pitch = width + 1;
 
-static_assert([] {
-    for (const auto& block : blocks)
-        for (const auto row : block.rows)
-            if (row.size() + 1 != block.characters.size() * pitch)
-                return false;
-    return true;
-}());
+static_assert(std::ranges::all_of(blocks, [](const auto& block) {
+    return GlyphArt::isWellDrawn(block) &&
+           block.rows[0].size() + 1 == block.characters.size() * pitch;
+}));
 
 // Characters that share a cell of the text sheet share a glyph.
 char32_t withSameGlyph(char32_t character)
@@ -85,15 +78,6 @@ char32_t withSameGlyph(char32_t character)
     }
 }
 
-Glyph readGlyph(const GlyphBlock& block, std::size_t place)
-{
-    Glyph glyph{};
-    for (std::size_t y = 0; y < glyph.size(); ++y)
-        for (const char dot : block.rows[y].substr(place * pitch, width))
-            glyph[y] = static_cast<std::uint8_t>(glyph[y] << 1 | (dot == '#' ? 1 : 0));
-    return glyph;
-}
-
 }
 
 std::optional<Glyph> glyph(char32_t character)
@@ -101,7 +85,7 @@ std::optional<Glyph> glyph(char32_t character)
     for (const auto& block : blocks) {
         const auto place = block.characters.find(withSameGlyph(character));
         if (place != block.characters.npos)
-            return readGlyph(block, place);
+            return GlyphArt::read(block, place * pitch);
     }
     return std::nullopt;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "SkinKit/Sprites/GlyphArt.h"
+
 #include <optional>
 
 // The letters of the generated text sheet: capitals, digits and punctuation as pixel art, so that
@@ -11,8 +11,7 @@ namespace SkinKit::GlyphFont {
 inline constexpr int width = 4;  // columns; a cell is one wider, for the gap
 inline constexpr int height = 5; // rows; the lowest stands on the baseline
 
-// Row by row from the top, the leftmost column in the highest of four bits.
-using Glyph = std::array<std::uint8_t, height>;
+using Glyph = GlyphArt::Glyph<height>;
 
 // Nothing for a character the font lacks. Brackets of every kind but the round look alike, since
 // they share a cell of the text sheet.

@@ -11,14 +11,9 @@
 namespace SkinKit::ListFont {
 namespace {
 
-struct GlyphBlock {
-    std::u32string_view characters;
-    std::array<std::string_view, height> rows; // a glyph for each character, a blank between two
-};
-
 // In the order of their code points; the last character stands for all that have no glyph.
 // clang-format off
-constexpr GlyphBlock blocks[] = {
+constexpr GlyphArt::Block<height> blocks[] = {
     {U" !\"#$%&'",
      {"... # #.# ..... ..#.. ##... .#... #",
       "... # #.# .#.#. .#### ##..# #.#.. #",
@@ -176,42 +171,14 @@ static_assert([] {
     return previous == Unicode::replacementCharacter;
 }());
 
-// The blanks stand in the same columns of every row, one fewer than there are glyphs.
-static_assert([] {
-    for (const auto& block : blocks) {
-        std::size_t blanks = 0;
-        for (std::size_t x = 0; x < block.rows[0].size(); ++x) {
-            const bool isBlank = block.rows[0][x] == ' ';
-            blanks += isBlank ? 1 : 0;
-            for (const auto row : block.rows)
-                if (row.size() != block.rows[0].size() || (row[x] == ' ') != isBlank)
-                    return false;
-        }
-        if (blanks + 1 != block.characters.size())
-            return false;
-    }
-    return true;
-}());
-
-// One of a block's glyphs, its leftmost column at `left`.
-constexpr Glyph readGlyph(const GlyphBlock& block, std::size_t left)
-{
-    const std::size_t columns =
-        std::min(block.rows[0].find(' ', left), block.rows[0].size()) - left;
-    Glyph glyph{.width = static_cast<int>(columns)};
-    for (std::size_t y = 0; y < glyph.rows.size(); ++y)
-        for (std::size_t x = 0; x < columns; ++x)
-            if (block.rows[y][left + x] == '#')
-                glyph.rows[y] = static_cast<std::uint8_t>(glyph.rows[y] | 0x80 >> x);
-    return glyph;
-}
+static_assert(std::ranges::all_of(blocks, GlyphArt::isWellDrawn<height>));
 
 constexpr auto table = [] {
     std::array<Glyph, glyphCount> all{};
     std::size_t count = 0;
     for (const auto& block : blocks)
         for (std::size_t left = 0; left < block.rows[0].size();) {
-            all[count] = readGlyph(block, left);
+            all[count] = GlyphArt::read(block, left);
             left += static_cast<std::size_t>(all[count].width) + 1;
             ++count;
         }

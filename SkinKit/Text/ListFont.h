@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include "SkinKit/Sprites/GlyphArt.h"
+
 #include <span>
 #include <string_view>
 #include <vector>
@@ -13,12 +13,7 @@ namespace SkinKit::ListFont {
 inline constexpr int height = 9; // rows; the lowest two are below the baseline
 inline constexpr int gap = 1;    // blank columns between two glyphs
 
-struct Glyph {
-    int width = 0;
-    std::array<std::uint8_t, height> rows{}; // from the top; the leftmost column in the highest bit
-
-    bool operator==(const Glyph&) const = default;
-};
+using Glyph = GlyphArt::Glyph<height>;
 
 // Exact for ASCII, the ellipsis and the no-break space, which is as wide as a digit; a hollow box
 // for any other.

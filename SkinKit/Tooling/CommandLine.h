@@ -60,8 +60,12 @@ struct CommandLine {
     std::span<const Required> required;
     std::string_view optionMark = "--"; // no value begins with it
 
-    std::expected<Options, std::string> parse(std::span<const std::string> arguments) const
+    std::expected<Options, typename Options::UsageError>
+    parse(std::span<const std::string> arguments) const
     {
+        const auto wrong = [](std::string description) {
+            return std::unexpected(typename Options::UsageError{std::move(description)});
+        };
         Options options;
         std::set<std::string_view> given;
         for (Arguments rest(arguments); !rest.isEmpty();) {
@@ -73,19 +77,19 @@ struct CommandLine {
             } else if (option != values.end()) {
                 const auto value = rest.value(optionMark);
                 if (!value || !option->take(options, *value))
-                    return std::unexpected(std::string(option->complaint));
+                    return wrong(std::string(option->complaint));
                 given.insert(option->word);
             } else if (argument.starts_with('-')) {
-                return std::unexpected("unknown option: " + argument);
+                return wrong("unknown option: " + argument);
             } else if (!given.insert("").second) {
-                return std::unexpected(std::string(secondInput));
+                return wrong(std::string(secondInput));
             } else {
                 options.input = argument;
             }
         }
         for (const auto& [word, complaint] : required)
             if (!given.contains(word))
-                return std::unexpected(std::string(complaint));
+                return wrong(std::string(complaint));
         return options;
     }
 };

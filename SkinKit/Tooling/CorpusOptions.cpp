@@ -47,10 +47,7 @@ const std::string_view CorpusOptions::usage =
 std::expected<CorpusOptions, CorpusOptions::UsageError>
 CorpusOptions::parse(std::span<const std::string> arguments)
 {
-    auto options = Form{flags, values, "only one <dir> is accepted", required}.parse(arguments);
-    if (!options)
-        return std::unexpected(UsageError{std::move(options.error())});
-    return std::move(*options);
+    return Form{flags, values, "only one <dir> is accepted", required}.parse(arguments);
 }
 
 }

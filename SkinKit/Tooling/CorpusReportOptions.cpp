@@ -32,11 +32,7 @@ const std::string_view CorpusReportOptions::usage =
 std::expected<CorpusReportOptions, CorpusReportOptions::UsageError>
 CorpusReportOptions::parse(std::span<const std::string> arguments)
 {
-    auto options =
-        Form{{}, values, "only one <results.jsonl> is accepted", required}.parse(arguments);
-    if (!options)
-        return std::unexpected(UsageError{std::move(options.error())});
-    return std::move(*options);
+    return Form{{}, values, "only one <results.jsonl> is accepted", required}.parse(arguments);
 }
 
 }

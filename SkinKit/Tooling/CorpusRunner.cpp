@@ -314,13 +314,12 @@ private:
         numbers_ = skins;
     }
 
-    // A line after the first of each thousand skins, or when five seconds have passed.
+    // A line after the first of so many skins, or when five seconds have passed.
     void count(const std::string& status)
     {
-        constexpr std::int64_t skinsBetweenLines = 1000;
         constexpr std::chrono::seconds timeBetweenLines(5);
-        const bool isDue =
-            numbers_.done % skinsBetweenLines == 0 || Clock::now() - lastLine_ >= timeBetweenLines;
+        const bool isDue = numbers_.done % config_.skinsBetweenLines == 0 ||
+                           Clock::now() - lastLine_ >= timeBetweenLines;
         ++attempted_;
         ++numbers_.tally[status];
         step();

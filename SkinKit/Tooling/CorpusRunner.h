@@ -46,6 +46,7 @@ public:
         bool resume = false;
         std::optional<std::filesystem::path> manifest;
         double pollInterval = 0.25; // seconds between the watchdog's looks
+        std::int64_t skinsBetweenLines = 1000;
 
         bool operator==(const Config&) const = default;
 

@@ -2,8 +2,6 @@
 
 #include "SkinKit/Tooling/CommandLine.h"
 
-#include <utility>
-
 namespace SkinKit {
 namespace {
 
@@ -28,10 +26,7 @@ const std::string_view GalleryOptions::usage =
 std::expected<GalleryOptions, GalleryOptions::UsageError>
 GalleryOptions::parse(std::span<const std::string> arguments)
 {
-    auto options = Form{{}, values, "only one <dir> is accepted", required}.parse(arguments);
-    if (!options)
-        return std::unexpected(UsageError{std::move(options.error())});
-    return std::move(*options);
+    return Form{{}, values, "only one <dir> is accepted", required}.parse(arguments);
 }
 
 }

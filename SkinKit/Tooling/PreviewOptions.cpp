@@ -2,8 +2,6 @@
 
 #include "SkinKit/Tooling/CommandLine.h"
 
-#include <utility>
-
 namespace SkinKit {
 namespace {
 
@@ -27,12 +25,8 @@ const std::string_view PreviewOptions::usage =
 std::expected<PreviewOptions, PreviewOptions::UsageError>
 PreviewOptions::parse(std::span<const std::string> arguments)
 {
-    auto options =
-        Form{flags, values, "only one <skin.wsz | folder> is accepted", required, "-"}.parse(
-            arguments);
-    if (!options)
-        return std::unexpected(UsageError{std::move(options.error())});
-    return std::move(*options);
+    return Form{flags, values, "only one <skin.wsz | folder> is accepted", required, "-"}.parse(
+        arguments);
 }
 
 }

@@ -11,11 +11,6 @@ namespace {
 
 constexpr int cellWidth = SkinKit::GlyphFont::width + 1;
 
-bool hasDot(const SkinKit::GlyphFont::Glyph& glyph, int x, int y)
-{
-    return glyph[static_cast<std::size_t>(y)] >> (SkinKit::GlyphFont::width - 1 - x) & 1;
-}
-
 constexpr char32_t upperCase(char32_t character)
 {
     return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
@@ -237,7 +232,7 @@ void drawCharacter(Painter& painter, Point at, char32_t character, Color color)
         return;
     for (int y = 0; y < SkinKit::GlyphFont::height; ++y)
         for (int x = 0; x < SkinKit::GlyphFont::width; ++x)
-            if (hasDot(*glyph, x, y))
+            if (glyph->isSet(x, y))
                 painter.dot({at.x + x, at.y + y}, color);
 }
 
@@ -325,7 +320,7 @@ void drawBlockDigit(Painter& painter, int digit, Color color)
     int top = 0;
     for (int y = 0; glyph && y < SkinKit::GlyphFont::height; top += rowHeights[y++])
         for (int x = 0; x < SkinKit::GlyphFont::width; ++x)
-            if (hasDot(*glyph, x, y))
+            if (glyph->isSet(x, y))
                 painter.fill({columnWidth * x, top, columnWidth, rowHeights[y]}, color);
 }
 

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 using namespace SkinKit;
 using support::append;
@@ -152,12 +151,7 @@ TEST(ZipFile, BelievesTheDirectoryRatherThanTheEntriesOwnHeaders)
 
 TEST(ZipFile, GivesWhatADamagedContainerStillHas)
 {
-    struct Row {
-        std::size_t place;
-        std::uint32_t value;
-        std::string expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::size_t, std::uint32_t, std::string> rows[] = {
         {0 + 28,           0xFFFF,     "a=? b=2"}, // extra field's length: beyond the end
         {directory + 20,   0xFFFFFFF0, "a=? b=2"}, // compressed size
         {directory + 42,   0xFFFFFFF0, "a=? b=2"}, // offset
@@ -179,6 +173,7 @@ TEST(ZipFile, GivesWhatADamagedContainerStillHas)
 TEST(ZipFile, SaysWhyItRefuses)
 {
     const ByteBuffer whole = twoEntries();
+    EXPECT_EQ(listing(ZipWriter{}.bytes()), ""); // no entries are no reason
     EXPECT_EQ(listing(ByteBuffer{}), "Not a zip archive");
     EXPECT_EQ(listing(bytes("PK\x05\x06")), "Not a zip archive");
     EXPECT_EQ(listing(ByteBuffer(whole.begin(), whole.end() - 1)), "Not a zip archive");
@@ -190,12 +185,6 @@ TEST(ZipFile, SaysWhyItRefuses)
         put16(split, end + disk, 1);
         EXPECT_EQ(listing(split), "Part of a zip archive that was split");
     }
-}
-
-TEST(ZipFile, OpensAnArchiveWithoutEntries)
-{
-    EXPECT_EQ(listing(ZipWriter{}.bytes()), "");
-    EXPECT_TRUE(ZipFile::open(ZipWriter{}.bytes()));
 }
 
 TEST(ZipFile, RefusesMoreEntriesThanAnyArchiveHasUse)

@@ -69,40 +69,32 @@ TEST(AniDecoder, ShowsEachFrameInTurnAtTheDefaultRate)
 
 TEST(AniDecoder, FollowsTheSequenceAndTheRateOfEachStep)
 {
-    AniFile file = twoFrames();
-    file.sequence = {1, 0, 1, 1};
-    file.rates = {3, 60, 1, 600};
-    EXPECT_EQ(stepsOf(file), "1:3 0:60 1:1 1:600");
-}
-
-TEST(AniDecoder, UsesTheDefaultForStepsWithoutARate)
-{
-    struct Row {
-        std::vector<std::uint32_t> rates;
-        std::uint32_t defaultRate;
-        std::string_view expected;
+    using Numbers = std::vector<std::uint32_t>;
+    // clang-format off
+    const struct { Numbers sequence,
+    rates; std::uint32_t defaultRate; std::optional<std::uint32_t> steps;
+                   std::string_view expected; } rows[] = {
+        {{1, 0, 1, 1},          {3, 60, 1, 600}, 10, {},         "1:3 0:60 1:1 1:600"},
+        {{0, 2, 0xFFFFFFFF, 1}, {1, 2, 3, 4}, 10, {}, "0:1 1:4"}, // steps past the frames
+        {{},                    {5},             8,  {},         "0:5 1:8"},
+        {{},                    {0, 4},          8,  {},         "0:8 1:4"},
+        {{},                    {1, 2, 3, 4},    8,  {},         "0:1 1:2"},
+        {{}, {}, 0, {}, "0:1 1:1"}, // nothing is shown for no time
+        {{},                    {0xFFFFFFFF}, 0x80000000, {},    "0:2147483647 1:2147483647"},
+        {{1, 0, 1}, {}, 10, 2, "1:10 0:10"}, // no more than the header says
+        {{1, 0, 1},             {},              10, 3,          "1:10 0:10 1:10"},
+        {{1, 0, 1},             {},              10, 0xFFFFFFFF, "1:10 0:10 1:10"},
+        {{1, 0, 1},             {},              10, 0,          "1:10 0:10 1:10"},  // says nothing
     };
-    const Row rows[] = {
-        {{5},          8,          "0:5 1:8"                  },
-        {{0, 4},       8,          "0:8 1:4"                  },
-        {{1, 2, 3, 4}, 8,          "0:1 1:2"                  },
-        {{},           0,          "0:1 1:1"                  }, // nothing is shown for no time
-        {{0xFFFFFFFF}, 0x80000000, "0:2147483647 1:2147483647"},
-    };
+    // clang-format on
     for (const auto& row : rows) {
         AniFile file = twoFrames();
+        file.sequence = row.sequence;
         file.rates = row.rates;
         file.defaultRate = row.defaultRate;
+        file.steps = row.steps;
         EXPECT_EQ(stepsOf(file), row.expected);
     }
-}
-
-TEST(AniDecoder, LeavesOutStepsThatPointPastTheFrames)
-{
-    AniFile file = twoFrames();
-    file.sequence = {0, 2, 0xFFFFFFFF, 1};
-    file.rates = {1, 2, 3, 4};
-    EXPECT_EQ(stepsOf(file), "0:1 1:4");
 }
 
 TEST(AniDecoder, LeavesOutDamagedFramesAndTheirSteps)
@@ -113,26 +105,6 @@ TEST(AniDecoder, LeavesOutDamagedFramesAndTheirSteps)
     file.rates = {1, 2, 3, 4};
     EXPECT_EQ(stepsOf(file), "1:1 0:3");
     EXPECT_EQ(AniDecoder::decode(file.bytes())->frames.size(), 2U);
-}
-
-TEST(AniDecoder, TakesNoMoreOfTheSequenceThanTheHeaderSays)
-{
-    struct Row {
-        std::uint32_t steps;
-        std::string_view expected;
-    };
-    const Row rows[] = {
-        {2,          "1:10 0:10"     },
-        {3,          "1:10 0:10 1:10"},
-        {0xFFFFFFFF, "1:10 0:10 1:10"},
-        {0,          "1:10 0:10 1:10"}, // says nothing
-    };
-    for (const auto& row : rows) {
-        AniFile file = twoFrames();
-        file.sequence = {1, 0, 1};
-        file.steps = row.steps;
-        EXPECT_EQ(stepsOf(file), row.expected) << row.steps;
-    }
 }
 
 TEST(AniDecoder, TakesTheFirstOfSeveralLikeChunks)
@@ -192,27 +164,21 @@ TEST(AniDecoder, GivesNothingWithoutHeaderFramesOrSteps)
     headless.hasHeader = false;
     AniFile shortHeader = headless;
     shortHeader.extraChunks = chunk("anih", ByteBuffer(35, 1));
-    AniFile damagedFrame;
-    damagedFrame.frames = {bytes("no cursor")};
     AniFile noSteps = twoFrames();
     noSteps.sequence = {2};
     ByteBuffer otherForm = twoFrames().bytes();
     otherForm[8] = 'W';
-    struct Row {
-        std::string_view what;
-        ByteBuffer file;
+    const std::pair<std::string_view, ByteBuffer> rows[] = {
+        {"no header",                  headless.bytes()                               },
+        {"a short header",             shortHeader.bytes()                            },
+        {"no frames",                  AniFile{}.bytes()                              },
+        {"damaged frames only",        AniFile{.frames = {bytes("no cursor")}}.bytes()},
+        {"no step that shows a frame", noSteps.bytes()                                },
+        {"another kind of file",       otherForm                                      },
+        {"a bare container",           bytes("RIFF....ACON")                          },
     };
-    const Row rows[] = {
-        {"no header",                  headless.bytes()     },
-        {"a short header",             shortHeader.bytes()  },
-        {"no frames",                  AniFile{}.bytes()    },
-        {"damaged frames only",        damagedFrame.bytes() },
-        {"no step that shows a frame", noSteps.bytes()      },
-        {"another kind of file",       otherForm            },
-        {"a bare container",           bytes("RIFF....ACON")},
-    };
-    for (const auto& row : rows)
-        EXPECT_FALSE(AniDecoder::decode(row.file)) << row.what;
+    for (const auto& [what, file] : rows)
+        EXPECT_FALSE(AniDecoder::decode(file)) << what;
 }
 
 TEST(AniDecoder, SpendsOneBudgetOnAllFrames)

@@ -86,13 +86,24 @@ Image noise(Size size, int colors)
 
 TEST(CurDecoder, HidesWhatTheMaskCoversAtEveryDepth)
 {
+    // Of few colours, so that palettes are short; and so wide that the mask's rows are padded.
+    const Image colors = noise({33, 2}, 2);
+    const std::string clear(32, '-');
     for (const int bitCount : {1, 4, 8, 16, 24, 32}) {
-        const auto file = curFile(cursorPicture(encodeBMP(checkered, bitCount), corner));
-        EXPECT_EQ(rowsOfOnly(file), (Rows{".wk", "wkw"})) << bitCount;
-        const auto cursor = CurDecoder::decode(file);
+        const auto bmp = encodeBMP(colors, bitCount);
+        const auto cursor =
+            CurDecoder::decode(curFile(cursorPicture(bmp, {clear + '#', '#' + clear})));
         ASSERT_TRUE(cursor);
         EXPECT_EQ(cursor->images[0].bitCount, bitCount);
-        EXPECT_FALSE(cursor->images[0].image.isOpaque());
+        const Image& image = cursor->images[0].image;
+        EXPECT_FALSE(image.isOpaque());
+        const Image shown = *BMPDecoder::decode(bmp);
+        for (int y = 0; y < 2; ++y)
+            for (int x = 0; x < 33; ++x) {
+                const bool isMasked = Point{x, y} == Point{32, 0} || Point{x, y} == Point{0, 1};
+                ASSERT_EQ(image.pixel({x, y}), isMasked ? transparentPixel : shown.pixel({x, y}))
+                    << bitCount << ": " << x << ", " << y;
+            }
     }
 }
 
@@ -109,24 +120,6 @@ TEST(CurDecoder, DecodesColoursAsTheBitmapDecoderDoes)
         }
 }
 
-TEST(CurDecoder, FindsTheMaskAfterAShortPaletteAndPaddedRows)
-{
-    const Image colors = noise({33, 2}, 5);
-    const std::string clear(32, '-');
-    const std::string top = clear + '#';
-    const std::string bottom = '#' + clear;
-    const auto cursor =
-        CurDecoder::decode(curFile(cursorPicture(encodeBMP(colors, 8), {top, bottom})));
-    ASSERT_TRUE(cursor);
-    const Image& image = cursor->images[0].image;
-    for (int y = 0; y < 2; ++y)
-        for (int x = 0; x < 33; ++x) {
-            const bool isMasked = Point{x, y} == Point{32, 0} || Point{x, y} == Point{0, 1};
-            ASSERT_EQ(image.pixel({x, y}), isMasked ? transparentPixel : colors.pixel({x, y}))
-                << x << ", " << y;
-        }
-}
-
 TEST(CurDecoder, TakesAlphaInsteadOfTheMaskWhereThereIsAny)
 {
     const auto bmp = row32({0xFFFF0000, 0x80FFFFFF, 0x00FFFFFF});
@@ -136,30 +129,21 @@ TEST(CurDecoder, TakesAlphaInsteadOfTheMaskWhereThereIsAny)
     EXPECT_EQ(image.pixel({0, 0}), packPixel(255, 0, 0));
     EXPECT_EQ(image.pixel({1, 0}), packPixel(128, 128, 128, 128));
     EXPECT_EQ(image.pixel({2, 0}), transparentPixel);
-}
-
-TEST(CurDecoder, TakesTheMaskWhereAlphaIsZeroThroughout)
-{
     EXPECT_EQ(rowsOfOnly(curFile(cursorPicture(row32({0xFF0000, 0x0000FF}), {"-#"}))), Rows{"r."});
 }
 
 TEST(CurDecoder, TakesAByteThatBelongsToAColourForNoAlpha)
 {
-    struct Row {
-        std::uint32_t red, pixel;
-        Pixel expected;
-    };
-    const Row rows[] = {
-        {0x00FF0000, 0x80FF0000, packPixel(128, 0, 0, 128)},
-        {0xFF000000, 0x80FF0000, packPixel(128, 0, 0)},
-    };
-    for (const auto& row : rows) {
+    for (const auto& [red, expected] : {
+             std::pair{0x00FF0000U, packPixel(128, 0, 0, 128)},
+             {0xFF000000U, packPixel(128, 0, 0)}
+    }) {
         BMPFile file{.width = 1, .height = 1, .bitCount = 32, .compression = 3};
-        for (const std::uint32_t word : {row.red, 0x0000FF00U, 0x000000FFU, row.pixel})
+        for (const std::uint32_t word : {red, 0x0000FF00U, 0x000000FFU, 0x80FF0000U})
             append32(file.pixels, word);
         const auto cursor = CurDecoder::decode(curFile(cursorPicture(file.bytes())));
         ASSERT_TRUE(cursor);
-        EXPECT_EQ(cursor->images[0].image.pixel({0, 0}), row.expected);
+        EXPECT_EQ(cursor->images[0].image.pixel({0, 0}), expected);
     }
 }
 
@@ -189,20 +173,15 @@ TEST(CurDecoder, ShowsWhatAMissingPartOfTheMaskWouldHide)
 {
     const auto whole =
         cursorPicture(encodeBMP(picture({"rbr", "brb"}, legend), 24), {"#--", "#-#"});
-    struct Row {
-        std::size_t missingBytes;
-        Rows expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::size_t, Rows> rows[] = {
         {0, {".br", ".r."}},
         {4, {"rbr", ".r."}}, // the upper row's comes last
         {7, {"rbr", ".r."}}, // a row's padding may be missing as well
         {8, {"rbr", "brb"}},
     };
-    for (const auto& row : rows) {
-        const auto part = ByteView(whole).first(whole.size() - row.missingBytes);
-        EXPECT_EQ(rowsOfOnly(curFile(part)), row.expected) << row.missingBytes;
-    }
+    for (const auto& [missing, expected] : rows)
+        EXPECT_EQ(rowsOfOnly(curFile(ByteView(whole).first(whole.size() - missing))), expected)
+            << missing;
 }
 
 TEST(CurDecoder, ShowsInvertingPixelsInBlackAndOtherMaskedOnesNotAtAll)
@@ -220,12 +199,7 @@ TEST(CurDecoder, BelievesAnUndoubledHeightWhenTheDirectoryAndTheBytesAgree)
     // So narrow that two rows of colours are as long as one of colours and one of mask.
     const ByteBuffer narrow = plainBitmap(picture({"r", "b"}, legend));
     const ByteBuffer tall = plainBitmap(solidImage({2, 256}, {255, 0, 0}));
-    struct Row {
-        ByteView picture;
-        int statedHeight;
-        Rows expected;
-    };
-    const Row rows[] = {
+    const std::tuple<ByteView, int, Rows> rows[] = {
         {wide, 2, {"rr", "bb"}},
         {wide, 1, {"bb"}}, // the lower row comes first
         {ByteView(wide).first(wide.size() - 1), 2, {"bb"}},
@@ -254,24 +228,16 @@ TEST(CurDecoder, ReadsPNGPicturesByTheirContent)
 
 TEST(CurDecoder, KeepsTheHotSpotInsideThePicture)
 {
-    struct Row {
-        int type;
-        Point hotSpot, expected;
-    };
-    const Row rows[] = {
-        {2, {0, 0},     {0, 0}},
+    const std::tuple<int, Point, Point> rows[] = {
         {2, {4, 2},     {4, 2}},
         {2, {5, 3},     {4, 2}},
         {2, {65535, 1}, {4, 1}},
         {1, {1, 24},    {2, 1}}, // an icon has planes and bits there
     };
     const auto data = cursorPicture(encodeBMP(solidImage({5, 3}, {9, 9, 9}), 24));
-    for (const auto& row : rows) {
-        const CurFile file{{{.picture = data, .hotSpot = row.hotSpot}}, row.type};
-        const auto cursor = CurDecoder::decode(file.bytes());
-        ASSERT_TRUE(cursor);
-        EXPECT_EQ(cursor->images[0].hotSpot, row.expected)
-            << row.hotSpot.x << ", " << row.hotSpot.y;
+    for (const auto& [type, hotSpot, expected] : rows) {
+        const CurFile file{{{.picture = data, .hotSpot = hotSpot}}, type};
+        EXPECT_EQ(CurDecoder::decode(file.bytes())->images[0].hotSpot, expected) << hotSpot.x;
     }
 }
 
@@ -299,11 +265,7 @@ TEST(CurDecoder, LeavesOutDamagedPicturesAndEntries)
     const support::CurEntry entry{.picture = good};
     const auto end = static_cast<std::uint32_t>(6 + 2 * 16 + good.size());
     const ByteBuffer pngSignature = support::bytes("\x89PNG\r\n\x1A\n");
-    struct Row {
-        std::string_view what;
-        CurFile file;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, CurFile> rows[] = {
         {"an offset past the end",              {{{.offset = 0xFFFFFFFF}, entry}}                },
         {"an offset at the end",                {{entry, {.offset = end}}}                       },
         {"a picture of no bytes",               {{{.picture = {}}, entry}}                       },
@@ -312,8 +274,8 @@ TEST(CurDecoder, LeavesOutDamagedPicturesAndEntries)
         {"more entries than there are",         {{entry}, 2, 65535}                              },
         {"a picture longer than the file",      {{{.picture = good, .pictureBytes = 0xFFFFFFFF}}}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(rowsOfOnly(row.file.bytes()), Rows{"r"}) << row.what;
+    for (const auto& [what, file] : rows)
+        EXPECT_EQ(rowsOfOnly(file.bytes()), Rows{"r"}) << what;
 }
 
 TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
@@ -326,11 +288,7 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
     };
     ByteBuffer reserved = curFile(good);
     reserved[0] = 1;
-    struct Row {
-        std::string_view what;
-        ByteBuffer file;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, ByteBuffer> rows[] = {
         {"no bytes", {}},
         {"no entries", CurFile{}.bytes()},
         {"a type of neither", CurFile{{{.picture = good}}, 3}.bytes()},
@@ -352,8 +310,8 @@ TEST(CurDecoder, GivesNothingWhenNoPictureIsLeft)
         {"the other side", curFile(cursorPicture(encodeBMP(solidImage({1, 257}, {1, 2, 3}), 24)))},
         {"a PNG that is too large", curFile(png(solidImage({257, 1}, {1, 2, 3})))},
     };
-    for (const auto& row : rows)
-        EXPECT_FALSE(CurDecoder::decode(row.file)) << row.what;
+    for (const auto& [what, file] : rows)
+        EXPECT_FALSE(CurDecoder::decode(file)) << what;
 }
 
 TEST(CurDecoder, DecodesNoMorePixelsThanOneFileMayCost)

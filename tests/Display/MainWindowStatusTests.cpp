@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 using namespace SkinKit;
@@ -25,34 +24,9 @@ std::string text(const TimeDigits& digits)
 
 }
 
-TEST(MainWindowStatus, LightsTheIndicatorsOfEachTransport)
-{
-    struct Row {
-        Transport transport;
-        std::optional<std::string_view> indicator, work;
-    };
-    const Row rows[] = {
-        {Transport::stopped, "MAIN_STOPPED_INDICATOR", std::nullopt                },
-        {Transport::loading, std::nullopt,             "MAIN_WORKING_INDICATOR"    },
-        {Transport::playing, "MAIN_PLAYING_INDICATOR", "MAIN_NOT_WORKING_INDICATOR"},
-        {Transport::paused,  "MAIN_PAUSED_INDICATOR",  std::nullopt                },
-    };
-    for (const auto& [transport, indicator, work] : rows) {
-        const MainWindowStatus status{.transport = transport};
-        EXPECT_EQ(status.indicator(), indicator);
-        EXPECT_EQ(status.workIndicator(), work);
-        EXPECT_EQ(text(status.digits()), transport == Transport::stopped ? "    " : "0000");
-    }
-}
-
 TEST(TimeDigits, ShowWholeSecondsUpToAnHourAndMore)
 {
-    struct Row {
-        TimeMode mode;
-        double elapsed, duration;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::tuple<TimeMode, double, double, std::string_view> rows[] = {
         {TimeMode::elapsed,   0,          100,      "0000"},
         {TimeMode::elapsed,   65.9,       100,      "0105"},
         {TimeMode::elapsed,   599.999,    0,        "0959"},

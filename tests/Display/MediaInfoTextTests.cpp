@@ -9,11 +9,7 @@ using namespace SkinKit;
 
 TEST(MediaInfoText, FitsABitRateIntoThreeCharacters)
 {
-    struct Row {
-        std::optional<int> rate;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::optional<int>, std::string_view> rows[] = {
         {std::nullopt, "  0"},
         {0,            "  0"},
         {-5,           "  0"},
@@ -36,35 +32,21 @@ TEST(MediaInfoText, FitsABitRateIntoThreeCharacters)
 
 TEST(MediaInfoText, FitsASampleRateIntoTwoCharacters)
 {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    struct Row {
-        std::optional<double> rate;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::optional<double>, std::string_view> rows[] = {
         {std::nullopt,                             " 0"},
-        {infinity,                                 " 0"},
-        {-infinity,                                " 0"},
+        {std::numeric_limits<double>::infinity(),  " 0"},
         {std::numeric_limits<double>::quiet_NaN(), " 0"},
-        {0,                                        " 0"},
         {-44'100,                                  " 0"},
         {499,                                      " 0"},
         {500,                                      " 1"},
-        {8000,                                     " 8"},
         {9499,                                     " 9"},
         {9500,                                     " 1"},
-        {10'000,                                   " 1"},
         {10'499,                                   " 1"},
         {10'500,                                   "11"},
-        {10'999,                                   "11"},
-        {11'025,                                   "11"},
-        {22'050,                                   "22"},
         {44'100,                                   "44"},
         {47'500,                                   "48"},
-        {96'000,                                   "96"},
         {99'499,                                   "99"},
         {99'500,                                   "00"},
-        {100'000,                                  "00"},
         {192'000,                                  "92"},
         {1'234'000,                                "23"},
         {1e300,                                    "00"},

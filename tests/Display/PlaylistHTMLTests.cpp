@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -48,42 +47,6 @@ std::string rows(const std::string& page)
     return between(page, "<ol>\n", tail);
 }
 
-// The tags of a page that were opened and not closed, or the first that does not fit; "" when all
-// is well. Knows no more of HTML than the page uses: every "<" begins a tag and every "&" a
-// character reference.
-std::string flaw(std::string_view page)
-{
-    std::vector<std::string> open;
-    for (std::size_t i = 0; i < page.size(); ++i) {
-        if (page[i] == '&') {
-            const auto end = page.find(';', i);
-            const auto reference = page.substr(i, end == page.npos ? end : end - i + 1);
-            if (reference != "&amp;" && reference != "&lt;" && reference != "&gt;" &&
-                reference != "&quot;" && reference != "&#39;")
-                return "stray ampersand";
-        } else if (page[i] == '>') {
-            return "stray >";
-        } else if (page[i] == '<') {
-            const auto end = page.find('>', i);
-            if (end == page.npos)
-                return "tag without an end";
-            const std::string tag(page.substr(i + 1, end - i - 1));
-            i = end;
-            const std::string name = tag.substr(0, tag.find(' '));
-            if (name == "!DOCTYPE" || name == "meta")
-                continue;
-            if (!name.starts_with('/')) {
-                open.push_back(name);
-            } else if (open.empty() || "/" + open.back() != name) {
-                return "unexpected " + name;
-            } else {
-                open.pop_back();
-            }
-        }
-    }
-    return open.empty() ? "" : "unclosed " + open.back();
-}
-
 }
 
 TEST(PlaylistHTML, WritesTheWholePage)
@@ -105,89 +68,58 @@ TEST(PlaylistHTML, WritesTheWholePage)
     EXPECT_EQ(head.size(), 391U);
 }
 
-TEST(PlaylistHTML, WritesAPageWithoutEntriesToo)
-{
-    EXPECT_EQ(PlaylistHTML::document({}),
-              std::string(head) +
-                  "0</span> tracks in playlist, average track length: <span class=\"t\">0:00"
-                  "</span></p>\n<p>Playlist length: <span class=\"t\">0:00</span></p>\n"
-                  "<p class=\"t\">Playlist files:</p>\n<ol>\n" +
-                  std::string(tail));
-}
-
 TEST(PlaylistHTML, CountsAddsUpAndAverages)
 {
-    struct Row {
-        std::vector<Entry> entries;
-        std::string_view count, average, length;
+    const std::tuple<std::vector<Entry>, std::string_view, std::string_view, std::string_view>
+        rows[] = {
+            {{},                                   "0</span> tracks in", "0:00",   "0:00"  },
+            {{{"a", 59.9}},                        "1</span> track in",  "0:59",   "0:59"  },
+            {{{"a", 0}, {"b", 10}},                "2</span> tracks in", "0:05",   "0:10"  }, // zero is known
+            {{{"a", std::nullopt}},                "1</span> track in",  "0:00",   "0:00"  },
+            {{{"a", -5}, {"b", 7325}},             "2</span> tracks in", "122:05", "122:05"},
+            {{{"a", infinity}, {"b", notANumber}}, "2</span> tracks in", "0:00",   "0:00"  },
+            {{{"a", huge}, {"b", huge}},           "2</span> tracks in", "",       ""      }, // more than can be told
     };
-    const Row rows[] = {
-        {{{"a", 59.9}},                         "1</span> track in",  "0:59",   "0:59"  },
-        {{{"a", 0}},                            "1</span> track in",  "0:00",   "0:00"  },
-        {{{"a", 0}, {"b", 10}},                 "2</span> tracks in", "0:05",   "0:10"  }, // zero is known
-        {{{"a", std::nullopt}},                 "1</span> track in",  "0:00",   "0:00"  },
-        {{{"a", -5}, {"b", 7325}},              "2</span> tracks in", "122:05", "122:05"},
-        {{{"a", infinity}, {"b", 3}},           "2</span> tracks in", "0:03",   "0:03"  },
-        {{{"a", notANumber}, {"b", -infinity}}, "2</span> tracks in", "0:00",   "0:00"  },
-        {{{"a", huge}, {"b", huge}},            "2</span> tracks in", "",       ""      }, // more than can be told
-    };
-    for (const auto& row : rows) {
-        const auto page = PlaylistHTML::document(row.entries);
-        EXPECT_TRUE(page.contains("<span class=\"t\">" + std::string(row.count))) << page;
-        EXPECT_EQ(between(page, "average track length: <span class=\"t\">", "</span>"),
-                  row.average);
-        EXPECT_EQ(between(page, "Playlist length: <span class=\"t\">", "</span>"), row.length);
+    for (const auto& [entries, count, average, length] : rows) {
+        const auto page = PlaylistHTML::document(entries);
+        EXPECT_TRUE(page.contains("<span class=\"t\">" + std::string(count))) << page;
+        EXPECT_EQ(between(page, "average track length: <span class=\"t\">", "</span>"), average);
+        EXPECT_EQ(between(page, "Playlist length: <span class=\"t\">", "</span>"), length);
     }
 }
 
 TEST(PlaylistHTML, WritesARowForEachEntry)
 {
-    struct Row {
-        Entry entry;
-        std::string_view expected;
-    };
-    const Row table[] = {
+    const std::pair<Entry, std::string_view> table[] = {
         {{"a", 65.9},                "<li>1. a (1:05)</li>"                },
-        {{"a", 0},                   "<li>1. a (0:00)</li>"                },
-        {{"a", 7325},                "<li>1. a (122:05)</li>"              },
         {{"a", 1e18},                "<li>1. a (16666666666666666:40)</li>"},
         {{"a", -0.5},                "<li>1. a</li>"                       },
-        {{"a", infinity},            "<li>1. a</li>"                       },
         {{"a", notANumber},          "<li>1. a</li>"                       },
         {{"", std::nullopt},         "<li>1. </li>"                        },
         {{"<\"&'>", {}},             "<li>1. &lt;&quot;&amp;&#39;&gt;</li>"},
         {{"caf\xC3\xA9\xFF 🎵", {}}, "<li>1. café\uFFFD 🎵</li>"           },
     };
-    for (const auto& row : table)
-        EXPECT_EQ(rows(PlaylistHTML::document({&row.entry, 1})), row.expected);
-}
-
-TEST(PlaylistHTML, NumbersTheRowsAndJoinsThemByLineFeeds)
-{
-    const std::vector<Entry> entries(12, {"x", std::nullopt});
-    const auto list = rows(PlaylistHTML::document(entries));
+    for (const auto& [entry, expected] : table)
+        EXPECT_EQ(rows(PlaylistHTML::document({&entry, 1})), expected);
+    const auto list = rows(PlaylistHTML::document(std::vector<Entry>(12, {"x", std::nullopt})));
     EXPECT_TRUE(list.starts_with("<li>1. x</li>\n<li>2. x</li>\n")) << list;
     EXPECT_TRUE(list.ends_with("</li>\n<li>12. x</li>")) << list;
-    EXPECT_EQ(std::ranges::count(list, '\n'), 11);
 }
 
 TEST(PlaylistHTML, StaysWellFormedWhateverTheNames)
 {
-    ASSERT_EQ(flaw("<p>a &amp; b</p>"), "");
-    for (const auto* broken : {"<p>", "</p>", "<p></b>", "a & b", "a > b", "<p", "<b><i></b></i>"})
-        ASSERT_NE(flaw(broken), "") << broken;
-
-    std::vector<Entry> entries{
-        {"</li></ol><script>alert(\"1\")</script>", 1},
-        {"<!-- ",                                   2},
-        {"]]> &amp; &#39; &nosuch; &",              3},
-    };
     std::string everyByte;
     for (int c = 0; c < 256; ++c)
         everyByte += static_cast<char>(c);
-    entries.push_back({everyByte, 4});
-    const auto page = PlaylistHTML::document(entries);
-    EXPECT_EQ(flaw(page), "");
-    EXPECT_FALSE(page.contains("<script"));
-    EXPECT_FALSE(rows(page).contains('\'') || rows(page).contains('"'));
+    const std::vector<Entry> entries{
+        {"</li></ol><script>alert(\"1\")</script><!-- ", 1},
+        {"]]> &amp; &#39; &nosuch; &",                   2},
+        {everyByte,                                      3},
+    };
+    // But for what the page itself writes, nothing is left that HTML gives a meaning to.
+    std::string list = rows(PlaylistHTML::document(entries));
+    for (const std::string_view own : {"<li>", "</li>", "&amp;", "&lt;", "&gt;", "&quot;", "&#39;"})
+        for (auto at = list.find(own); at != list.npos; at = list.find(own, at))
+            list.replace(at, own.size(), own.size(), ' ');
+    EXPECT_EQ(list.find_first_of("<>&\"'"), list.npos) << list;
 }

@@ -17,11 +17,7 @@ constexpr int largest = std::numeric_limits<int>::max();
 
 TEST(PlaylistScroll, FindsTheFirstVisibleRowOfAPosition)
 {
-    struct Row {
-        double position;
-        int count, visibleRows, expected;
-    };
-    const Row rows[] = {
+    const std::tuple<double, int, int, int> rows[] = {
         {0,          20,       4,        0      },
         {100,        20,       4,        16     },
         {50,         20,       4,        8      },
@@ -57,12 +53,7 @@ TEST(PlaylistScroll, ShowsNoRowsBeyondTheLast)
 
 TEST(PlaylistScroll, SnapsTheHandleToWholeRows)
 {
-    struct Row {
-        double position;
-        int count;
-        double expected;
-    };
-    const Row rows[] = {
+    const std::tuple<double, int, double> rows[] = {
         {0,          7,  0   },
         {16,         7,  0   },
         {17,         7,  0.33}, // the first of three rows

@@ -15,12 +15,8 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(PlaylistText, AlignsTheRowNumbersOfAList)
 {
-    struct Row {
-        int index, count;
-        std::string_view expected;
-    };
     constexpr int largest = std::numeric_limits<int>::max();
-    const Row rows[] = {
+    const std::tuple<int, int, std::string_view> rows[] = {
         {0,       1,       "1. "         },
         {8,       120,
          "\u00A0\u00A0"
@@ -51,11 +47,7 @@ TEST(PlaylistText, NamesATrackByWhatIsKnownOfIt)
 
 TEST(PlaylistText, CountsWholeMinutesAndSeconds)
 {
-    struct Row {
-        std::optional<double> seconds;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::optional<double>, std::string_view> rows[] = {
         {0,            "0:00"                },
         {65.9,         "1:05"                },
         {7325,         "122:05"              },

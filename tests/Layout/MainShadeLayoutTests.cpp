@@ -1,4 +1,5 @@
 #include "SkinKit/Layout/MainShadeLayout.h"
+#include "SkinKit/Layout/MainSliders.h"
 #include "SkinKit/Rendering/MainWindowLayout.h"
 
 #include <gtest/gtest.h>
@@ -7,23 +8,25 @@ using namespace SkinKit;
 
 TEST(MainShadeLayout, ExcludesFromDraggingWhatCanBeClicked)
 {
-    const Rect expected[] = {
-        {6,   3, 9,  9 },
-        {244, 3, 9,  9 },
-        {254, 3, 9,  9 },
-        {264, 3, 9,  9 },
-        {127, 4, 30, 6 },
-        {79,  5, 76, 5 },
-        {169, 2, 7,  10},
-        {176, 2, 10, 10},
-        {186, 2, 9,  10},
-        {195, 2, 9,  10},
-        {204, 2, 10, 10},
-        {215, 2, 10, 10},
-        {226, 4, 17, 7 },
-    };
-    EXPECT_TRUE(std::ranges::equal(MainShadeLayout::dragExclusions, expected));
-    for (const Rect& area : MainShadeLayout::dragExclusions)
-        EXPECT_TRUE(contains(Rect{0, 0, 275, 14}, area));
+    const auto& areas = MainShadeLayout::dragExclusions;
     EXPECT_EQ(MainShadeLayout::size, MainWindowLayout::shadeSize);
+    EXPECT_EQ(std::size(areas), 13U);
+    for (const Rect& area : areas)
+        EXPECT_TRUE(contains(Rect{0, 0, 275, 14}, area)) << area.x;
+    const auto& position = MainSliders::shadePosition;
+    for (const Point part : {
+             Point{6,                      3                    },
+             {252,                    11                   },
+             {254,                    3                    },
+             {272,                    11                   },
+             {127,                    4                    },
+             {79,                     5                    },
+             {154,                    9                    },
+             {169,                    2                    },
+             {224,                    11                   },
+             position.origin,
+             {position.origin.x + 16, position.origin.y + 6}
+    })
+        EXPECT_TRUE(std::ranges::any_of(areas, [&](const Rect& r) { return contains(r, part); }))
+            << part.x;
 }

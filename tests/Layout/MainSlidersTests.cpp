@@ -30,12 +30,7 @@ TEST(MainSliders, KeepTheThumbOnTheSlider)
 
 TEST(MainSliders, PlaceTheThumbAtTheNearestPixel)
 {
-    struct Row {
-        Slider slider;
-        double fraction;
-        int expected;
-    };
-    const Row rows[] = {
+    const std::tuple<Slider, double, int> rows[] = {
         {volume,         0.78,       147},
         {volume,         1.5,        158},
         {volume,         -1,         107},
@@ -58,10 +53,7 @@ TEST(MainSliders, PlaceTheThumbAtTheNearestPixel)
 
 TEST(MainSliders, ReadTheValueUnderThePointer)
 {
-    struct Row {
-        double x, expected;
-    };
-    const Row rows[] = {
+    const std::pair<double, double> rows[] = {
         {114,        0  },
         {165,        1  },
         {139.5,      0.5},
@@ -84,11 +76,7 @@ TEST(MainSliders, ReadTheValueUnderThePointer)
 
 TEST(MainSliders, ChooseTheFrameOfAStrip)
 {
-    struct Row {
-        float value;
-        int volumeFrame, balanceFrame;
-    };
-    const Row rows[] = {
+    const std::tuple<float, int, int> rows[] = {
         {0,       0,  0 },
         {0.01F,   0,  0 },
         {0.0178F, 0,  0 },
@@ -117,11 +105,7 @@ TEST(MainSliders, ChooseTheFrameOfAStrip)
 
 TEST(MainSliders, TurnBalanceIntoAFractionAndBack)
 {
-    struct Row {
-        double fraction;
-        float balance;
-    };
-    const Row rows[] = {
+    const std::pair<double, float> rows[] = {
         {0,    -1   },
         {0.25, -0.5F},
         {0.5,  0    },
@@ -149,15 +133,10 @@ TEST(MainSliders, TurnBalanceIntoAFractionAndBack)
 
 TEST(MainSliders, SplitTheShadedSlidersIntoThree)
 {
-    struct Row {
-        double fraction;
-        ShadeSegment segment;
-        std::string_view thumb;
-    };
     const std::string_view left = "MAIN_SHADE_POSITION_THUMB_LEFT";
     const std::string_view centre = "MAIN_SHADE_POSITION_THUMB";
     const std::string_view right = "MAIN_SHADE_POSITION_THUMB_RIGHT";
-    const Row rows[] = {
+    const std::tuple<double, ShadeSegment, std::string_view> rows[] = {
         {-1,         ShadeSegment::left,   left  },
         {0.249,      ShadeSegment::left,   left  },
         {0.25,       ShadeSegment::center, left  },
@@ -178,13 +157,7 @@ TEST(MainSliders, SplitTheShadedSlidersIntoThree)
 
 TEST(MainSliders, NameTogglesInTheWordOrderOfTheirSheet)
 {
-    struct Row {
-        Toggle toggle;
-        std::string base;
-        std::string_view both;
-        Rect frame;
-    };
-    const Row rows[] = {
+    const std::tuple<Toggle, std::string, std::string_view, Rect> rows[] = {
         {Toggle::shuffle,   "MAIN_SHUFFLE_BUTTON",  "_SELECTED_DEPRESSED", {164, 89, 47, 15}},
         {Toggle::repeatAll, "MAIN_REPEAT_BUTTON",   "_SELECTED_DEPRESSED", {210, 89, 28, 15}},
         {Toggle::equalizer, "MAIN_EQ_BUTTON",       "_DEPRESSED_SELECTED", {219, 58, 23, 12}},

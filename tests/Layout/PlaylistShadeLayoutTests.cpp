@@ -33,12 +33,7 @@ TEST(PlaylistShadeLayout, CutsTheTitleBetweenTwoCharactersAsReadersSeeThem)
     const std::string letter = "e\u0301";                    // with its mark
     const std::string family = "\U0001F468\u200D\U0001F469"; // two people joined to one sign
     const std::string flag = "\U0001F1E9\U0001F1EA";
-    struct Row {
-        std::optional<std::string> name;
-        int width;
-        std::string expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::optional<std::string>, int, std::string> rows[] = {
         {std::nullopt,                   275,      "[No file]"             },
         {std::nullopt,                   smallest, "[No file]"             },
         {"",                             275,      ""                      },
@@ -67,11 +62,7 @@ TEST(PlaylistShadeLayout, CutsTheTitleBetweenTwoCharactersAsReadersSeeThem)
 TEST(PlaylistShadeLayout, WritesTheTimeWithoutALeadingZero)
 {
     using PlaylistShadeLayout::timeString;
-    struct Row {
-        std::optional<double> seconds;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::optional<double>, std::string_view> rows[] = {
         {std::nullopt,                             ""     },
         {0,                                        "0:00" },
         {65.9,                                     "1:05" },

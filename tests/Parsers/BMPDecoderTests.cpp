@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <random>
 
 using namespace SkinKit;
@@ -220,84 +219,59 @@ TEST(BMPDecoder, ScalesBitFieldsOfAnyMasks)
             }
 }
 
-TEST(BMPDecoder, ReadsTheMasksAtTheirPlaceEvenWhenTheHeaderEndsBeforeThem)
-{
-    // The file's length stops short in the middle of the third mask.
-    AnyBMP file{
-        .bitCount = 16, .compression = 3, .masks = {0xF800, 0x07E0, 0x001F}
-    };
-    ByteBuffer bytes = file.bytes();
-    bytes.resize(65);
-    EXPECT_FALSE(BMPDecoder::decode(bytes));
-    // Complete, but without pixels.
-    EXPECT_FALSE(BMPDecoder::decode(file.bytes()));
-}
-
 TEST(BMPDecoder, RefusesHeadersThatAreWrong)
 {
-    const auto changed = [](const std::function<void(ByteBuffer&)>& change) {
-        ByteBuffer file = onePixel();
-        file.resize(file.size() + 200'000); // so that nothing is refused for being short
-        change(file);
-        return BMPDecoder::decode(file).has_value();
-    };
-    EXPECT_TRUE(changed([](ByteBuffer&) {}));
-    EXPECT_FALSE(changed([](ByteBuffer& file) { file[0] = 'b'; }));
-    EXPECT_FALSE(changed([](ByteBuffer& file) { file[1] = 'A'; }));
-
-    struct Row {
+    ByteBuffer lower = onePixel();
+    lower[0] = 'b';
+    EXPECT_FALSE(BMPDecoder::decode(lower));
+    const struct {
         std::size_t offset;
         std::uint32_t value;
         bool decodes;
-    };
-    const Row rows[] = {
-        {14, 64,         false},
+    } rows[] = {
+        {0,  0x4142,     false}, // "BA"
+        {14, 64,         false}, // the header's size
         {14, 0,          false},
         {14, 41,         false},
         {14, 16,         false},
         {14, 0xFFFFFFFF, false},
-        {18, 0,          false},
+        {18, 0,          false}, // width
         {18, 4097,       false},
         {18, 0xFFFFFFFF, false},
         {18, 4096,       true },
-        {22, 0,          false},
+        {22, 0,          false}, // height
         {22, 4097,       false},
         {22, 4096,       true },
         {22, 0xFFFFF000, true }, // -4096 rows
         {22, 0xFFFFEFFF, false}, // -4097
         {22, 0x80000000, false},
-        {30, 4,          false}, // a JPEG inside
-        {30, 1,          false}, // RLE8 of 24 bits
-        {30, 2,          false},
-        {30, 3,          false}, // bit fields of 24 bits
     };
-    for (const auto& [offset, value, decodes] : rows)
-        EXPECT_EQ(changed([&](ByteBuffer& file) { support::put32(file, offset, value); }), decodes)
-            << value << " at " << offset;
+    for (const auto& [offset, value, decodes] : rows) {
+        ByteBuffer file = onePixel();
+        file.resize(file.size() + 200'000); // so that nothing is refused for being short
+        support::put32(file, offset, value);
+        EXPECT_EQ(BMPDecoder::decode(file).has_value(), decodes) << value << " at " << offset;
+    }
 }
 
 TEST(BMPDecoder, PairsCompressionsWithTheirDepths)
 {
-    struct Row {
-        std::uint32_t compression;
-        std::vector<int> depths;
+    const std::vector<int> pairs[] = {
+        {1, 4, 8, 16, 24, 32},
+        {8},
+        {4},
+        {16, 32},
+        {}
     };
-    const Row rows[] = {
-        {0, {1, 4, 8, 16, 24, 32}},
-        {1, {8}                  },
-        {2, {4}                  },
-        {3, {16, 32}             },
-        {4, {}                   }
-    };
-    for (const auto& [compression, depths] : rows)
+    for (std::uint32_t compression = 0; compression < std::size(pairs); ++compression)
         for (int depth = 0; depth <= 40; ++depth) {
             AnyBMP file{.bitCount = depth, .compression = compression};
-            file.masks = compression == 3 ? std::vector<std::uint32_t>{1, 2, 4}
-                                          : std::vector<std::uint32_t>{};
+            if (compression == 3)
+                file.masks = {1, 2, 4};
             file.palette.resize(depth <= 8 ? 256 : 0);
             file.pixels = {0, 1, 0, 1};
             EXPECT_EQ(BMPDecoder::decode(file.bytes()).has_value(),
-                      std::ranges::find(depths, depth) != depths.end())
+                      std::ranges::count(pairs[compression], depth) > 0)
                 << "compression " << compression << ", depth " << depth;
             if (compression == 1 || compression == 2) {
                 file.height = -1;

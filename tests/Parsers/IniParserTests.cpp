@@ -7,11 +7,7 @@ using IniParser::Sections;
 
 TEST(IniParser, ReadsSectionsAndKeys)
 {
-    struct Row {
-        std::string_view text;
-        Sections expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, Sections> rows[] = {
         {"",                                     {}                                           },
         {"a=1\n[S]\nb=2",                        {{"s", {{"b", "2"}}}}                        }, // lines before a header say nothing
         {"[S]\r\na=1\rb=2\n\n\nc=3",             {{"s", {{"a", "1"}, {"b", "2"}, {"c", "3"}}}}},
@@ -36,16 +32,13 @@ TEST(IniParser, ReadsSectionsAndKeys)
         // a byte order mark is a character like any other, so this is no header
         {"\uFEFF[a]\nk=1",                       {}                                           },
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(IniParser::parse(row.text), row.expected) << row.text;
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(IniParser::parse(text), expected) << text;
 }
 
 TEST(IniParser, TakesTheQuotesOffTheEndsOfAValue)
 {
-    struct Row {
-        std::string_view value, expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"\"a\"",     "a"    },
         {"'a'",       "a"    },
         {"\"a'",      "a"    },

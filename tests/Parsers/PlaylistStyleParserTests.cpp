@@ -58,11 +58,7 @@ TEST(PlaylistStyleParser, NotesEachUnusableColourInAFixedOrder)
 
 TEST(PlaylistStyleParser, TellsColoursFromOtherText)
 {
-    struct Row {
-        std::string_view value;
-        std::optional<RGBColor> expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::optional<RGBColor>> rows[] = {
         {"#0a0B0c",           rgb(0x0A0B0C)},
         {"0A0B0C",            rgb(0x0A0B0C)},
         {"'\t #0A0B0C'",      rgb(0x0A0B0C)},

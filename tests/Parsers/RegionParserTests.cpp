@@ -56,11 +56,7 @@ TEST(RegionParser, DealsThePointsOutByTheCounts)
             polygon.push_back({from, from});
         return polygon;
     };
-    struct Row {
-        std::string_view counts;
-        Polygons expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, Polygons> rows[] = {
         {"4",                     {run(0, 4)}            },
         {"4,2,3",                 {run(0, 4), run(6, 9)} },
         {" 3 ,\t4",               {run(0, 3), run(3, 7)} },
@@ -78,11 +74,7 @@ TEST(RegionParser, DealsThePointsOutByTheCounts)
 
 TEST(RegionParser, ReadsCoordinatesLeniently)
 {
-    struct Row {
-        std::string_view points;
-        SkinRegion::Polygon expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, SkinRegion::Polygon> rows[] = {
         {"0,0,275,0 275,116\t0,116",                 {{0, 0}, {275, 0}, {275, 116}, {0, 116}}},
         {",, 1 ,, 2 ,",                              {{1, 2}}                                },
         {"1,2,3",                                    {{1, 2}}                                }, // an odd one is ignored

@@ -7,10 +7,7 @@ using namespace SkinKit;
 
 TEST(Base64, WritesThreeBytesAsFourCharacters)
 {
-    struct Row {
-        std::string_view bytes, expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"",             ""        },
         {"f",            "Zg=="    },
         {"fo",           "Zm8="    },

@@ -10,11 +10,7 @@ using namespace SkinKit;
 
 TEST(Numbers, ParsesIntegersThatAreTheWholeText)
 {
-    struct Row {
-        std::string_view text;
-        std::optional<std::int64_t> expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::optional<std::int64_t>> rows[] = {
         {"0",                    0           },
         {"-0",                   0           },
         {"+5",                   5           },
@@ -47,11 +43,7 @@ TEST(Numbers, ParsesIntegersThatAreTheWholeText)
 
 TEST(Numbers, ParsesFiniteDecimalsThatAreTheWholeText)
 {
-    struct Row {
-        std::string text;
-        std::optional<double> expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string, std::optional<double>> rows[] = {
         {"2.5", 2.5},
         {"+2.5", 2.5},
         {"-.5", -0.5},

@@ -145,12 +145,7 @@ Image translucentImage(Size size, unsigned seed)
 
 TEST(PNGCodec, ReadsEveryColourTypeAndDepthAsTheFormatsOwnLibraryDoes)
 {
-    struct Row {
-        int colorType;
-        std::vector<int> depths;
-        bool mayHaveTransparentColor;
-    };
-    const Row rows[] = {
+    const std::tuple<int, std::vector<int>, bool> rows[] = {
         {PNG_COLOR_TYPE_GRAY,       {1, 2, 4, 8}, true },
         {PNG_COLOR_TYPE_RGB,        {8},          true },
         {PNG_COLOR_TYPE_PALETTE,    {1, 2, 4, 8}, true },

@@ -58,42 +58,39 @@ protected:
 
 TEST_F(SandboxTest, LetsTheProcessDoNothingButComputeAndWriteItsOutput)
 {
-    struct Row {
-        const char* what;
-        std::function<long()> attempt;
-    };
     const int other = ::open("/dev/null", O_RDWR | O_CLOEXEC);
     const pid_t parent = ::getpid();
     char byte = 0;
-    const Row rows[] = {
-        {"open a file",           [&] { return ::open(path.c_str(), O_RDONLY); }                            },
-        {"make a file",           [&] { return ::creat((folder / "new").c_str(), 0600); }                   },
-        {"look at a file",        [&] { return ::access(path.c_str(), R_OK); }                              },
-        {"rename a file",         [&] { return ::rename(path.c_str(), (folder / "x").c_str()); }            },
-        {"remove a file",         [&] { return ::unlink(path.c_str()); }                                    },
-        {"read",                  [&] { return ::pread(output, &byte, 1, 0); }                              },
+    const auto failed = [](const void* memory) { return memory == MAP_FAILED ? -1 : 0; };
+    // clang-format off
+    const std::pair<const char*, std::function<long()>> rows[] = {
+        {"open a file",           [&] { return ::open(path.c_str(), O_RDONLY); }},
+        {"make a file",           [&] { return ::creat((folder / "new").c_str(), 0600); }},
+        {"look at a file",        [&] { return ::access(path.c_str(), R_OK); }},
+        {"rename a file",         [&] { return ::rename(path.c_str(), (folder / "x").c_str()); }},
+        {"remove a file",         [&] { return ::unlink(path.c_str()); }},
+        {"read",                  [&] { return ::pread(output, &byte, 1, 0); }},
         {"map a file",
-         [&] {
-             return ::mmap(nullptr, 1, PROT_READ, MAP_SHARED, output, 0) == MAP_FAILED ? -1 : 0;
-         }                                                                                                  },
-        {"write elsewhere",       [&] { return ::write(other, "x", 1); }                                    },
-        {"duplicate",             [&] { return ::dup(output); }                                             },
-        {"start a process",       [&] { return ::fork(); }                                                  },
-        {"start a program",       [&] { return ::execl("/bin/true", "true", nullptr); }                     },
-        {"make a connection",     [&] { return ::socket(AF_UNIX, SOCK_STREAM, 0); }                         },
-        {"reach another process", [&] { return ::kill(parent, 0); }                                         },
-        {"make code",             [&] { return mapped(4096, PROT_READ | PROT_EXEC) == MAP_FAILED ? -1 : 0; }},
+         [&] { return failed(::mmap(nullptr, 1, PROT_READ, MAP_SHARED, output, 0)); }},
+        {"write elsewhere",       [&] { return ::write(other, "x", 1); }},
+        {"duplicate",             [&] { return ::dup(output); }},
+        {"start a process",       [&] { return ::fork(); }},
+        {"start a program",       [&] { return ::execl("/bin/true", "true", nullptr); }},
+        {"make a connection",     [&] { return ::socket(AF_UNIX, SOCK_STREAM, 0); }},
+        {"reach another process", [&] { return ::kill(parent, 0); }},
+        {"make code",             [&] { return failed(mapped(4096, PROT_READ | PROT_EXEC)); }},
     };
+    // clang-format on
     const int status = exitStatusOfChild([&] {
         const auto locks = Sandbox::lockDown(output);
         if (!locks.systemCalls)
             return kernelRefuses;
         int wrong = 0;
-        for (const Row& row : rows) {
+        for (const auto& [what, attempt] : rows) {
             errno = 0;
-            if (row.attempt() == -1 && errno == EPERM)
+            if (attempt() == -1 && errno == EPERM)
                 continue;
-            std::fprintf(stderr, "Could %s\n", row.what);
+            std::fprintf(stderr, "Could %s\n", what);
             wrong = 1;
         }
         std::once_flag flag;

@@ -102,10 +102,7 @@ TEST(Unicode, ReadsEveryByteOfACodePageAsTheSystemDoes)
 
 TEST(Unicode, LowersCaseInEveryScript)
 {
-    struct Row {
-        std::string_view text, lower;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"",            ""           },
         {"MAIN.Bmp_[]", "main.bmp_[]"},
         {"ÀÉÎÕÜ",       "àéîõü"      },
@@ -121,10 +118,7 @@ TEST(Unicode, LowersCaseInEveryScript)
 
 TEST(Unicode, ComposesCanonically)
 {
-    struct Row {
-        std::string_view text, composed;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"plain",              "plain"        },
         {"Cafe\u0301",         "Caf\u00E9"    },
         {"\u212B",             "\u00C5"       }, // the Angstrom sign is the letter
@@ -184,10 +178,7 @@ TEST(Unicode, TakesCharactersAsReadersSeeThem)
 
 TEST(Unicode, TrimsWhiteSpaceOfEveryKindAtBothEnds)
 {
-    struct Row {
-        std::string_view text, trimmed;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"",                          ""             },
         {" \t\r\n\v\f ",              ""             },
         {" a b ",                     "a b"          },

@@ -79,59 +79,48 @@ TEST(SkinPreviewPage, ShowsNamePictureWarningsAndReadme)
                                    MainWindowRenderer::Clip::none));
 }
 
-TEST(SkinPreviewPage, LeavesOutWhatTheSkinDoesNotHave)
-{
-    const TemporaryFolder folder;
-    const auto skin = folder.write("skin.wsz", SkinBuilder().allSheets().zip());
-    EXPECT_EQ(SkinPreviewPage::make(skin).html, pageOf("skin", "<h1>skin</h1>\n" + imageLine));
-}
-
 TEST(SkinPreviewPage, IsNamedAfterTheFileOrFolderWithoutItsExtension)
 {
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "my.skin");
-    const auto title = [&folder](std::string_view name) {
-        return SkinPreviewPage::make(folder / name).title;
-    };
-    EXPECT_EQ(title("my.skin"), "my");
-    EXPECT_EQ(title("my.skin/"), "my");
-    EXPECT_EQ(title("my.skin/."), "my");
-    EXPECT_EQ(title("none"), "none");
-    EXPECT_EQ(title(".wsz"), ".wsz");
-    EXPECT_EQ(title("\xFF.wsz"), "\uFFFD");
+    for (const auto& [name, title] : {
+             std::pair{"my.skin",   "my"    },
+             {"my.skin/",  "my"    },
+             {"my.skin/.", "my"    },
+             {"none",      "none"  },
+             {".wsz",      ".wsz"  },
+             {"\xFF.wsz",  "\uFFFD"}
+    })
+        EXPECT_EQ(SkinPreviewPage::make(folder / name).title, title);
 }
 
 TEST(SkinPreviewPage, SaysWhyASkinCannotBeShown)
 {
     const TemporaryFolder folder;
-    struct Row {
-        ByteBuffer content;
-        std::string_view reason;
-    };
-    const Row rows[] = {
+    const std::pair<ByteBuffer, std::string> rows[] = {
         {SkinBuilder().allSheets().text("skin.xml", "").zip(),
          "Modern (Winamp 3/5) skin; not supported"},
-        {SkinBuilder().text("readme.txt", "hello").zip(), "No classic skin bitmaps found"},
         {support::bytes("not a zip"), "Unreadable archive: Not a zip archive"},
     };
     for (const auto& [content, reason] : rows) {
         const auto page = SkinPreviewPage::make(folder.write("A & <B>.wsz", content));
         EXPECT_EQ(page.title, "A & <B>");
         EXPECT_EQ(page.html,
-                  pageOf("A &amp; &lt;B&gt;", "<h1>Can't preview A &amp; &lt;B&gt;</h1>\n<p>" +
-                                                  std::string(reason) + "</p>\n"));
+                  pageOf("A &amp; &lt;B&gt;",
+                         "<h1>Can't preview A &amp; &lt;B&gt;</h1>\n<p>" + reason + "</p>\n"));
         EXPECT_TRUE(page.attachments.empty());
     }
     EXPECT_EQ(SkinPreviewPage::failure("a.wsz", "<1> & \"2\"").html,
               pageOf("a", "<h1>Can't preview a</h1>\n<p>&lt;1&gt; &amp; &quot;2&quot;</p>\n"));
 }
 
-TEST(SkinPreviewPage, ReadsTheSkinWithinTheCallersLimits)
+TEST(SkinPreviewPage, ReadsTheSkinWithinTheCallersLimitsAndLeavesOutWhatItLacks)
 {
     const TemporaryFolder folder;
     const auto skin = folder.write("skin.wsz", SkinBuilder().allSheets().zip());
-    const auto page = SkinPreviewPage::make(skin, {.maxEntryBytes = 10});
-    EXPECT_TRUE(page.html.contains("<p>No classic skin bitmaps found</p>"));
+    EXPECT_EQ(SkinPreviewPage::make(skin).html, pageOf("skin", "<h1>skin</h1>\n" + imageLine));
+    EXPECT_TRUE(SkinPreviewPage::make(skin, {.maxEntryBytes = 10})
+                    .html.contains("<p>No classic skin bitmaps found</p>"));
 }
 
 TEST(SkinPreviewPage, ChoosesTheReadmeAmongTheTextsThatAreNotOfTheFormat)
@@ -162,11 +151,7 @@ TEST(SkinPreviewPage, ChoosesTheReadmeAmongTheTextsThatAreNotOfTheFormat)
 
 TEST(SkinPreviewPage, ReadsTheReadmeAsUTF8OrElseAsWindowsText)
 {
-    struct Row {
-        std::string_view content;
-        std::optional<std::string> expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::optional<std::string>> rows[] = {
         {"Gr\u00FC\u00DFe \u20AC", "Gr\u00FC\u00DFe \u20AC"},
         {"Gr\xFC\xDF"
          "e \x80",        "Gr\u00FC\u00DFe \u20AC"},
@@ -183,21 +168,17 @@ TEST(SkinPreviewPage, ReadsTheReadmeAsUTF8OrElseAsWindowsText)
 
 TEST(SkinPreviewPage, CutsALongReadmeBetweenCharacters)
 {
-    struct Row {
-        std::string content, expected;
-    };
-    const Row rows[] = {
-        {repeated("a", 20480), repeated("a", 20480)},
-        {repeated("a", 20481), repeated("a", 20480) + "…"},
-        {repeated("é", 15000), repeated("é", 10240) + "…"},
-        {repeated("a", 1) + repeated("é", 15000), repeated("a", 1) + repeated("é", 10239) + "…"},
-        {repeated("a", 20477) + "🎵", repeated("a", 20477) + "…"}, // one byte too long
-        {repeated("a", 20479) + "\uFFFDb", repeated("a", 20479) + "…"},
-        {repeated("a", 20474) + "\uFFFD\uFFFDb",
-         repeated("a", 20474) + "…"}, // meant so, but at the end
-        {repeated("\uFFFD", 7000), "…"},
-        {repeated("\x80", 6826) + "ab", repeated("€", 6826) + "ab"}, // the text's length counts
-        {repeated("\x80", 6827), repeated("€", 6826) + "…"},
+    const auto r = repeated;
+    const std::string whole = r("a", 20480);
+    const std::pair<std::string, std::string> rows[] = {
+        {whole, whole},
+        {whole + "a", whole + "…"},
+        {r("a", 1) + r("é", 15000), r("a", 1) + r("é", 10239) + "…"},
+        {r("a", 20477) + "🎵", r("a", 20477) + "…"}, // one byte too long
+        {r("a", 20474) + "\uFFFD\uFFFDb", r("a", 20474) + "…"}, // meant so, but at the end
+        {r("\uFFFD", 7000), "…"},
+        {r("\x80", 6826) + "ab", r("€", 6826) + "ab"}, // the text's length counts
+        {r("\x80", 6827), r("€", 6826) + "…"},
     };
     for (const auto& [content, expected] : rows)
         EXPECT_EQ(readmeOf(content), expected) << content.substr(0, 4) << content.size();

@@ -27,12 +27,7 @@ Result filling(int renderScale, SizeF size, bool smooth)
 
 TEST(ThumbnailFit, MapsWindowPixelsOntoWholeDevicePixelsWhereverThereIsRoom)
 {
-    struct Row {
-        SizeF maximum;
-        double scale;
-        Result expected;
-    };
-    const Row rows[] = {
+    const std::tuple<SizeF, double, Result> rows[] = {
         {{512, 512},             2,          filling(3, {412.5, 174}, false)},
         {{512, 512},             1,          filling(1, {275, 116},   false)},
         {{64, 64},               1,          filling(1, {64, 27},     true) },
@@ -58,12 +53,7 @@ TEST(ThumbnailFit, MapsWindowPixelsOntoWholeDevicePixelsWhereverThereIsRoom)
 
 TEST(ThumbnailFit, CentresTheImageInTheLeastSizeAskedFor)
 {
-    struct Row {
-        SizeF minimum;
-        SizeF context;
-        RectF image;
-    };
-    const Row rows[] = {
+    const std::tuple<SizeF, SizeF, RectF> rows[] = {
         {{512, 512},       {512, 512},   {49.75, 169, 412.5, 174}},
         {{100, 175},       {412.5, 175}, {0, 0.5, 412.5, 174}    },
         {{-5, notANumber}, {412.5, 174}, {0, 0, 412.5, 174}      },

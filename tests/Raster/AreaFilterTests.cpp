@@ -61,11 +61,7 @@ Pixel exactMean(const Image& image, Size size, Point at)
 
 TEST(AreaFilter, GivesEveryPixelTheExactMeanOfWhatItCovers)
 {
-    struct Row {
-        Size from;
-        Size to;
-    };
-    const Row rows[] = {
+    const std::pair<Size, Size> rows[] = {
         {{55, 23}, {51, 21}}, // hardly smaller
         {{55, 23}, {13, 5} },
         {{55, 23}, {1, 1}  },
@@ -73,14 +69,14 @@ TEST(AreaFilter, GivesEveryPixelTheExactMeanOfWhatItCovers)
         {{7, 3},   {7, 3}  }, // the same size
         {{3, 2},   {8, 5}  }, // larger
     };
-    for (const auto& row : rows) {
-        const Image image = noise(row.from, 1);
-        const Image result = AreaFilter::resample(image, row.to, whole(row.to));
-        ASSERT_EQ(result.size(), row.to);
-        for (int y = 0; y < row.to.height; ++y)
-            for (int x = 0; x < row.to.width; ++x)
-                ASSERT_EQ(result.pixel({x, y}), exactMean(image, row.to, {x, y}))
-                    << row.from.width << " to " << row.to.width << " at " << x << ", " << y;
+    for (const auto& [from, to] : rows) {
+        const Image image = noise(from, 1);
+        const Image result = AreaFilter::resample(image, to, whole(to));
+        ASSERT_EQ(result.size(), to);
+        for (int y = 0; y < to.height; ++y)
+            for (int x = 0; x < to.width; ++x)
+                ASSERT_EQ(result.pixel({x, y}), exactMean(image, to, {x, y}))
+                    << from.width << " to " << to.width << " at " << x << ", " << y;
     }
 }
 

@@ -102,11 +102,7 @@ TEST(SpanMask, GivesACentreOnAnEdgeToTheAreaToItsRight)
 {
     using Rows = std::vector<std::string>;
     const Rect area{0, 0, 4, 4};
-    struct Row {
-        std::vector<Vertex> polygon;
-        Rows expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::vector<Vertex>, Rows> rows[] = {
         {{{1, 1}, {3, 1}, {3, 3}, {1, 3}},  {"....", ".##.", ".##.", "...."}},
         {{{0, 0}, {4, 4}, {0, 4}},          {"....", "#...", "##..", "###."}}, // right edge through centres
         {{{0, 0}, {4, 0}, {4, 4}},          {"####", ".###", "..##", "...#"}}, // left edge through centres

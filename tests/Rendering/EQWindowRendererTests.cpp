@@ -2,6 +2,7 @@
 #include "SkinKit/Rendering/EQWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
 #include "tests/support/Collage.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/Golden.h"
 #include "tests/support/SkinBuilder.h"
 
@@ -124,23 +125,26 @@ TEST(EQWindowRenderer, FollowsEachPartOfTheState)
 {
     const Skin skin = noisySkin();
     const auto state = busyState();
+    const auto focused = with(state, [](auto& s) { s.focused = false; });
+    const auto off = with(state, [](auto& s) { s.on = false; });
+    const auto manual = with(state, [](auto& s) { s.automatic = false; });
+    // clang-format off
     const Change changes[] = {
-        {with(state, [](auto& s) { s.focused = false; }), {"EQ_TITLE_BAR", {0, 0}}},
-        {with(state, [](auto& s) { s.on = false; }), {"EQ_ON_BUTTON", {14, 18}}},
-        {with(state, [](auto& s) { s.automatic = false; }), {"EQ_AUTO_BUTTON", {40, 18}}},
-        {pressing(state, Control::on), {"EQ_ON_BUTTON_SELECTED_DEPRESSED", {14, 18}}},
-        {pressing(state, Control::automatic), {"EQ_AUTO_BUTTON_SELECTED_DEPRESSED", {40, 18}}},
-        {pressing(state, Control::presets), {"EQ_PRESETS_BUTTON_SELECTED", {217, 18}}},
-        {pressing(state, Control::shade), {"EQ_MAXIMIZE_BUTTON_ACTIVE", {254, 3}}},
-        {pressing(state, Control::close), {"EQ_CLOSE_BUTTON_ACTIVE", {264, 3}}},
-        {pressing(state, Control::preamp), {"EQ_SLIDER_THUMB_SELECTED", {22, 38}}},
-        {pressing(state, Band{0}), {"EQ_SLIDER_THUMB_SELECTED", {79, 89}}},
-        {pressing(state, Band{9}), {"EQ_SLIDER_THUMB_SELECTED", {241, 50}}},
-        {with(pressing(state, Control::on), [](auto& s) { s.on = false; }),
-         {"EQ_ON_BUTTON_DEPRESSED", {14, 18}}},
-        {with(pressing(state, Control::automatic), [](auto& s) { s.automatic = false; }),
-         {"EQ_AUTO_BUTTON_DEPRESSED", {40, 18}}},
+        {focused,                              {"EQ_TITLE_BAR",                      {0, 0}}},
+        {off,                                  {"EQ_ON_BUTTON",                      {14, 18}}},
+        {manual,                               {"EQ_AUTO_BUTTON",                    {40, 18}}},
+        {pressing(state, Control::on),         {"EQ_ON_BUTTON_SELECTED_DEPRESSED",   {14, 18}}},
+        {pressing(state, Control::automatic),  {"EQ_AUTO_BUTTON_SELECTED_DEPRESSED", {40, 18}}},
+        {pressing(state, Control::presets),    {"EQ_PRESETS_BUTTON_SELECTED",        {217, 18}}},
+        {pressing(state, Control::shade),      {"EQ_MAXIMIZE_BUTTON_ACTIVE",         {254, 3}}},
+        {pressing(state, Control::close),      {"EQ_CLOSE_BUTTON_ACTIVE",            {264, 3}}},
+        {pressing(state, Control::preamp),     {"EQ_SLIDER_THUMB_SELECTED",          {22, 38}}},
+        {pressing(state, Band{0}),             {"EQ_SLIDER_THUMB_SELECTED",          {79, 89}}},
+        {pressing(state, Band{9}),             {"EQ_SLIDER_THUMB_SELECTED",          {241, 50}}},
+        {pressing(off, Control::on),           {"EQ_ON_BUTTON_DEPRESSED",            {14, 18}}},
+        {pressing(manual, Control::automatic), {"EQ_AUTO_BUTTON_DEPRESSED",          {40, 18}}},
     };
+    // clang-format on
     for (const auto& change : changes)
         expectChange(skin, state, change);
     for (const int nowhere : {-1, 10, INT_MIN, INT_MAX})
@@ -159,32 +163,24 @@ TEST(EQWindowRenderer, FollowsEachPartOfTheShadedState)
     for (const auto& change : changes)
         expectChange(skin, state, change);
 
-    struct Row {
-        float volume;
-        std::string_view volumeThumb;
-        int volumeX;
-        float balance;
-        std::string_view balanceThumb;
-        int balanceX;
-    };
     // clang-format off
-    const Row rows[] = {
-        {0,             "EQ_SHADE_VOLUME_SLIDER_LEFT",   61,  0, "EQ_SHADE_BALANCE_SLIDER_CENTER", 184},
-        {1,             "EQ_SHADE_VOLUME_SLIDER_RIGHT", 155,  1, "EQ_SHADE_BALANCE_SLIDER_RIGHT",  204},
-        {std::nanf(""), "EQ_SHADE_VOLUME_SLIDER_LEFT",   61, -7, "EQ_SHADE_BALANCE_SLIDER_LEFT",   164},
+    const std::tuple<float, std::string_view, int, float, std::string_view, int> rows[] = {
+        {0, "EQ_SHADE_VOLUME_SLIDER_LEFT", 61, 0, "EQ_SHADE_BALANCE_SLIDER_CENTER", 184},
+        {1, "EQ_SHADE_VOLUME_SLIDER_RIGHT", 155, 1, "EQ_SHADE_BALANCE_SLIDER_RIGHT", 204},
+        {std::nanf(""), "EQ_SHADE_VOLUME_SLIDER_LEFT", 61, -7, "EQ_SHADE_BALANCE_SLIDER_LEFT", 164},
     };
     // clang-format on
-    for (const auto& row : rows) {
+    for (const auto& [volume, volumeThumb, volumeX, balance, balanceThumb, balanceX] : rows) {
         Collage expected(skin, {275, 14});
         expected.add({
-            {"EQ_SHADE_BACKGROUND", {0, 0}           },
-            {row.volumeThumb,       {row.volumeX, 4} },
-            {row.balanceThumb,      {row.balanceX, 4}}
+            {"EQ_SHADE_BACKGROUND", {0, 0}       },
+            {volumeThumb,           {volumeX, 4} },
+            {balanceThumb,          {balanceX, 4}}
         });
         const auto unfocused = with(state, [&](auto& s) {
             s.focused = false;
-            s.volume = row.volume;
-            s.balance = row.balance;
+            s.volume = volume;
+            s.balance = balance;
         });
         expectSame(EQWindowRenderer::render(skin, unfocused, 1, Clip::none),
                    std::move(expected).image());
@@ -196,12 +192,12 @@ TEST(EQWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
     const Skin skin = noisySkin();
     for (const auto& state : {busyState(), shadedState()}) {
         const Image small = EQWindowRenderer::render(skin, state, 1, Clip::none);
-        const Image large = EQWindowRenderer::render(skin, state, 3, Clip::none);
-        ASSERT_EQ(large.size(), (Size{3 * small.width(), 3 * small.height()}));
-        for (int y = 0; y < large.height(); ++y)
-            for (int x = 0; x < large.width(); ++x)
-                ASSERT_EQ(large.pixel({x, y}), small.pixel({x / 3, y / 3})) << x << ", " << y;
+        support::expectMagnified(EQWindowRenderer::render(skin, state, 3, Clip::none), small, 3);
         expectSame(EQWindowRenderer::render(skin, state, INT_MIN, Clip::none), small);
+        support::expectDrawsAt(
+            {20, 30}, EQWindowRenderer::render(skin, state, 2, Clip::none), [&](Canvas& canvas) {
+                EQWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
+            });
     }
 }
 
@@ -230,13 +226,8 @@ TEST(EQWindowRenderer, ClipsEachFormToItsOwnRegionWhenAsked)
         expectSame(EQWindowRenderer::render(skin, state, 2, Clip::none), whole);
 
         const Image clipped = EQWindowRenderer::render(skin, state, 2, Clip::toRegion);
-        const auto mask = SkinRegion::maskImage(triangle, *EQWindowRenderer::size(state, 1), 2);
-        for (int y = 0; y < whole.height(); ++y)
-            for (int x = 0; x < whole.width(); ++x)
-                ASSERT_EQ(clipped.pixel({x, y}), mask->pixel({x, y}) == transparentPixel
-                                                     ? transparentPixel
-                                                     : whole.pixel({x, y}))
-                    << section << " at " << x << ", " << y;
+        support::expectCut(clipped, whole,
+                           *SkinRegion::maskImage(triangle, *EQWindowRenderer::size(state, 1), 2));
     }
 }
 
@@ -267,26 +258,6 @@ TEST(EQWindowRenderer, LeavesOutWhatASkinLacks)
                      pressing(busyState(), Control::shade),
                      {"EQ_MAXIMIZE_BUTTON_ACTIVE_FALLBACK", {254, 3}}
     });
-}
-
-TEST(EQWindowRenderer, DrawsIntoACanvasAndGivesItBackAsItWas)
-{
-    const Skin skin = noisySkin();
-    Canvas canvas({600, 300});
-    EQWindowRenderer::draw(canvas, {20, 30}, skin, busyState(), 2, Clip::none);
-    canvas.fill({0, 0, 1, 1}, {1, 1, 1});
-    const Image picture = canvas.image();
-    expectSame(*picture.crop({20, 30, 550, 232}),
-               EQWindowRenderer::render(skin, busyState(), 2, Clip::none));
-    for (const Point at : {
-             Point{19,  30 },
-             Point{20,  29 },
-             Point{570, 261},
-             Point{569, 262},
-             Point{1,   1  }
-    })
-        EXPECT_EQ(picture.pixel(at), transparentPixel);
-    EXPECT_EQ(picture.pixel({0, 0}), packPixel(1, 1, 1));
 }
 
 TEST(EQWindowRenderer, LooksAsItDid)

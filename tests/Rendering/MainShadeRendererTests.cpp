@@ -4,8 +4,8 @@
 #include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Vis/VisRenderer.h"
 #include "tests/support/Collage.h"
+#include "tests/support/Drawing.h"
 #include "tests/support/Golden.h"
-#include "tests/support/SkinBuilder.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +24,16 @@ constexpr Size window{275, 14};
 MainWindowState playing()
 {
     return MainWindowState::webampScreenshot();
+}
+
+// Expects the picture to be another with one sprite over it.
+void expectAdded(const Image& image, const Image& before, const Collage::Piece& piece)
+{
+    const Skin skin = noisySkin();
+    Collage expected(skin, window);
+    expected.add(before, {0, 0});
+    expected.add(piece);
+    expectSame(image, std::move(expected).image());
 }
 
 }
@@ -64,12 +74,7 @@ TEST(MainShadeRenderer, ShowsAStoppedPlayerOutOfFocus)
 TEST(MainShadeRenderer, ChoosesTheThumbByThePosition)
 {
     const Skin skin = noisySkin();
-    struct Row {
-        double position;
-        std::string_view thumb;
-        int x;
-    };
-    const Row rows[] = {
+    const std::tuple<double, std::string_view, int> rows[] = {
         {-1,   "MAIN_SHADE_POSITION_THUMB_LEFT",  226},
         {0.33, "MAIN_SHADE_POSITION_THUMB_LEFT",  231},
         {0.34, "MAIN_SHADE_POSITION_THUMB",       231},
@@ -78,15 +83,12 @@ TEST(MainShadeRenderer, ChoosesTheThumbByThePosition)
     };
     auto state = MainWindowState::idle();
     const Image without = MainShadeRenderer::render(skin, state, 1, Clip::none);
-    for (const auto& row : rows) {
-        state.position = row.position;
-        Collage expected(skin, window);
-        expected.add(without, {0, 0});
-        expected.add({
-            row.thumb, {row.x, 4}
+    for (const auto& [position, thumb, x] : rows) {
+        state.position = position;
+        expectAdded(MainShadeRenderer::render(skin, state, 1, Clip::none), without,
+                    {
+                        thumb, {x, 4}
         });
-        expectSame(MainShadeRenderer::render(skin, state, 1, Clip::none),
-                   std::move(expected).image());
     }
 }
 
@@ -94,38 +96,18 @@ TEST(MainShadeRenderer, ShowsTheTitleButtonThatIsHeldDown)
 {
     using MainShadeRenderer::TitleButton;
     const Skin skin = noisySkin();
-    struct Row {
-        TitleButton button;
-        std::string_view sprite;
-        int x;
-    };
-    const Row rows[] = {
+    const std::tuple<TitleButton, std::string_view, int> rows[] = {
         {TitleButton::options,  "MAIN_OPTIONS_BUTTON_DEPRESSED",        6  },
         {TitleButton::minimize, "MAIN_MINIMIZE_BUTTON_DEPRESSED",       244},
         {TitleButton::shade,    "MAIN_SHADE_BUTTON_SELECTED_DEPRESSED", 254},
         {TitleButton::close,    "MAIN_CLOSE_BUTTON_DEPRESSED",          264},
     };
     const Image released = MainShadeRenderer::render(skin, playing(), 1, Clip::none);
-    for (const auto& row : rows) {
-        Collage expected(skin, window);
-        expected.add(released, {0, 0});
-        expected.add({
-            row.sprite, {row.x, 3}
+    for (const auto& [button, sprite, x] : rows)
+        expectAdded(MainShadeRenderer::render(skin, playing(), 1, Clip::none, button), released,
+                    {
+                        sprite, {x, 3}
         });
-        expectSame(MainShadeRenderer::render(skin, playing(), 1, Clip::none, row.button),
-                   std::move(expected).image());
-    }
-}
-
-TEST(MainShadeRenderer, CountsDownWithASign)
-{
-    const Skin skin = noisySkin();
-    auto state = playing();
-    state.status.timeMode = TimeMode::remaining;
-    const auto clock = miniTimeImage(skin, {"-", "0", "0", "0", "2"});
-    const auto drawn =
-        MainShadeRenderer::render(skin, state, 1, Clip::none).crop({128, 4, 5, 6}); // its sign
-    EXPECT_EQ(drawn, clock->crop({1, 0, 5, 6}));
 }
 
 // A gauge of one bar and one peak, told from the pixels around it by the colours.
@@ -201,29 +183,19 @@ TEST(MainShadeRenderer, LeavesOutWhatTheSkinLacks)
     expectSame(bare, std::move(expected).image());
 }
 
-TEST(MainShadeRenderer, DrawsIntoACallersCanvasAndLeavesItAsItWas)
+TEST(MainShadeRenderer, DrawsIntoACallersCanvasAtEveryScale)
 {
     const Skin skin = noisySkin();
-    Canvas canvas({600, 60});
-    canvas.scale(2);
-    MainShadeRenderer::draw(canvas, {7, 3}, skin, playing(), 1, Clip::toRegion);
-    EXPECT_EQ(canvas.state().scale, 2);
-    EXPECT_EQ(canvas.state().originX, 0);
-    EXPECT_EQ(canvas.state().clip, (Rect{0, 0, 600, 60}));
-    const auto drawn = canvas.image().crop({14, 6, 550, 28});
-    Canvas expected({550, 28});
-    expected.scale(2);
-    expected.draw(MainShadeRenderer::render(skin, playing(), 1, Clip::none), Point{0, 0});
-    EXPECT_EQ(drawn, expected.image());
-}
-
-TEST(MainShadeRenderer, HasASizeForEveryScaleThatARasterCanHold)
-{
+    const auto drawn = [&skin](int scale) {
+        return MainShadeRenderer::render(skin, playing(), scale, Clip::none);
+    };
+    support::expectDrawsAt({7, 3}, drawn(2), [&](Canvas& canvas) {
+        MainShadeRenderer::draw(canvas, {7, 3}, skin, playing(), 2, Clip::toRegion);
+    });
+    expectSame(drawn(-5), drawn(1));
     EXPECT_EQ(MainShadeRenderer::size(0), window);
-    EXPECT_EQ(MainShadeRenderer::size(-5), window);
     EXPECT_EQ(MainShadeRenderer::size(3), (Size{825, 42}));
     EXPECT_EQ(MainShadeRenderer::size(INT64_MAX), std::nullopt);
-    EXPECT_EQ(MainShadeRenderer::render(noisySkin(), playing(), -5, Clip::none).size(), window);
 }
 
 // What no rule alone would catch.

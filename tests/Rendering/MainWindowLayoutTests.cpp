@@ -11,11 +11,7 @@ using namespace SkinKit::MainWindowLayout;
 
 TEST(MainWindowLayout, GivesEachButtonThePlaceAndTheSizeOfItsSprite)
 {
-    struct Row {
-        Rect rect;
-        std::string_view sprite;
-    };
-    const Row rows[] = {
+    const std::pair<Rect, std::string_view> rows[] = {
         {rect(TitleButton::options), "MAIN_OPTIONS_BUTTON"},
         {rect(TitleButton::minimize), "MAIN_MINIMIZE_BUTTON"},
         {rect(TitleButton::shade), "MAIN_SHADE_BUTTON"},

@@ -1,8 +1,9 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Vis/VisRenderer.h"
+#include "tests/support/BMPWriter.h"
 #include "tests/support/Collage.h"
-#include "tests/support/SkinBuilder.h"
+#include "tests/support/Drawing.h"
 
 #include <gtest/gtest.h>
 
@@ -44,33 +45,6 @@ MainWindowState busyState()
 
 }
 
-TEST(MainWindowRenderer, DrawsAnIdlePlayer)
-{
-    const Skin skin = noisySkin();
-    Collage expected(skin);
-    addBase(expected);
-    expected.add({
-        {"MAIN_STOPPED_INDICATOR", {26, 28}}
-    });
-    expected.add(textImage(skin, "Velmar" + std::string(25, ' ')), {111, 27},
-                 Rect{111, 27, 154, 6});
-    expected.add({
-        {"MAIN_MONO", {212, 41}},
-        {"MAIN_STEREO", {239, 41}},
-        {"MAIN_VOLUME_BACKGROUND", {107, 57}, {}, 21},
-        {"MAIN_VOLUME_THUMB", {147, 58}},
-        {"MAIN_BALANCE_BACKGROUND", {177, 57}, {}, 0},
-        {"MAIN_BALANCE_THUMB", {189, 58}},
-        {"MAIN_EQ_BUTTON", {219, 58}},
-        {"MAIN_PLAYLIST_BUTTON", {242, 58}},
-        {"MAIN_POSITION_SLIDER_BACKGROUND", {16, 72}},
-        {"MAIN_SHUFFLE_BUTTON", {164, 89}},
-        {"MAIN_REPEAT_BUTTON", {210, 89}}
-    });
-    expectSame(MainWindowRenderer::render(skin, MainWindowState::idle(), 1, Clip::toRegion),
-               std::move(expected).image());
-}
-
 TEST(MainWindowRenderer, DrawsThePlayerOfTheReferenceScreenshots)
 {
     const Skin skin = noisySkin();
@@ -110,11 +84,6 @@ TEST(MainWindowRenderer, DrawsThePlayerOfTheReferenceScreenshots)
 
 TEST(MainWindowRenderer, FollowsEachPartOfTheState)
 {
-    struct Row {
-        std::string_view what;
-        MainWindowState state;
-        Collage::Piece shown;
-    };
     const auto with = [](auto change) {
         MainWindowState state = MainWindowState::webampScreenshot();
         change(state);
@@ -130,43 +99,40 @@ TEST(MainWindowRenderer, FollowsEachPartOfTheState)
         return with([=](auto& s) { s.status.transport = value; });
     };
     const auto left = with([](auto& s) { s.status.timeMode = TimeMode::remaining; });
-    const Row rows[] = {
-        {"paused",                  transport(Transport::paused),                  {"MAIN_PAUSED_INDICATOR", {26, 28}}                             },
-        {"loading",
-         transport(Transport::loading),
-         {"MAIN_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}}                                                                                  },
-        {"unfocused",               with([](auto& s) { s.focused = false; }),      {"MAIN_TITLE_BAR", {0, 0}}                                      },
-        {"minus",                   left,                                          {"MINUS_SIGN", {38, 26}}                                        },
-        {"seconds left",            left,                                          {"DIGIT_2", {90, 26}}                                           },
-        {"ten minutes",             with([](auto& s) { s.status.elapsed = 754; }), {"DIGIT_1", {48, 26}}                                           },
-        {"mono",                    channels(1),                                   {"MAIN_MONO_SELECTED", {212, 41}}                               },
-        {"not stereo",              channels(1),                                   {"MAIN_STEREO", {239, 41}}                                      },
-        {"six channels, no mono",   channels(6),                                   {"MAIN_MONO", {212, 41}}                                        },
-        {"six channels, no stereo", channels(6),                                   {"MAIN_STEREO", {239, 41}}                                      },
-        {"unknown channels",        channels({}),                                  {"MAIN_STEREO", {239, 41}}                                      },
-        {"silent",                  volume(0),                                     {"MAIN_VOLUME_THUMB", {107, 58}}                                },
-        {"silent frame",
-         volume(0),
-         {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{121, 57, 54, 13}, 0}                                                                           },
-        {"below silence",           volume(-3),                                    {"MAIN_VOLUME_THUMB", {107, 58}}                                },
-        {"too loud",                volume(3),                                     {"MAIN_VOLUME_THUMB", {158, 58}}                                },
-        {"loud frame",              volume(3),                                     {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{107, 57, 51, 13}, 27}},
-        {"left",                    balance(-1),                                   {"MAIN_BALANCE_THUMB", {177, 58}}                               },
-        {"left frame",
-         balance(-9),
-         {"MAIN_BALANCE_BACKGROUND", {177, 57}, Rect{191, 57, 24, 13}, 27}                                                                         },
-        {"right",                   balance(9),                                    {"MAIN_BALANCE_THUMB", {201, 58}}                               },
-        {"start",                   position(-1),                                  {"MAIN_POSITION_SLIDER_THUMB", {16, 72}}                        },
-        {"end",                     position(2),                                   {"MAIN_POSITION_SLIDER_THUMB", {235, 72}}                       },
+    const auto tenMinutes = with([](auto& s) { s.status.elapsed = 754; });
+    // clang-format off
+    const std::pair<MainWindowState, Collage::Piece> rows[] = {
+        {transport(Transport::paused),             {"MAIN_PAUSED_INDICATOR", {26, 28}}},
+        {transport(Transport::loading), {"MAIN_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}}},
+        {with([](auto& s) { s.focused = false; }), {"MAIN_TITLE_BAR", {0, 0}}},
+        {left,                                     {"MINUS_SIGN", {38, 26}}},
+        {left,                                     {"DIGIT_2", {90, 26}}},
+        {tenMinutes,                               {"DIGIT_1", {48, 26}}},
+        {channels(1),                              {"MAIN_MONO_SELECTED", {212, 41}}},
+        {channels(1),                              {"MAIN_STEREO", {239, 41}}},
+        {channels(6),                              {"MAIN_MONO", {212, 41}}},
+        {channels(6),                              {"MAIN_STEREO", {239, 41}}},
+        {channels({}),                             {"MAIN_STEREO", {239, 41}}},
+        {volume(-3),                               {"MAIN_VOLUME_THUMB", {107, 58}}},
+        {volume(0), {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{121, 57, 54, 13}, 0}},
+        {volume(3),                                {"MAIN_VOLUME_THUMB", {158, 58}}},
+        {volume(3), {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{107, 57, 51, 13}, 27}},
+        {balance(-1),                              {"MAIN_BALANCE_THUMB", {177, 58}}},
+        {balance(-9), {"MAIN_BALANCE_BACKGROUND", {177, 57}, Rect{191, 57, 24, 13}, 27}},
+        {balance(9),                               {"MAIN_BALANCE_THUMB", {201, 58}}},
+        {position(-1),                             {"MAIN_POSITION_SLIDER_THUMB", {16, 72}}},
+        {position(2),                              {"MAIN_POSITION_SLIDER_THUMB", {235, 72}}},
     };
+    // clang-format on
     const Skin skin = noisySkin();
-    for (const auto& [what, state, shown] : rows) {
+    for (const auto& [state, shown] : rows) {
         const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
         Collage changed(skin);
         changed.add(window, {0, 0});
         changed.add(shown);
         const auto different = firstDifference(window, std::move(changed).image());
-        EXPECT_FALSE(different) << what << ", first at " << different->x << ", " << different->y;
+        EXPECT_FALSE(different) << shown.sprite << ", first at " << different->x << ", "
+                                << different->y;
     }
 }
 
@@ -209,24 +175,21 @@ TEST(MainWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
 {
     const Skin skin = noisySkin();
     auto state = busyState();
-    for (const int scale : {2, 3, 5}) {
-        // The visualizer is drawn two rows lower at scale 1 only.
-        state.visualizer = MainWindowState::Off{};
-        const Image small = MainWindowRenderer::render(skin, state, 1, Clip::none);
-        state.visualizer = busyState().visualizer;
-        const Image large = MainWindowRenderer::render(skin, state, scale, Clip::none);
-        VisRenderer vis(skin.visColors, VisLayout::main());
-        vis.drawOscilloscope(std::vector(75, 0.3F), 0);
-        Collage expected(skin);
-        expected.add(small, {0, 0});
-        expected.add(vis.makeImage(), {24, 43});
-        const Image window = std::move(expected).image();
-        ASSERT_EQ(large.size(), (Size{275 * scale, 116 * scale}));
-        for (int y = 0; y < large.height(); ++y)
-            for (int x = 0; x < large.width(); ++x)
-                ASSERT_EQ(large.pixel({x, y}), window.pixel({x / scale, y / scale}))
-                    << "scale " << scale << " at " << x << ", " << y;
-    }
+    // The visualizer is drawn two rows lower at scale 1 only.
+    state.visualizer = MainWindowState::Off{};
+    Collage expected(skin);
+    expected.add(MainWindowRenderer::render(skin, state, 1, Clip::none), {0, 0});
+    VisRenderer vis(skin.visColors, VisLayout::main());
+    vis.drawOscilloscope(std::vector(75, 0.3F), 0);
+    expected.add(vis.makeImage(), {24, 43});
+    const Image window = std::move(expected).image();
+    for (const int scale : {2, 3, 5})
+        support::expectMagnified(MainWindowRenderer::render(skin, busyState(), scale, Clip::none),
+                                 window, scale);
+    support::expectDrawsAt(
+        {20, 30}, MainWindowRenderer::render(skin, state, 2, Clip::none), [&](Canvas& canvas) {
+            MainWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
+        });
 }
 
 TEST(MainWindowRenderer, PushesTheVisualizerDownAtScaleOneOnly)
@@ -289,12 +252,7 @@ TEST(MainWindowRenderer, ClipsToTheNormalRegionWhenAsked)
     skin.region.sections["normal"] = polygons;
     const auto mask = SkinRegion::maskImage(polygons, {275, 116}, 2);
     const Image clipped = MainWindowRenderer::render(skin, state, 2, Clip::toRegion);
-    for (int y = 0; y < whole.height(); ++y)
-        for (int x = 0; x < whole.width(); ++x)
-            ASSERT_EQ(clipped.pixel({x, y}), mask->pixel({x, y}) == transparentPixel
-                                                 ? transparentPixel
-                                                 : whole.pixel({x, y}))
-                << x << ", " << y;
+    support::expectCut(clipped, whole, *mask);
     expectSame(MainWindowRenderer::render(skin, state, 2, Clip::none), whole);
 
     // A section without polygons clips everything away; another section clips nothing.
@@ -331,26 +289,4 @@ TEST(MainWindowRenderer, LeavesOutWhatASkinLacks)
              Rect{156, 43, 10,  6}
     })
         EXPECT_EQ(silent.crop(field), mute.sheets.at("MAIN").crop(field));
-}
-
-TEST(MainWindowRenderer, DrawsIntoACanvasAndGivesItBackAsItWas)
-{
-    const Skin skin = noisySkin();
-    const auto state = MainWindowState::idle();
-    Canvas canvas({600, 300});
-    canvas.fill({0, 0, 600, 300}, {9, 9, 9});
-    MainWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
-    canvas.fill({0, 0, 1, 1}, {1, 1, 1});
-    const Image picture = canvas.image();
-    expectSame(*picture.crop({20, 30, 550, 232}),
-               MainWindowRenderer::render(skin, state, 2, Clip::none));
-    for (const Point at : {
-             Point{19,  30 },
-             Point{20,  29 },
-             Point{570, 261},
-             Point{569, 262}
-    })
-        EXPECT_EQ(picture.pixel(at), packPixel(9, 9, 9));
-    EXPECT_EQ(picture.pixel({0, 0}), packPixel(1, 1, 1));
-    EXPECT_EQ(picture.pixel({1, 1}), packPixel(9, 9, 9));
 }

@@ -2,6 +2,8 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "SkinKit/Text/TextRenderer.h"
+#include "tests/support/Drawing.h"
+#include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -11,23 +13,13 @@
 using namespace SkinKit;
 using PlaylistLayout::Menu;
 using PlaylistLayout::Steps;
+using support::markOf;
 
 namespace {
 
-// A pixel that tells where on the playlist's sheet it is from.
-Pixel markOf(Point place)
-{
-    return packPixel(static_cast<unsigned>(place.x % 256), static_cast<unsigned>(place.y),
-                     static_cast<unsigned>(place.x / 256));
-}
-
 Image markedSheet()
 {
-    auto pixels = PixelBuffer::uncleared(GeneratedBaseSkin::size("PLEDIT"));
-    for (int y = 0; y < pixels.size().height; ++y)
-        for (int x = 0; x < pixels.size().width; ++x)
-            pixels.row(y)[static_cast<std::size_t>(x)] = markOf({x, y});
-    return {std::move(pixels), Image::Alpha::opaque};
+    return support::markedImage(GeneratedBaseSkin::size("PLEDIT"));
 }
 
 // Colours that are no marks: no sheet is so high.
@@ -288,21 +280,19 @@ TEST(PlaylistWindowRenderer, DrawsIntoACallersCanvasAtAnyPlaceAndScale)
     const Skin skin = markedSkin();
     const auto state = fullList({1, 2});
     const Image plain = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image twice = PlaylistWindowRenderer::render(skin, state, 2);
+    const Image shade = PlaylistWindowRenderer::renderShade(skin, state, 2);
     EXPECT_EQ(PlaylistWindowRenderer::render(skin, state, -3), plain);
     EXPECT_EQ(PlaylistWindowRenderer::size(state.steps, 3), (Size{900, 522}));
     EXPECT_EQ(PlaylistWindowRenderer::shadeSize(state.steps, 0), (Size{300, 14}));
-
-    Canvas expected({700, 400});
-    expected.translate({40, 20});
-    expected.scale(2);
-    expected.draw(plain, Point{0, 0});
-    expected.draw(PlaylistWindowRenderer::renderShade(skin, state, 1), Point{0, 176});
-    Canvas canvas({700, 400});
-    PlaylistWindowRenderer::draw(canvas, {40, 20}, skin, state, 2);
-    PlaylistWindowRenderer::drawShade(canvas, {40, 20 + 2 * 176}, skin, state, 2);
-    EXPECT_EQ(canvas.state().scale, 1);
-    EXPECT_EQ(canvas.state().originX, 0);
-    EXPECT_EQ(canvas.image(), expected.image());
+    support::expectMagnified(twice, plain, 2);
+    support::expectMagnified(shade, PlaylistWindowRenderer::renderShade(skin, state, 1), 2);
+    support::expectDrawsAt({40, 20}, twice, [&](Canvas& canvas) {
+        PlaylistWindowRenderer::draw(canvas, {40, 20}, skin, state, 2);
+    });
+    support::expectDrawsAt({40, 20}, shade, [&](Canvas& canvas) {
+        PlaylistWindowRenderer::drawShade(canvas, {40, 20}, skin, state, 2);
+    });
 }
 
 TEST(PlaylistWindowRenderer, RefusesAWindowThatNoRasterCanHold)

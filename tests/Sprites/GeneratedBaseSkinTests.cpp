@@ -39,12 +39,7 @@ Rows spriteRows(std::string_view name)
 
 TEST(GeneratedBaseSkin, StandsInForAllButTheSheetsThatOthersReplace)
 {
-    struct Row {
-        std::string_view sheet;
-        Size size;
-        bool isGenerated;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, Size, bool> rows[] = {
         {"BALANCE",  {47, 433},  false},
         {"CBUTTONS", {136, 36},  true },
         {"EQMAIN",   {275, 315}, true },

@@ -21,50 +21,9 @@ std::optional<Resolved> resolve(std::string_view name, const Sheets& held)
 
 }
 
-TEST(SkinSprites, HoldsSixteenSheets)
-{
-    struct Row {
-        std::string_view name;
-        std::size_t sprites;
-        bool isOptional;
-    };
-    const Row rows[] = {
-        {"BALANCE",  3,  true },
-        {"CBUTTONS", 12, false},
-        {"EQMAIN",   22, false},
-        {"EQ_EX",    12, true },
-        {"GEN",      20, true },
-        {"MAIN",     1,  false},
-        {"MONOSTER", 4,  false},
-        {"NUMBERS",  12, true },
-        {"NUMS_EX",  12, true },
-        {"PLAYPAUS", 5,  false},
-        {"PLEDIT",   60, false},
-        {"POSBAR",   3,  false},
-        {"SHUFREP",  16, false},
-        {"TEXT",     69, false},
-        {"TITLEBAR", 27, false},
-        {"VOLUME",   3,  false},
-    };
-    const auto sheets = SkinSprites::sheets();
-    ASSERT_EQ(sheets.size(), std::size(rows));
-    for (std::size_t i = 0; i < sheets.size(); ++i) {
-        EXPECT_EQ(sheets[i].name, rows[i].name);
-        EXPECT_EQ(sheets[i].sprites.size(), rows[i].sprites) << rows[i].name;
-        EXPECT_EQ(SkinSprites::spritesOf(rows[i].name).data(), sheets[i].sprites.data());
-        EXPECT_EQ(SkinSprites::isOptionalSheet(rows[i].name), rows[i].isOptional) << rows[i].name;
-    }
-    EXPECT_EQ(SkinSprites::all().size(), 281U);
-    EXPECT_TRUE(SkinSprites::spritesOf("main").empty());
-}
-
 TEST(SkinSprites, PlacesSpritesOfEverySheet)
 {
-    struct Row {
-        std::string_view sheet, name;
-        Rect rect;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, std::string_view, Rect> rows[] = {
         {"TITLEBAR", "MAIN_CLUTTER_BAR_BUTTON_V_SELECTED",      {336, 77, 8, 7}  },
         {"TITLEBAR", "MAIN_SHADE_POSITION_THUMB_LEFT",          {17, 36, 3, 7}   },
         {"CBUTTONS", "MAIN_NEXT_BUTTON",                        {92, 0, 23, 18}  },
@@ -88,6 +47,14 @@ TEST(SkinSprites, PlacesSpritesOfEverySheet)
         EXPECT_EQ(placed->sheet, sheet) << name;
         EXPECT_EQ(placed->sprite.rect(), rect) << name;
     }
+    EXPECT_EQ(SkinSprites::all().size(), 281U);
+    std::size_t count = 0;
+    for (const auto& sheet : SkinSprites::sheets()) {
+        EXPECT_EQ(SkinSprites::spritesOf(sheet.name).data(), sheet.sprites.data()) << sheet.name;
+        count += sheet.sprites.size();
+    }
+    EXPECT_EQ(count, 281U);
+    EXPECT_TRUE(SkinSprites::spritesOf("main").empty());
     EXPECT_FALSE(SkinSprites::byName("main_window_background"));
     EXPECT_FALSE(SkinSprites::byName(""));
 }
@@ -117,29 +84,16 @@ TEST(SkinSprites, LaysTheTextSheetOutInThreeRows)
 
 TEST(SpriteFallbacks, TakesDigitsFromTheExtendedSheetWhereverItIsHeld)
 {
-    EXPECT_EQ(resolve("DIGIT_5",
-                      {
-                          "NUMBERS", "NUMS_EX"
-    }),
-              (Resolved{"NUMS_EX", {45, 0, 9, 13}}));
-    EXPECT_EQ(resolve("DIGIT_5",
-                      {
-                          "NUMBERS"
-    }),
-              (Resolved{"NUMBERS", {45, 0, 9, 13}}));
-    EXPECT_EQ(resolve("DIGIT_5", {"MAIN"}), std::nullopt);
-    EXPECT_EQ(resolve("MINUS_SIGN",
-                      {
-                          "NUMS_EX"
-    }),
-              (Resolved{"NUMS_EX", {99, 0, 9, 13}}));
-    EXPECT_EQ(resolve("MINUS_SIGN",
-                      {
-                          "NUMBERS"
-    }),
-              (Resolved{"NUMBERS", {20, 6, 5, 1}}));
-    // The extended names themselves have nothing to stand in for them.
-    EXPECT_EQ(resolve("DIGIT_5_EX", {"NUMBERS"}), std::nullopt);
+    const std::tuple<std::string_view, Sheets, std::optional<Resolved>> rows[] = {
+        {"DIGIT_5",    {"NUMBERS", "NUMS_EX"}, Resolved{"NUMS_EX", {45, 0, 9, 13}}},
+        {"DIGIT_5",    {"NUMBERS"},            Resolved{"NUMBERS", {45, 0, 9, 13}}},
+        {"DIGIT_5",    {"MAIN"},               std::nullopt                       },
+        {"MINUS_SIGN", {"NUMS_EX"},            Resolved{"NUMS_EX", {99, 0, 9, 13}}},
+        {"MINUS_SIGN", {"NUMBERS"},            Resolved{"NUMBERS", {20, 6, 5, 1}} },
+        {"DIGIT_5_EX", {"NUMBERS"},            std::nullopt                       }, // nothing stands in for the extended names
+    };
+    for (const auto& [name, held, expected] : rows)
+        EXPECT_EQ(resolve(name, held), expected) << name;
     ASSERT_EQ(SkinSprites::numberPairs().size(), 12U);
     for (const auto& [plain, ext] : SkinSprites::numberPairs())
         EXPECT_EQ(ext, std::string(plain) + "_EX");
@@ -147,12 +101,7 @@ TEST(SpriteFallbacks, TakesDigitsFromTheExtendedSheetWhereverItIsHeld)
 
 TEST(SpriteFallbacks, SubstitutesCutToTheSmallerOfBothSizes)
 {
-    struct Row {
-        std::string_view name;
-        Sheets held;
-        std::optional<Resolved> expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, Sheets, std::optional<Resolved>> rows[] = {
         {"MAIN_BALANCE_BACKGROUND",      {"BALANCE", "VOLUME"}, Resolved{"BALANCE", {9, 0, 38, 420}} },
         {"MAIN_BALANCE_BACKGROUND",      {"VOLUME"},            Resolved{"VOLUME", {0, 0, 38, 420}}  },
         {"MAIN_BALANCE_THUMB",           {"VOLUME"},            Resolved{"VOLUME", {15, 422, 14, 11}}},

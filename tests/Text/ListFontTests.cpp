@@ -58,11 +58,7 @@ TEST(ListFont, AlignsNumbersInColumns)
 
 TEST(ListFont, ShowsEveryTextAsReadersReadIt)
 {
-    struct Row {
-        std::string_view text;
-        std::u32string_view shown;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::u32string_view> rows[] = {
         {"",                                   U""            },
         {"Ab 9~",                              U"Ab 9~"       },
         {"\u00C9t\u00E9",                      U"Ete"         },
@@ -85,12 +81,7 @@ TEST(ListFont, CutsALineThatIsTooWide)
 {
     EXPECT_EQ(ListFont::width(glyphs(U"abc")), 14);
     EXPECT_EQ(ListFont::width({}), 0);
-    struct Row {
-        std::string_view text;
-        int width;
-        std::u32string_view shown;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string_view, int, std::u32string_view> rows[] = {
         {"abcd",          19, U"abcd"},
         {"abcd",          18, U"ab…" }, // 15 pixels; a third letter would make it 20
         {"abcd",          15, U"ab…" },

@@ -16,12 +16,7 @@ const std::string title = "1. DJ Nico Parda - Parda Rattling Intro (0:05)"; // 4
 
 TEST(MarqueeLayout, FillsAShortTextUpAndLoopsALongOne)
 {
-    struct Row {
-        std::string text;
-        bool isLong;
-        std::string loop;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string, bool, std::string> rows[] = {
         {"", false, std::string(31, ' ')},
         {"Velmar", false, "Velmar" + std::string(25, ' ')},
         {thirty, false, thirty + " "},
@@ -39,11 +34,7 @@ TEST(MarqueeLayout, FillsAShortTextUpAndLoopsALongOne)
 
 TEST(MarqueeLayout, WrapsTheOffsetAtTheLengthOfOneRound)
 {
-    struct Row {
-        std::string text;
-        int step, pixels, expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string, int, int, int> rows[] = {
         {title,     0,       0,       0                                              },
         {title,     1,       0,       5                                              },
         {title,     52,      4,       264                                            },

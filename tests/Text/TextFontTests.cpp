@@ -21,10 +21,7 @@ std::string shown(std::string_view text)
 
 TEST(TextFont, ShowsEachCharacterInItsCell)
 {
-    struct Row {
-        std::string_view text, expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"",                            ""                           },
         {"Az09 @\"",                    "az09 @\""                   },
         {".:()-'!_+\\/[]^&%,=$#?*<>{}", ".:()-'!_+\\/[]^&%,=$#?*<>{}"},
@@ -47,11 +44,7 @@ TEST(TextFont, ShowsEachCharacterInItsCell)
 
 TEST(TextFont, FoldsEveryAccentedLetterOntoTheFirstOfItsReplacement)
 {
-    struct Row {
-        std::u16string_view units;
-        std::string_view letters;
-    };
-    const Row rows[] = {
+    const std::pair<std::u16string_view, std::string_view> rows[] = {
         {u"ÀÁÂÃÄÅĀĂĄ", "A" },
         {u"ÐĎĐ",       "D" },
         {u"ĦĤ",        "H" },

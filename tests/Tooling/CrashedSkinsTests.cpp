@@ -32,33 +32,28 @@ int found(std::string_view file, std::string_view text)
 
 TEST(CrashedSkins, FindsTheSkinThatALogIsAbout)
 {
-    struct Row {
-        std::string_view file;
-        std::string_view text;
-        int expected;
+    // clang-format off
+    const std::tuple<int, std::string_view, std::string_view> rows[] = {
+        { 0, "00112233445566778899AABBCCDDEEFF.log", "y/Night.wsz"}, // fingerprint first
+        { 1, "1.log",        "md5=ff112233445566778899aabbccddeeff, y/Night.wsz"},
+        {-1, "1.log",        "0ff112233445566778899aabbccddeeff"}, // a longer number
+        { 2, "1.log",        "#1 0x1 in load (path=\"/skins/y/Night.wsz\") at l.cpp:1"},
+        { 1, "1.log",        "loading 'My Night.wsz'"}, // the longest
+        { 0, "1.log",        "while reading Night"},
+        { 0, "Night.log",    "Segmentation fault"},
+        {-1, "Midnight.log", "Nightly Nights Night_ éNight"}, // parts of words
+        {-1, "1.log",        "a skin"}, // short names are any words
+        {-1, "crash-a.log",  ""},
+        { 3, "a.log",        ""},
+        { 3, "1.log",        "opened a.zip"},
+        {-1, "1.log",        "#0  0x1 in parse () at p.cpp:1"}, // a function, not a skin
+        { 4, "1.log",        "the skin: parse"},
+        { 5, "1.log",        "[!].wsz"},
+        { 6, "1.log",        "(été.wsz)"},
     };
-    const Row rows[] = {
-        {"00112233445566778899AABBCCDDEEFF.log", "y/Night.wsz",                                             0 }, // fingerprint first
-        {"1.log",                                "md5=ff112233445566778899aabbccddeeff, y/Night.wsz",       1 },
-        {"1.log",                                "0ff112233445566778899aabbccddeeff",                       -1}, // a longer number
-        {"1.log",                                "#1 0x1 in load (path=\"/skins/y/Night.wsz\") at l.cpp:1",
-         2                                                                                                    }, // path, in a stack too
-        {"1.log",                                "loading 'My Night.wsz'",                                  1 }, // the longest
-        {"1.log",                                "while reading Night",                                     0 },
-        {"Night.log",                            "Segmentation fault",                                      0 },
-        {"Midnight.log",                         "Nightly Nights Night_ éNight",                            -1}, // parts of words
-        {"1.log",                                "a skin",                                                  -1}, // short names are any words
-        {"crash-a.log",                          "",                                                        -1},
-        {"a.log",                                "",                                                        3 },
-        {"1.log",                                "opened a.zip",                                            3 },
-        {"1.log",                                "#0  0x1 in parse () at p.cpp:1",                          -1}, // a function, not a skin
-        {"1.log",                                "the skin: parse",                                         4 },
-        {"1.log",                                "[!].wsz",                                                 5 },
-        {"1.log",                                "(été.wsz)",                                               6 },
-        {"1.log",                                "",                                                        -1},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(found(row.file, row.text), row.expected) << row.file << ": " << row.text;
+    // clang-format on
+    for (const auto& [expected, file, text] : rows)
+        EXPECT_EQ(found(file, text), expected) << file << ": " << text;
 }
 
 // Logs of programs say the same again and again, and may never end a line.

@@ -6,11 +6,7 @@ using namespace SkinKit;
 
 TEST(Markdown, TakesNothingInACellForMarkup)
 {
-    struct Row {
-        std::string_view text;
-        std::string_view expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::string_view> rows[] = {
         {"Missing gen.bmp, x - y + 1 (#2)!", "Missing gen.bmp, x - y + 1 (#2)!"},
         {"nums_ex",                          "nums_ex"                         },
         {"_a_ b__c",                         "\\_a\\_ b\\_\\_c"                },
@@ -23,8 +19,8 @@ TEST(Markdown, TakesNothingInACellForMarkup)
         {"Größe_3 \u202Egpj",                "Größe_3  gpj"                    }, // turned direction
         {"",                                 ""                                },
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Markdown::cell(row.text), row.expected);
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(Markdown::cell(text), expected);
 }
 
 TEST(Markdown, CutsACellShort)

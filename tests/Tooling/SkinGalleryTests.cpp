@@ -3,17 +3,14 @@
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/Rendering/PNGWriter.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/Tooling/GalleryOptions.h"
 #include "SkinKit/Tooling/ParallelFor.h"
 #include "tests/support/Collection.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/Words.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <mutex>
 #include <vector>
 
 using namespace SkinKit;
@@ -86,21 +83,4 @@ TEST(ParallelFor, CallsEachOnceAndStopsWhenTold)
     std::atomic<int> begun = 0;
     parallelFor(1'000'000, [&](std::size_t) { return ++begun < 10; });
     EXPECT_LT(begun, 1000);
-}
-
-TEST(GalleryOptions, ReadsTheCommandLineOrSaysWhatIsWrong)
-{
-    using Options = GalleryOptions;
-    EXPECT_EQ(Options::parse(support::words("skins --scale 3 --out o")),
-              (Options{.input = "skins", .out = "o", .scale = 3}));
-    EXPECT_EQ(Options::parse(support::words("skins --out o"))->scale, 1);
-    for (const auto& [line, expected] : std::vector<std::pair<std::string_view, std::string_view>>{
-             {"",                    "missing <dir>"                        },
-             {"s",                   "missing --out <dir>"                  },
-             {"s t --out o",         "only one <dir> is accepted"           },
-             {"s --out",             "--out needs a folder"                 },
-             {"s --out o --scale 0", "--scale needs an integer of 1 or more"},
-             {"s --out o -v",        "unknown option: -v"                   },
-    })
-        EXPECT_EQ(Options::parse(support::words(line)).error().description, expected) << line;
 }

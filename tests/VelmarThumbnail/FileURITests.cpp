@@ -17,11 +17,7 @@ TEST(FileURI, IsTheScheme)
 
 TEST(FileURI, StandsForThePathWhoseBytesItSpellsOut)
 {
-    struct Row {
-        std::string_view uri;
-        std::optional<std::filesystem::path> expected;
-    };
-    const Row rows[] = {
+    const std::pair<std::string_view, std::optional<std::filesystem::path>> rows[] = {
         {"file:///a/b.wsz",             "/a/b.wsz"     },
         {"file:/a/b.wsz",               "/a/b.wsz"     },
         {"File://LOCALHOST/a",          "/a"           },
@@ -42,6 +38,6 @@ TEST(FileURI, StandsForThePathWhoseBytesItSpellsOut)
         {"file:///a#b",                 std::nullopt   },
         {"http:///a",                   std::nullopt   },
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(FileURI::path(row.uri), row.expected) << row.uri;
+    for (const auto& [uri, expected] : rows)
+        EXPECT_EQ(FileURI::path(uri), expected) << uri;
 }

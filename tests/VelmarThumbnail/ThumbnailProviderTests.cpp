@@ -1,7 +1,6 @@
 #include "SkinKit/Raster/AreaFilter.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
-#include "tests/support/BMPWriter.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -32,14 +31,16 @@ struct Answer {
     std::optional<ThumbnailError> error;
 };
 
-Answer ask(const ThumbnailRequest& request)
+Answer ask(const std::filesystem::path& file, double maximum, double scale = 1, double minimum = 0)
 {
     Answer answer;
-    ThumbnailProvider::provideThumbnail(request, [&](const auto& reply, const auto& error) {
-        ++answer.calls;
-        answer.reply = reply;
-        answer.error = error;
-    });
+    ThumbnailProvider::provideThumbnail(
+        {
+            file, {maximum, maximum},
+             {minimum, minimum},
+             scale
+    },
+        [&](const auto& reply, const auto& error) { answer = {answer.calls + 1, reply, error}; });
     return answer;
 }
 
@@ -53,26 +54,17 @@ protected:
 
 TEST_F(ThumbnailProviderTest, RepliesWithTheIdleWindowFittedIntoTheSizeAskedFor)
 {
-    struct Row {
-        double maximum;
-        double scale;
-        SizeF context;
-        Size pixels;
-        int renderScale;
-    };
-    const Row rows[] = {
+    // clang-format off
+    const struct { double maximum, scale; SizeF context; Size pixels; int renderScale; } rows[] = {
         {512,  2,            {412.5, 174},             {825, 348},  3},
         {512,  1,            {275, 116},               {275, 116},  1},
         {1100, 1,            {1100, 464},              {1100, 464}, 4},
         {275,  1.5,          {183 + 1. / 3, 232. / 3}, {275, 116},  1},
         {512,  std::nan(""), {275, 116},               {275, 116},  1},
     };
+    // clang-format on
     for (const auto& row : rows) {
-        const auto answer = ask({
-            skin, {row.maximum, row.maximum},
-             {},
-             row.scale
-        });
+        const auto answer = ask(skin, row.maximum, row.scale);
         ASSERT_EQ(answer.calls, 1);
         ASSERT_TRUE(answer.reply && !answer.error);
         EXPECT_DOUBLE_EQ(answer.reply->contextSize.width, row.context.width);
@@ -86,11 +78,7 @@ TEST_F(ThumbnailProviderTest, RepliesWithTheIdleWindowFittedIntoTheSizeAskedFor)
 TEST_F(ThumbnailProviderTest, ShrinksSmoothly)
 {
     for (const double maximum : {0.0, 1.0, 64.0, 256.0}) {
-        const auto answer = ask({
-            skin, {maximum, maximum},
-             {},
-             1
-        });
+        const auto answer = ask(skin, maximum);
         ASSERT_TRUE(answer.reply);
         const SizeF points = answer.reply->contextSize;
         for (const int scale : {1, 2}) {
@@ -105,12 +93,7 @@ TEST_F(ThumbnailProviderTest, ShrinksSmoothly)
 TEST_F(ThumbnailProviderTest, CentresTheWindowInALargerMinimum)
 {
     // The top left corner is (99.5, 338) in device pixels.
-    const auto sharp = ask({
-                               skin, {512, 512},
-                                {512, 512},
-                                2
-    })
-                           .reply;
+    const auto sharp = ask(skin, 512, 2, 512).reply;
     ASSERT_TRUE(sharp);
     EXPECT_EQ(sharp->contextSize, (SizeF{512, 512}));
     Canvas expected({1024, 1024});
@@ -118,24 +101,12 @@ TEST_F(ThumbnailProviderTest, CentresTheWindowInALargerMinimum)
     EXPECT_EQ(sharp->image(2), expected.image());
 
     // At (12.5, 92), which 1.5 pixels a point can't quite say.
-    const auto between = ask({
-                                 skin, {200, 200},
-                                  {200, 200},
-                                  1.5
-    })
-                             .reply;
-    ASSERT_TRUE(between);
     Canvas expectedBetween({300, 300});
     expectedBetween.draw(window(1), Point{13, 92});
-    EXPECT_EQ(between->image(1.5), expectedBetween.image());
+    EXPECT_EQ(ask(skin, 200, 1.5, 200).reply->image(1.5), expectedBetween.image());
 
     // Smoothly, the 27 rows stand half a pixel lower than whole ones.
-    const auto smooth = ask({
-                                skin, {64, 64},
-                                 {64, 64},
-                                 1
-    })
-                            .reply->image(1);
+    const auto smooth = ask(skin, 64, 1, 64).reply->image(1);
     ASSERT_TRUE(smooth);
     EXPECT_EQ(smooth->size(), (Size{64, 64}));
     EXPECT_EQ(*smooth->crop({0, 18, 64, 28}),
@@ -146,12 +117,7 @@ TEST_F(ThumbnailProviderTest, CentresTheWindowInALargerMinimum)
 
 TEST_F(ThumbnailProviderTest, StretchesTheWindowInAContextOfAnotherScale)
 {
-    const auto reply = ask({
-                               skin, {275, 275},
-                                {},
-                                1
-    })
-                           .reply;
+    const auto reply = ask(skin, 275).reply;
     ASSERT_TRUE(reply);
     EXPECT_EQ(reply->image(2), window(2));
     EXPECT_EQ(reply->image(0), window(1)); // which counts as 1
@@ -160,43 +126,17 @@ TEST_F(ThumbnailProviderTest, StretchesTheWindowInAContextOfAnotherScale)
     EXPECT_EQ(canvas.image(), window(1));
 }
 
-TEST_F(ThumbnailProviderTest, ShowsTheWholeWindowWhateverTheSkinsRegion)
+TEST_F(ThumbnailProviderTest, ShowsTheWholeWindowOfAFolderWhateverTheSkinsRegion)
 {
-    auto cut = builder;
-    const auto path = folder.write(
-        "cut.wsz", cut.text("region.txt", "[Normal]\nNumPoints=3\nPointList=0,0 9,0 9,9\n").zip());
-    EXPECT_EQ(ask({
-                      path, {300, 300},
-                       {},
-                       1
-    })
-                  .reply->image(1),
-              window(1));
-}
-
-TEST_F(ThumbnailProviderTest, TakesASkinFolder)
-{
-    std::filesystem::create_directory(folder / "unpacked");
-    const auto archive = builder.archive();
-    for (const auto& [name, content] : archive.files())
-        folder.write("unpacked/" + name, content);
-    EXPECT_EQ(ask({
-                      folder / "unpacked", {300, 300},
-                         {},
-                         1
-    })
-                  .reply->image(1),
-              window(1));
+    const auto cut = SkinBuilder(builder)
+                         .text("region.txt", "[Normal]\nNumPoints=3\nPointList=0,0 9,0 9,9\n")
+                         .unpack(folder / "cut");
+    EXPECT_EQ(ask(cut, 300).reply->image(1), window(1));
 }
 
 TEST_F(ThumbnailProviderTest, DrawsOnAnotherThreadWhenAllElseIsGone)
 {
-    std::optional<ThumbnailReply> reply = ask({
-                                                  skin, {300, 300},
-                                                   {},
-                                                   1
-    })
-                                              .reply;
+    auto reply = ask(skin, 300).reply;
     std::filesystem::remove(skin);
     std::optional<Image> image;
     std::thread([&, own = std::move(*reply)] { image = own.image(1); }).join();
@@ -205,35 +145,21 @@ TEST_F(ThumbnailProviderTest, DrawsOnAnotherThreadWhenAllElseIsGone)
 
 TEST_F(ThumbnailProviderTest, RepliesWithTheErrorOfARefusedSkin)
 {
-    struct Row {
-        std::filesystem::path file;
-        int code;
-        std::string description;
-    };
-    const Row rows[] = {
+    const auto modern = folder.write("modern.wsz", SkinBuilder().text("skin.xml", "<x/>").zip());
+    const auto empty = folder.write("empty.wsz", SkinBuilder().text("a.txt", "").zip());
+    // clang-format off
+    const struct { std::filesystem::path file; int code; std::string description; } rows[] = {
         {folder / "missing.wsz", 0, "Unreadable archive: No such file or directory"},
-        {folder.write("modern.wsz", SkinBuilder().text("skin.xml", "<x/>").zip()), 1,
-         "Modern (Winamp 3/5) skin; not supported"},
-        {folder.write("empty.wsz", SkinBuilder().text("a.txt", "").zip()), 2,
-         "No classic skin bitmaps found"},
+        {modern,                 1, "Modern (Winamp 3/5) skin; not supported"},
+        {empty,                  2, "No classic skin bitmaps found"},
     };
+    // clang-format on
     for (const auto& row : rows) {
-        const auto answer = ask({
-            row.file, {300, 300},
-             {},
-             1
-        });
+        const auto answer = ask(row.file, 300);
         EXPECT_EQ(answer.calls, 1);
         EXPECT_FALSE(answer.reply);
         EXPECT_EQ(answer.error, (ThumbnailError{"SkinKit.SkinError", row.code, row.description}));
     }
-    const auto damaged = ask({
-        folder.write("damaged.wsz", bytes("PK\x03\x04 and no more")), {300, 300},
-          {},
-          1
-    });
-    EXPECT_EQ(damaged.calls, 1);
-    EXPECT_TRUE(damaged.error && damaged.error->code == 0 && !damaged.reply);
 }
 
 TEST(ThumbnailReply, HasNoImageWhenItsCallbackDoesNotDraw)

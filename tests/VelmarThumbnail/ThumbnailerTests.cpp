@@ -41,13 +41,18 @@ std::optional<Image> provided(const std::filesystem::path& file, double size)
 {
     std::optional<Image> image;
     ThumbnailProvider::provideThumbnail(
-        {
+        ThumbnailRequest{
             file, {size, size},
              {},
              1
     },
         [&](const auto& reply, const auto&) { image = reply ? reply->image(1) : std::nullopt; });
     return image;
+}
+
+Outcome trouble(const std::string& error)
+{
+    return {2, "", "velmar-thumbnailer: " + error + "\n"};
 }
 
 class ThumbnailerTest : public testing::Test {
@@ -63,46 +68,33 @@ protected:
 
 }
 
-TEST_F(ThumbnailerTest, PrintsHelpAndVersion)
+TEST_F(ThumbnailerTest, PrintsHelpVersionAndUsageErrors)
 {
+    const std::string usage(ThumbnailerOptions::usage);
     for (const std::string word : {"-h", "--help"}) {
         const auto outcome = thumbnailer({word});
-        EXPECT_EQ(outcome.status, 0);
-        EXPECT_TRUE(outcome.out.starts_with(std::string(ThumbnailerOptions::usage) + "\n\n"));
-        EXPECT_EQ(outcome.err, "");
+        EXPECT_TRUE(outcome.status == 0 && outcome.err.empty()) << outcome;
+        EXPECT_TRUE(outcome.out.starts_with(usage + "\n\n"));
     }
     EXPECT_EQ(thumbnailer({"--version"}).out, "velmar-thumbnailer " + std::string(version) + "\n");
-    const auto outcome = thumbnailer({"--bad\x1B"});
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "velmar-thumbnailer: unknown option: --bad\\x1B\n" +
-                               std::string(ThumbnailerOptions::usage) + "\n");
+    EXPECT_EQ(thumbnailer({"--bad\x1B"}), trouble("unknown option: --bad\\x1B\n" + usage));
 }
 
 TEST_F(ThumbnailerTest, WritesThePictureOfEachSize)
 {
-    struct Row {
-        int size;
-        Size expected;
-    };
-    const Row rows[] = {
+    const std::pair<int, Size> rows[] = {
         {1,    {1, 1}      },
         {128,  {128, 54}   },
-        {256,  {256, 108}  },
         {512,  {275, 116}  },
-        {1024, {825, 348}  },
         {4096, {3850, 1624}},
     };
-    for (const auto& row : rows) {
-        const auto outcome = thumbnailer({"-s", std::to_string(row.size), skin, output});
-        EXPECT_EQ(outcome.status, 0);
-        EXPECT_EQ(outcome.out + outcome.err, "");
+    for (const auto& [size, expected] : rows) {
+        EXPECT_EQ(thumbnailer({"-s", std::to_string(size), skin, output}), Outcome{});
         const auto image = PNGWriter::read(output);
         ASSERT_TRUE(image);
-        EXPECT_EQ(image->size(), row.expected);
-        EXPECT_EQ(image, provided(skin, row.size));
+        EXPECT_EQ(image->size(), expected);
+        EXPECT_EQ(image, provided(skin, size));
     }
-    thumbnailer({skin, output});
-    EXPECT_EQ(PNGWriter::read(output)->size(), (Size{128, 54}));
 }
 
 TEST_F(ThumbnailerTest, DrawsWhatASkinLacksThoughItIsLockedIn)
@@ -110,9 +102,7 @@ TEST_F(ThumbnailerTest, DrawsWhatASkinLacksThoughItIsLockedIn)
     const auto lacking = folder.write(
         "lacking.wsz",
         SkinBuilder().sheet("main.bmp", support::solidImage({275, 116}, {1, 2, 3})).zip());
-    const auto outcome = thumbnailer({lacking.string(), output});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(thumbnailer({lacking.string(), output}), Outcome{});
     EXPECT_EQ(PNGWriter::read(output), provided(lacking, 128));
 }
 
@@ -128,52 +118,38 @@ TEST_F(ThumbnailerTest, NeverExceedsTheSizeAskedFor)
     }
 }
 
-TEST_F(ThumbnailerTest, TellsHowLargeTheWindowIs)
+TEST_F(ThumbnailerTest, TellsHowLargeTheWindowIsInTheVeryFileThatStandsThere)
 {
-    thumbnailer({skin, output});
     using namespace std::string_view_literals;
-    const auto file = readFile(output);
-    EXPECT_NE(asText(file).find("tEXtThumb::Image::Width\0"
-                                "275"sv),
-              std::string_view::npos);
-    EXPECT_NE(asText(file).find("tEXtThumb::Image::Height\0"
-                                "116"sv),
-              std::string_view::npos);
-}
-
-TEST_F(ThumbnailerTest, WritesIntoTheVeryFileThatStandsThere)
-{
     std::filesystem::create_hard_link(folder.write("out.png", bytes("")), folder / "same");
-    EXPECT_EQ(thumbnailer({skin, output}).status, 0);
-    EXPECT_TRUE(PNGWriter::read(folder / "same"));
+    EXPECT_EQ(thumbnailer({skin, output}), Outcome{});
+    const auto file = readFile(folder / "same");
+    for (const auto text : {"tEXtThumb::Image::Width\0"
+                            "275"sv,
+                            "tEXtThumb::Image::Height\0"
+                            "116"sv})
+        EXPECT_TRUE(asText(file).contains(text)) << text;
 }
 
 TEST_F(ThumbnailerTest, TakesFoldersAndFileURIs)
 {
-    thumbnailer({"file://" + folder.path().string() + "/a%20skin.wsz", output});
-    EXPECT_EQ(PNGWriter::read(output), provided(skin, 128));
-
-    std::filesystem::create_directory(folder / "unpacked");
-    const auto archive = SkinBuilder().allSheets().archive();
-    for (const auto& [name, content] : archive.files())
-        folder.write("unpacked/" + name, content);
-    EXPECT_EQ(thumbnailer({(folder / "unpacked/").string(), (folder / "2.png").string()}).err, "");
-    EXPECT_EQ(PNGWriter::read(folder / "2.png"), provided(skin, 128));
+    const auto unpacked = SkinBuilder().allSheets().unpack(folder / "unpacked") + "/";
+    for (const auto& input : {"file://" + folder.path().string() + "/a%20skin.wsz", unpacked}) {
+        std::filesystem::remove(output);
+        EXPECT_EQ(thumbnailer({input, output}), Outcome{});
+        EXPECT_EQ(PNGWriter::read(output), provided(skin, 128));
+    }
 }
 
 TEST_F(ThumbnailerTest, LeavesTheOutputEmptyWhenThereIsNoPicture)
 {
     const auto bad = folder.write("b\nad.wsz", SkinBuilder().text("skin.xml", "<x/>").zip());
     folder.write("out.png", bytes("an old picture"));
-    const auto refused = thumbnailer({bad.string(), output});
-    EXPECT_EQ(refused.status, 2);
-    EXPECT_EQ(refused.err, "velmar-thumbnailer: " + folder.path().string() +
-                               "/b\\nad.wsz: Modern (Winamp 3/5) skin; not supported\n");
+    EXPECT_EQ(
+        thumbnailer({bad.string(), output}),
+        trouble(folder.path().string() + "/b\\nad.wsz: Modern (Winamp 3/5) skin; not supported"));
     EXPECT_EQ(readFile(output), bytes(""));
-
-    const auto full = thumbnailer({skin, output}, 100);
-    EXPECT_EQ(full.status, 2);
-    EXPECT_EQ(full.err, "velmar-thumbnailer: " + output + ": File too large\n");
+    EXPECT_EQ(thumbnailer({skin, output}, 100), trouble(output + ": File too large"));
     EXPECT_EQ(readFile(output), bytes(""));
 }
 
@@ -182,43 +158,28 @@ TEST_F(ThumbnailerTest, RefusesFilesThatItCantUse)
     std::ofstream(folder / "huge.wsz").put(0);
     std::filesystem::resize_file(folder / "huge.wsz", (std::uintmax_t{256} << 20) + 1);
     ::mkfifo((folder / "pipe").c_str(), 0600);
-    struct Row {
-        std::string input;
-        std::string output;
-        std::string blamed;
-        std::string text;
+    const std::string here = folder.path().string();
+    // clang-format off
+    const struct { std::string input, output, blamed, text; } rows[] = {
+        {here + "/none", output, here + "/none", "Unreadable archive: No such file or directory"},
+        {here + "/huge.wsz", output, here + "/huge.wsz", "Unreadable archive: File too large"},
+        {here + "/pipe", output, here + "/pipe", "Unreadable archive: Not a regular file"},
+        {skin, here + "/no/out", here + "/no/out", "No such file or directory"},
+        {skin, here + "/./a skin.wsz", here + "/./a skin.wsz", "is the skin itself"},
     };
-    const Row rows[] = {
-        {(folder / "none").string(),     output,                                   (folder / "none").string(),
-         "Unreadable archive: No such file or directory"},
-        {(folder / "huge.wsz").string(), output,                                   (folder / "huge.wsz").string(),
-         "Unreadable archive: File too large"           },
-        {(folder / "pipe").string(),     output,                                   (folder / "pipe").string(),
-         "Unreadable archive: Not a regular file"       },
-        {skin,                           (folder / "no/out").string(),             (folder / "no/out").string(),
-         "No such file or directory"                    },
-        {skin,                           folder.path().string() + "/./a skin.wsz", folder.path().string() + "/./a skin.wsz",
-         "is the skin itself"                           },
-    };
-    for (const auto& row : rows) {
-        const auto outcome = thumbnailer({row.input, row.output});
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.err, "velmar-thumbnailer: " + row.blamed + ": " + row.text + "\n");
-    }
+    // clang-format on
+    for (const auto& row : rows)
+        EXPECT_EQ(thumbnailer({row.input, row.output}), trouble(row.blamed + ": " + row.text));
     EXPECT_FALSE(std::filesystem::exists(output));
     EXPECT_TRUE(provided(skin, 128)); // not overwritten
-}
 
-// Whatever a skin holds: a picture or an empty file, in a fraction of the limits.
-TEST_F(ThumbnailerTest, LeavesTheFilesOfAnUnpackedSkinAlone)
-{
-    std::filesystem::create_directory(folder / "unpacked");
-    const auto sheet = folder.write("unpacked/main.bmp", bytes("a sheet")).string();
-    EXPECT_EQ(thumbnailer({(folder / "unpacked").string(), sheet}).err,
-              "velmar-thumbnailer: " + sheet + ": is a file of the skin\n");
+    const auto unpacked = SkinBuilder().text("main.bmp", "a sheet").unpack(folder / "unpacked");
+    const auto sheet = unpacked + "/main.bmp";
+    EXPECT_EQ(thumbnailer({unpacked, sheet}), trouble(sheet + ": is a file of the skin"));
     EXPECT_EQ(readFile(sheet), bytes("a sheet"));
 }
 
+// Whatever a skin holds: a picture or an empty file, in a fraction of the limits.
 TEST_F(ThumbnailerTest, SpendsNoMoreThanItsLimitsOnHostileFiles)
 {
     // The largest sheets that are read, each but a few bytes in the archive.

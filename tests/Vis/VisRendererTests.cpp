@@ -43,12 +43,7 @@ VisRenderer mainVis()
 
 TEST(VisRenderer, PaintsTheBackgroundOfEachLayout)
 {
-    struct Row {
-        VisLayout layout;
-        Size size;
-        int columns, maxHeight, backgroundWidth, pointScale;
-    };
-    const Row rows[] = {
+    const std::tuple<VisLayout, Size, int, int, int, int> rows[] = {
         {VisLayout::main(),    {76, 16},  75, 15, 76,  1},
         {VisLayout::shade(1),  {76, 5},   37, 5,  38,  1},
         {VisLayout::shade(-3), {76, 5},   37, 5,  38,  1},
@@ -127,13 +122,8 @@ TEST(VisRenderer, ColoursBarsByRowAndMarksPeaks)
 
 TEST(VisRenderer, TracesSamplesBrightestAtTheCentre)
 {
-    struct Row {
-        float sample;
-        int row;
-        char color;
-    };
     constexpr float infinity = std::numeric_limits<float>::infinity();
-    const Row rows[] = {
+    const std::tuple<float, int, char> rows[] = {
         {0,             7,  's'},
         {1.0F / 16,     8,  't'},
         {3.0F / 16,     10, 'u'},

@@ -41,11 +41,9 @@ protected:
         return std::string(asText(support::readFile(folder / name)));
     }
 
-    void expectTrouble(const support::Outcome& outcome, const std::string& error) const
+    static support::Outcome trouble(const std::string& error)
     {
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(outcome.err, "skintool: " + error + "\n");
+        return {2, "", "skintool: " + error + "\n"};
     }
 
     const support::TemporaryFolder folder;
@@ -93,61 +91,53 @@ TEST_F(CorpusReportCommand, TellsHelpAndUsageErrors)
     const std::string usage(CorpusReportOptions::usage);
     EXPECT_TRUE(
         support::run(SKINTOOL_PROGRAM, {"corpus-report", "--help"}).out.starts_with(usage + "\n"));
-    expectTrouble(support::run(SKINTOOL_PROGRAM, {"corpus-report", "r.jsonl", "--json", "s.json"}),
-                  "missing --markdown <report.md>\n" + usage);
+    EXPECT_EQ(support::run(SKINTOOL_PROGRAM, {"corpus-report", "r.jsonl", "--json", "s.json"}),
+              trouble("missing --markdown <report.md>\n" + usage));
 }
 
 TEST_F(CorpusReportCommand, SaysWhatCannotBeReadAndWritesNothing)
 {
-    expectTrouble(run(), path("results.jsonl") + ": No such file or directory");
+    EXPECT_EQ(run(), trouble(path("results.jsonl") + ": No such file or directory"));
     writeResults("ok");
     const auto none = path("none");
-    expectTrouble(run({"--env", none}), none + ": No such file or directory");
-    expectTrouble(run({"--crashes", none}), none + ": No such file or directory");
+    EXPECT_EQ(run({"--env", none}), trouble(none + ": No such file or directory"));
+    EXPECT_EQ(run({"--crashes", none}), trouble(none + ": No such file or directory"));
     const auto env = folder.write("env.json", bytes(std::string(100000, '['))).string();
-    expectTrouble(run({"--env", env}), env + ": nested deeper than 64 levels");
+    EXPECT_EQ(run({"--env", env}), trouble(env + ": nested deeper than 64 levels"));
     folder.write("env.json", bytes("{\"a\":"));
-    expectTrouble(run({"--env", env}), env + ": not JSON at byte 6");
+    EXPECT_EQ(run({"--env", env}), trouble(env + ": not JSON at byte 6"));
     EXPECT_FALSE(std::filesystem::exists(folder / "report.md"));
     EXPECT_FALSE(std::filesystem::exists(folder / "summary.json"));
+    EXPECT_EQ(run({"--json", path("none/x")}),
+              trouble(path("none/x") + ": No such file or directory"));
+    EXPECT_EQ(run({}, 100), trouble(path("report.md") + ": File too large"));
 }
 
 TEST_F(CorpusReportCommand, NeverOverwritesWhatItReads)
 {
     writeResults("ok");
     const auto env = folder.write("env.json", bytes("{}")).string();
-    std::filesystem::create_directory(folder / "logs");
+    const auto logs = path("logs");
+    std::filesystem::create_directory(logs);
     std::filesystem::create_hard_link(folder / "results.jsonl", folder / "link");
     std::filesystem::create_symlink("report.md", folder / "dangling");
     std::filesystem::create_symlink("logs/x", folder / "into logs");
-    struct Row {
-        std::vector<std::string> arguments;
-        std::string error;
+    const std::string both = "is named for both the report and the summary";
+    const std::string among = "would stand among the crash logs";
+    // clang-format off
+    const struct { std::vector<std::string> arguments; std::string reason; } rows[] = {
+        {{"--markdown", path("results.jsonl")},                 "is the results file itself"},
+        {{"--json", path("link")},                              "is the results file itself"},
+        {{"--env", env, "--json", env}, "is the environment's description itself"},
+        {{"--crashes", logs, "--json", path("logs/x")},         among},
+        {{"--json", path("./report.md")},                       both},
+        {{"--json", path("dangling")},                          both},
+        {{"--crashes", logs, "--json", path("into logs")},      among},
     };
-    const Row rows[] = {
-        {{"--markdown", path("results.jsonl")},
-         path("results.jsonl") + ": is the results file itself"                                                     },
-        {{"--json", path("link")},                                 path("link") + ": is the results file itself"    },
-        {{"--env", env, "--json", env},                            env + ": is the environment's description itself"},
-        {{"--crashes", path("logs"), "--json", path("logs/x")},
-         path("logs/x") + ": would stand among the crash logs"                                                      },
-        {{"--json", path("./report.md")},
-         path("./report.md") + ": is named for both the report and the summary"                                     },
-        {{"--json", path("dangling")},
-         path("dangling") + ": is named for both the report and the summary"                                        },
-        {{"--crashes", path("logs"), "--json", path("into logs")},
-         path("into logs") + ": would stand among the crash logs"                                                   },
-    };
+    // clang-format on
     const auto results = support::readFile(folder / "results.jsonl");
-    for (const auto& row : rows)
-        expectTrouble(run(row.arguments), row.error);
+    for (const auto& [arguments, reason] : rows)
+        EXPECT_EQ(run(arguments), trouble(arguments.back() + ": " + reason));
     EXPECT_EQ(support::readFile(folder / "results.jsonl"), results);
     EXPECT_EQ(run({"--json", "/dev/null", "--markdown", "/dev/null"}).status, 0);
-}
-
-TEST_F(CorpusReportCommand, SaysWhatCannotBeWritten)
-{
-    writeResults("ok");
-    expectTrouble(run({"--json", path("none/x")}), path("none/x") + ": No such file or directory");
-    expectTrouble(run({}, 100), path("report.md") + ": File too large");
 }

@@ -21,6 +21,22 @@ Image picture(const std::vector<std::string_view>& rows, const Legend& legend)
     return {std::move(pixels), opaque ? Image::Alpha::opaque : Image::Alpha::any};
 }
 
+SkinKit::Pixel markOf(SkinKit::Point place)
+{
+    return SkinKit::packPixel(static_cast<unsigned>(place.x & 255),
+                              static_cast<unsigned>(place.y & 255),
+                              static_cast<unsigned>(place.x >> 8 | place.y >> 8 << 4));
+}
+
+Image markedImage(SkinKit::Size size)
+{
+    auto pixels = SkinKit::PixelBuffer::uncleared(size);
+    for (int y = 0; y < size.height; ++y)
+        for (int x = 0; x < size.width; ++x)
+            pixels.row(y)[static_cast<std::size_t>(x)] = markOf({x, y});
+    return {std::move(pixels), Image::Alpha::opaque};
+}
+
 std::vector<std::string> rowsOf(const Image& image, const Legend& legend)
 {
     std::vector<std::string> rows;

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,12 @@ struct Outcome {
     int status = 0; // its exit status, or 128 and more when a signal ended it
     std::string out;
     std::string err;
+
+    bool operator==(const Outcome&) const = default;
+    friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome)
+    {
+        return stream << outcome.status << '\n' << outcome.out << '\n' << outcome.err;
+    }
 };
 
 // Runs a program to its end, with nothing on standard input. A `limitBytes` above 0 holds the size

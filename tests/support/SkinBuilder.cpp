@@ -7,6 +7,7 @@
 #include "tests/support/ZipWriter.h"
 
 #include <algorithm>
+#include <fstream>
 
 namespace support {
 
@@ -51,6 +52,14 @@ ByteBuffer SkinBuilder::zip() const
     for (const auto& [name, content] : files_)
         writer.add(name, content);
     return writer.bytes();
+}
+
+std::string SkinBuilder::unpack(const std::filesystem::path& folder) const
+{
+    std::filesystem::create_directories(folder);
+    for (const auto& [name, content] : files_)
+        std::ofstream(folder / name, std::ios::binary) << SkinKit::asText(content);
+    return folder.string();
 }
 
 }

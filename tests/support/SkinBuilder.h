@@ -6,6 +6,7 @@
 #include "tests/support/BMPWriter.h"
 
 #include <expected>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,8 @@ public:
     std::expected<SkinKit::Skin, SkinKit::SkinError> parse() const;
     // As a ZIP file.
     ByteBuffer zip() const;
+    // As files in a folder, which is made.
+    std::string unpack(const std::filesystem::path& folder) const;
 
 private:
     SkinKit::SkinArchive::Table files_;
