@@ -13,6 +13,7 @@ namespace SkinKit::ListFont {
 inline constexpr int height = 9; // rows; the lowest two are below the baseline
 inline constexpr int gap = 1;    // blank columns between two glyphs
 
+// The picture of one character.
 struct Glyph {
     int width = 0;
     std::array<std::uint8_t, height> rows{}; // from the top; the leftmost column in the highest bit
