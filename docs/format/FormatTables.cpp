@@ -117,6 +117,14 @@ std::vector<Note> notesOf(const SkinBuilder& builder)
     return notes;
 }
 
+// Every table of notes would tell the complete skin's own with each variation.
+void checkCompleteSkin()
+{
+    const auto own = notesOf(completeSkin());
+    if (!own.empty())
+        throw std::runtime_error("completeSkin() lacks something: " + own.front().text);
+}
+
 std::string limits()
 {
     const SkinArchive::Limits limits;
@@ -522,6 +530,7 @@ int run(std::vector<std::string> arguments)
     if (arguments.size() != 1)
         throw std::runtime_error("usage: FormatTables [--check] <format.md>");
 
+    checkCompleteSkin();
     std::ifstream stream(arguments.front());
     const std::string document(std::istreambuf_iterator<char>(stream), {});
     if (!stream || document.empty())
