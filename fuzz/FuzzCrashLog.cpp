@@ -10,10 +10,13 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const std::string_view text = asText({data, size});
     const std::string name(text.substr(0, text.find('\n')));
     const auto log = CrashLog::of(name, text);
+    fuzzing::require(log == CrashLog::of(name, text) && log.file == name);
+    fuzzing::require(log.text.size() <= text.size() &&
+                     log.signature == CrashLog::signatureOf(log.text));
     fuzzing::require(!log.signature.contains('\n') && !log.signature.contains('\r'));
 
     const CorpusSkins::File skins[] = {
-        {.path = "y/a.wsz", .name = "a", .md5 = "00ff"},
+        {.path = "y/a.wsz", .name = "a", .md5 = "00ff00ff00ff00ff00ff00ff00ff00ff"},
         {.path = name, .name = name}
     };
     const std::array pointers{&skins[0], &skins[1]};

@@ -1,6 +1,7 @@
 #include "SkinKit/Cursors/CursorPicture.h"
 #include "SkinKit/Cursors/SkinCursors.h"
 #include "fuzz/Fuzzing.h"
+#include "fuzz/PNGChecksums.h"
 
 #include <algorithm>
 
@@ -40,11 +41,36 @@ void requireSound(const AnimatedCursor& cursor)
                          step.jiffies >= 1);
 }
 
+// What all pictures of one file cost together.
+std::int64_t pixelsOf(const StaticCursor& cursor)
+{
+    std::int64_t pixels = 0;
+    for (const auto& picture : cursor.images)
+        pixels += std::int64_t{picture.image.width()} * picture.image.height();
+    return pixels;
+}
+
+std::int64_t pixelsOf(const AnimatedCursor& cursor)
+{
+    std::int64_t pixels = 0;
+    for (const auto& frame : cursor.frames)
+        pixels += pixelsOf(frame);
+    return pixels;
+}
+
 }
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    if (const auto cursor = SkinCursors::decode({data, size}))
-        std::visit([](const auto& kind) { requireSound(kind); }, *cursor);
-    return 0;
+    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
+    const auto cursor = SkinCursors::decode(file);
+    fuzzing::require(SkinCursors::decode(file) == cursor);
+    if (!cursor)
+        return 0;
+    std::visit([](const auto& kind) { requireSound(kind); }, *cursor);
+    const auto pixels = std::visit([](const auto& kind) { return pixelsOf(kind); }, *cursor);
+    fuzzing::require(pixels <= CursorPicture::Budget(file).pixels);
+    // Many large pictures show nothing that few small ones do not, only more slowly.
+    constexpr std::int64_t largeEnough = 16'384;
+    return pixels > largeEnough ? fuzzing::notKept : 0;
 }

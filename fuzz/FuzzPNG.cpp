@@ -1,20 +1,28 @@
 #include "SkinKit/Platform/PNGCodec.h"
 #include "fuzz/Fuzzing.h"
+#include "fuzz/PNGChecksums.h"
+
+#include <algorithm>
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace SkinKit;
-    const PNGCodec::Limits limits{.maxSide = 512, .maxPixels = 65'536};
-    const auto image = PNGCodec::decode({data, size}, limits);
+    const PNGCodec::Limits limits{.maxSide = 256, .maxPixels = 16'384};
+    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
+    const auto image = PNGCodec::decode(file, limits);
     if (!image)
         return 0;
+    // The header is the first chunk; its sides begin behind the signature and the chunk's frame.
+    const auto side = [&](std::size_t at) { return file[at + 2] << 8 | file[at + 3]; };
+    fuzzing::require(image->size() == Size{side(16), side(20)});
     fuzzing::require(image->width() <= limits.maxSide && image->height() <= limits.maxSide &&
                      image->width() * image->height() <= limits.maxPixels);
     for (int y = 0; y < image->height(); ++y)
         for (const Pixel pixel : image->row(y)) {
             const unsigned alpha = alphaOf(pixel);
-            fuzzing::require(redOf(pixel) <= alpha && greenOf(pixel) <= alpha &&
-                             blueOf(pixel) <= alpha && (alpha == 255 || !image->isOpaque()));
+            fuzzing::require(std::max({redOf(pixel), greenOf(pixel), blueOf(pixel)}) <= alpha &&
+                             (alpha == 255 || !image->isOpaque()));
         }
+    fuzzing::require(PNGCodec::decode(file, limits) == image);
     return 0;
 }

@@ -2,8 +2,9 @@
 #include "fuzz/Fuzzing.h"
 
 #include <cstring>
+#include <string>
 
-// A small image of the input's bytes, encoded and decoded again.
+// A small image of the input's bytes, encoded and decoded again, alone and with a remark.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace SkinKit;
@@ -19,8 +20,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 
     const Image image(std::move(pixels), Image::Alpha::any);
     const auto bytes = PNGCodec::encode(image);
-    fuzzing::require(bytes.has_value());
-    const auto decoded = PNGCodec::decode(*bytes, {.maxSide = 4096, .maxPixels = 1 << 23});
+    fuzzing::require(bytes.has_value() && PNGCodec::encode(image) == bytes);
+    const PNGCodec::Limits exact{.maxSide = std::max(imageSize.width, imageSize.height),
+                                 .maxPixels = image.width() * image.height()};
+    const auto decoded = PNGCodec::decode(*bytes, exact);
     fuzzing::require(decoded && *decoded == image);
+
+    const std::string_view remark = asText({data, size}).substr(0, 100);
+    const PNGCodec::Text text{std::string(remark.substr(0, remark.find('='))), std::string(remark)};
+    const auto remarked = PNGCodec::encode(image, {&text, 1});
+    if (remarked)
+        fuzzing::require(PNGCodec::decode(*remarked, exact) == image);
     return 0;
 }

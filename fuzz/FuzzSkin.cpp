@@ -1,48 +1,172 @@
 #include "SkinKit/Rendering/EQWindowRenderer.h"
+#include "SkinKit/Rendering/MainShadeRenderer.h"
 #include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Sprites/GeneratedBaseSkin.h"
+#include "SkinKit/Sprites/SkinSprites.h"
+#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Tooling/SkinInfo.h"
+#include "VelmarThumbnail/ThumbnailProvider.h"
 #include "fuzz/Fuzzing.h"
+#include "fuzz/PNGChecksums.h"
 
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
-bool isKnownWarning(std::string_view note)
+using namespace SkinKit;
+
+using Notes = std::set<std::string, std::less<>>;
+
+std::string fileOf(std::string_view sheet)
 {
-    return note.starts_with("Undecodable ") || note.starts_with("Missing ");
+    std::string name(sheet);
+    std::ranges::transform(name, name.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return name + ".bmp";
 }
 
-bool isKnownFallback(std::string_view note)
+// Every text that a warning may have.
+Notes allWarnings()
 {
-    return note.ends_with("; generated base") || note.contains(" missing; ") ||
-           note == "gen.bmp missing (not used in v1)" || note.starts_with("viscolor.txt has ") ||
-           note.ends_with("' unusable; default");
+    Notes notes{"Missing numbers.bmp and nums_ex.bmp"};
+    for (const auto& sheet : SkinSprites::sheets()) {
+        notes.insert("Undecodable " + fileOf(sheet.name));
+        if (!SkinSprites::isOptionalSheet(sheet.name))
+            notes.insert("Missing " + fileOf(sheet.name));
+    }
+    return notes;
 }
 
+// Every text that a fallback may have, but for those that quote the skin.
+Notes allFallbacks()
+{
+    Notes notes{"balance.bmp missing; balance slider uses volume.bmp",
+                "nums_ex.bmp missing; digits use numbers.bmp",
+                "numbers.bmp missing; digits use nums_ex.bmp",
+                "eq_ex.bmp missing; EQ maximize button uses eqmain.bmp",
+                "gen.bmp missing (not used in v1)",
+                "viscolor.txt missing; Webamp defaults",
+                "viscolor.txt has 23 of 24 colours; defaults for 23",
+                "pledit.txt missing; Webamp default playlist colours"};
+    for (const auto& sheet : SkinSprites::sheets())
+        for (const std::string_view what : {" missing", " undecodable"})
+            if (GeneratedBaseSkin::isGenerated(sheet.name))
+                notes.insert(fileOf(sheet.name).append(what) + "; generated base");
+    for (int count = 0; count < 23; ++count)
+        notes.insert("viscolor.txt has " + std::to_string(count) + " of 24 colours; defaults for " +
+                     std::to_string(count) + "–23");
+    return notes;
 }
 
-// A whole skin, from the bytes of its file to its windows; two renders of one must be alike.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void requireKnownNotes(const Skin& skin)
 {
-    using namespace SkinKit;
-    const SkinArchive::Limits limits{.maxEntryBytes = 1 << 20, .maxTotalBytes = 4 << 20};
-    const auto archive = SkinArchive::open(ByteView(data, size), limits);
-    const auto skin = archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
-    if (!skin)
-        return 0;
-    for (const auto& note : skin->warnings)
-        fuzzing::require(isKnownWarning(note));
-    for (const auto& note : skin->fallbacks)
-        fuzzing::require(isKnownFallback(note));
-    const auto render = [&skin] {
-        return MainWindowRenderer::render(*skin, MainWindowState::webampScreenshot(), 2,
-                                          MainWindowRenderer::Clip::toRegion);
-    };
-    const Image image = render();
-    fuzzing::require(image.size() == Size{550, 232} && image == render());
+    static const Notes warnings = allWarnings();
+    static const Notes fallbacks = allFallbacks();
+    for (const auto& note : skin.warnings)
+        fuzzing::require(warnings.contains(note));
+    for (const auto& note : skin.fallbacks)
+        fuzzing::require(fallbacks.contains(note) || (note.starts_with("pledit.txt ") &&
+                                                      note.ends_with("' unusable; default")));
+}
+
+void requireSound(const Skin& skin)
+{
+    requireKnownNotes(skin);
+    for (const auto& [name, image] : skin.sheets)
+        fuzzing::require(!SkinSprites::spritesOf(name).empty());
+    for (const auto& name : skin.generatedSheets)
+        fuzzing::require(skin.sheets.contains(name));
+    for (const auto name : RequiredSprites::missing(skin))
+        fuzzing::require(SkinSprites::byName(name).has_value());
+}
+
+Image mainWindow(const Skin& skin)
+{
+    return MainWindowRenderer::render(skin, MainWindowState::webampScreenshot(), 2,
+                                      MainWindowRenderer::Clip::toRegion);
+}
+
+// The other windows, which are as large as they say.
+void renderOthers(const Skin& skin)
+{
     for (const bool isShaded : {false, true}) {
         const EQWindowState state{.shaded = isShaded};
-        EQWindowRenderer::render(*skin, state, 2, EQWindowRenderer::Clip::toRegion);
+        const auto image =
+            EQWindowRenderer::render(skin, state, 1, EQWindowRenderer::Clip::toRegion);
+        fuzzing::require(image.size() == EQWindowRenderer::size(state, 1));
     }
+    const PlaylistWindowState state{
+        .entries = {{.name = "A – Ω"}, {.name = "b", .duration = 61}}
+    };
+    fuzzing::require(PlaylistWindowRenderer::render(skin, state, 1).size() ==
+                     PlaylistWindowRenderer::size(state.steps, 1));
+    fuzzing::require(PlaylistWindowRenderer::renderShade(skin, state, 1).size() ==
+                     PlaylistWindowRenderer::shadeSize(state.steps, 1));
+    fuzzing::require(MainShadeRenderer::render(skin, MainWindowState::idle(), 1,
+                                               MainShadeRenderer::Clip::toRegion)
+                         .size() == MainShadeRenderer::size(1));
+}
+
+// The picture that the desktop shows of it.
+void drawThumbnail(const SkinArchive& archive)
+{
+    namespace Provider = VelmarThumbnail::ThumbnailProvider;
+    const VelmarThumbnail::ThumbnailRequest request{
+        .maximumSize = {64, 64}
+    };
+    std::optional<VelmarThumbnail::ThumbnailReply> reply;
+    Provider::provideThumbnail(
+        request, [&](auto given, const auto&) { reply = std::move(given); },
+        [&](const auto&) { return archive; });
+    fuzzing::require(reply.has_value());
+    const auto image = reply->image(1);
+    fuzzing::require(image && image->width() <= 64 && image->height() <= 64);
+}
+
+// Pixels of the sheets that the skin brought.
+std::int64_t pixelsOf(const Skin& skin)
+{
+    std::int64_t pixels = 0;
+    for (const auto& [name, image] : skin.sheets)
+        if (!skin.generatedSheets.contains(name))
+            pixels += std::int64_t{image.width()} * image.height();
+    return pixels;
+}
+
+}
+
+// A whole skin, from the bytes of its file to its windows; two loads and renders must be alike.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const SkinArchive::Limits limits{.maxEntryBytes = 1 << 17, .maxTotalBytes = 1 << 19};
+    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
+    const auto archive = SkinArchive::open(file, limits);
+    const auto skin = archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
+    if (!skin) {
+        fuzzing::require(!skin.error().description().empty());
+        return 0;
+    }
+    requireSound(*skin);
+    const auto info = SkinInfo::of("a", *archive, *skin);
+    fuzzing::require(JSON::parse(info.json().text()) == info.json());
+    // Large sheets show nothing that small ones do not, only more slowly.
+    constexpr std::int64_t largeEnough = 100'000;
+    if (pixelsOf(*skin) > largeEnough)
+        return fuzzing::notKept;
+
+    const auto again = SkinParser::parse(*archive);
+    fuzzing::require(again == skin);
+    const Image image = mainWindow(*skin);
+    fuzzing::require(image.size() == Size{550, 232} && image == mainWindow(*again));
+    renderOthers(*skin);
+    drawThumbnail(*archive);
     return 0;
 }

@@ -1,18 +1,45 @@
 #include "SkinKit/Platform/Unicode.h"
 
+#include "SkinKit/Platform/Check.h"
+
 #include <utf8proc.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <new>
+#include <compare>
+#include <cstring>
+#include <iterator>
+#include <span>
 
 namespace SkinKit::Unicode {
 namespace {
 
+// How many bytes at the front are ASCII. Looks at eight at a time, since texts may be long.
+std::size_t lengthOfASCII(std::string_view text)
+{
+    constexpr std::uint64_t upperHalf = 0x8080808080808080;
+    std::size_t length = 0;
+    for (std::uint64_t word = 0; text.size() - length >= sizeof word; length += sizeof word) {
+        std::memcpy(&word, text.data() + length, sizeof word);
+        if ((word & upperHalf) != 0)
+            break;
+    }
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80)
+        ++length;
+    return length;
+}
+
 bool isASCII(std::string_view text)
 {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return lengthOfASCII(text) == text.size();
+}
+
+// Takes the ASCII off the front.
+std::string_view takeASCII(ByteView& bytes)
+{
+    const auto taken = asText(bytes).substr(0, lengthOfASCII(asText(bytes)));
+    bytes = bytes.subspan(taken.size());
+    return taken;
 }
 
 constexpr bool isWithin(std::uint8_t byte, std::uint8_t low, std::uint8_t high)
@@ -68,7 +95,7 @@ Part firstPart(ByteView bytes)
 
 bool isWellFormed(ByteView bytes)
 {
-    while (!bytes.empty()) {
+    for (takeASCII(bytes); !bytes.empty(); takeASCII(bytes)) {
         const Part part = firstPart(bytes);
         if (!part.wellFormed)
             return false;
@@ -102,16 +129,65 @@ constexpr std::u16string_view upperSigns = u"ÇüéâäàåçêëèïîìÄÅ"
                                            u"≡±≥≤⌠⌡÷≈°∙·√ⁿ²■\u00A0";
 static_assert(lowerSigns.size() == 32 && upperSigns.size() == 128);
 
+using CodePoints = std::vector<utf8proc_int32_t>;
+
+constexpr auto composing = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
+
+// Every character taken apart into its letter and its marks.
+CodePoints decomposed(std::string_view text)
+{
+    CodePoints codePoints;
+    while (!text.empty()) {
+        utf8proc_int32_t parts[8]; // four is the most that the standard has
+        int lastClass = 0;
+        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(takeFirst(text)),
+                                                   parts, std::ssize(parts), composing, &lastClass);
+        check(count >= 0 && count <= std::ssize(parts), "a character of too many parts");
+        codePoints.insert(codePoints.end(), parts, parts + count);
+    }
+    return codePoints;
+}
+
+struct Mark {
+    int markClass;
+    std::size_t place;
+    utf8proc_int32_t codePoint;
+
+    auto operator<=>(const Mark&) const = default;
+};
+
+// The canonical order: the marks behind a letter by their class, those of one class as they come.
+// The library's own way of sorting them takes seconds for some ten thousand marks in a row, which
+// the titles of songs may have.
+void putMarksInOrder(CodePoints& codePoints)
+{
+    std::vector<Mark> marks; // behind the last letter
+    const auto writeSorted = [&](std::size_t end) {
+        std::ranges::sort(marks);
+        for (std::size_t i = 0; i < marks.size(); ++i)
+            codePoints[end - marks.size() + i] = marks[i].codePoint;
+        marks.clear();
+    };
+    for (std::size_t i = 0; i < codePoints.size(); ++i) {
+        const int markClass = utf8proc_get_property(codePoints[i])->combining_class;
+        if (markClass != 0)
+            marks.push_back({markClass, i, codePoints[i]});
+        else
+            writeSorted(i);
+    }
+    writeSorted(codePoints.size());
+}
+
 }
 
 std::string repaired(ByteView bytes)
 {
-    if (isASCII(asText(bytes)))
-        return std::string(asText(bytes));
-
     std::string text;
     text.reserve(bytes.size());
-    while (!bytes.empty()) {
+    while (true) {
+        text += takeASCII(bytes);
+        if (bytes.empty())
+            return text;
         const Part part = firstPart(bytes);
         if (part.wellFormed)
             text += asText(bytes.first(part.length));
@@ -119,27 +195,29 @@ std::string repaired(ByteView bytes)
             append(text, replacementCharacter);
         bytes = bytes.subspan(part.length);
     }
-    return text;
 }
 
 std::optional<std::string> fromUTF8(ByteView bytes)
 {
-    const std::string_view text = asText(bytes);
-    return isASCII(text) || isWellFormed(bytes) ? std::optional<std::string>(text) : std::nullopt;
+    return isWellFormed(bytes) ? std::optional<std::string>(asText(bytes)) : std::nullopt;
 }
 
 std::optional<std::string> fromWindows1252(ByteView bytes)
 {
     std::string text;
     text.reserve(bytes.size());
-    for (const std::uint8_t byte : bytes) {
-        const bool isControl = isWithin(byte, 0x80, 0x9F);
+    while (true) {
+        text += takeASCII(bytes);
+        if (bytes.empty())
+            return text;
+        const std::uint8_t byte = bytes.front();
+        const bool isControl = byte <= 0x9F;
         const char32_t codePoint = isControl ? windows1252[byte - 0x80U] : byte;
         if (isControl && codePoint == undefined)
             return std::nullopt;
         append(text, codePoint);
+        bytes = bytes.subspan(1);
     }
-    return text;
 }
 
 std::string fromCodePage437(ByteView bytes)
@@ -229,18 +307,13 @@ std::string composed(std::string_view text)
     if (isASCII(text))
         return std::string(text);
 
-    utf8proc_uint8_t* mapped = nullptr;
-    const auto length =
-        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                     static_cast<utf8proc_ssize_t>(text.size()), &mapped,
-                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));
-    if (length < 0) {
-        if (length == UTF8PROC_ERROR_NOMEM)
-            throw std::bad_alloc();
-        return std::string(text);
-    }
-    std::string result(reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(length));
-    std::free(mapped);
+    auto codePoints = decomposed(text);
+    putMarksInOrder(codePoints);
+    const auto length = utf8proc_normalize_utf32(
+        codePoints.data(), static_cast<utf8proc_ssize_t>(codePoints.size()), composing);
+    std::string result;
+    for (const auto codePoint : std::span(codePoints).first(static_cast<std::size_t>(length)))
+        append(result, static_cast<char32_t>(codePoint));
     return result;
 }
 

@@ -137,6 +137,19 @@ TEST(Unicode, ComposesCanonically)
         EXPECT_EQ(Unicode::composed(text), composed);
 }
 
+// Sorting them one place at a time would take until tomorrow.
+TEST(Unicode, ComposesALetterWithAMillionMarksInTheWrongOrder)
+{
+    constexpr int count = 500'000;
+    std::string above;
+    std::string below;
+    for (int i = 0; i < count; ++i) {
+        above += "\u0307";
+        below += "\u0323";
+    }
+    EXPECT_EQ(Unicode::composed("q" + above + below), "q" + below + above);
+}
+
 TEST(Unicode, CountsCharactersOutsideTheFirstPlaneAsTwoUnits)
 {
     EXPECT_EQ(Unicode::toUTF16("a\u00E9\uFFFD\U0001F600\U0010FFFF"),

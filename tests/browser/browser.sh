@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Opens pages in a headless browser. To be sourced by the tests here, which are skipped where there
 # is no browser (the package chromium).
 

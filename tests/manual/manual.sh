@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034 # for those who source it
 # What the programs say of their own command lines. To be sourced by the tests here, which are
 # called with the source folder and the programs.
 

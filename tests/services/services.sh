@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034 # for those who source it
 # Runs a desktop's thumbnail service with the thumbnailer installed. To be sourced by the tests
 # here, which are called with the build folder and a skin, and are skipped where the service is not
 # to be had.
