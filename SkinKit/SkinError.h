@@ -8,10 +8,12 @@ namespace SkinKit {
 // Why a skin was refused. Everything else that is wrong with one becomes a note in the Skin.
 class SkinError {
 public:
+    // No archive; a modern skin; an archive without a single sheet that can be decoded.
     enum class Kind { unreadableArchive, modernSkin, noBitmaps };
 
     // `detail` is the archive reader's or the system's own message.
     static SkinError unreadableArchive(std::string detail);
+    // Without a detail.
     static SkinError modernSkin();
     static SkinError noBitmaps();
 

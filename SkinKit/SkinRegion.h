@@ -14,6 +14,7 @@ namespace SkinKit {
 
 // The shapes of a skin's windows, as polygons in window pixels (origin at the window's top left).
 struct SkinRegion {
+    // A corner between pixels: 0 is the window's left or top edge.
     using Point = Path::Vertex;
     using Polygon = std::vector<Point>;
     using Polygons = std::vector<Polygon>;
@@ -24,6 +25,7 @@ struct SkinRegion {
 
     // A section's polygons, or null when the skin has no such section. Valid while this lives.
     const Polygons* section(std::string_view name) const;
+    // The main window's section, and those of the other windows that have one.
     const Polygons* normal() const { return section("normal"); }
     const Polygons* windowShade() const { return section("windowshade"); }
     const Polygons* equalizer() const { return section("equalizer"); }

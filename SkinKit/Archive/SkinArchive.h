@@ -19,6 +19,7 @@ namespace SkinKit {
 // whole when it is opened; nothing is open afterwards. Never changes, so threads may share it.
 class SkinArchive {
 public:
+    // Bytes by lower-case file name.
     using Table = std::map<std::string, ByteBuffer, std::less<>>;
 
     // What one archive may cost. An entry that breaks a limit is left out; that is not an error.
@@ -57,6 +58,7 @@ public:
     // names that differ only in case the first in byte order is kept.
     explicit SkinArchive(const Table& files);
 
+    // All files that were read.
     const Table& files() const { return files_; }
 
     // The bytes of base.extension for the first extension that is present, whatever the case of the

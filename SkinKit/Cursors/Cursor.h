@@ -32,6 +32,7 @@ struct AnimatedCursor {
     // The unit of all durations: 1/60 s.
     static constexpr int jiffiesPerSecond = 60;
 
+    // One frame on show.
     struct Step {
         int frame = 0;   // place in `frames`
         int jiffies = 1; // for how long; at least 1
@@ -46,6 +47,7 @@ struct AnimatedCursor {
     bool operator==(const AnimatedCursor&) const = default;
 };
 
+// What one cursor file holds.
 using Cursor = std::variant<StaticCursor, AnimatedCursor>;
 
 }

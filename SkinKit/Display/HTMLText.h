@@ -6,6 +6,7 @@
 // Text on its way into an HTML document.
 namespace SkinKit::HTMLText {
 
+// What becomes of apostrophes.
 enum class Apostrophe { kept, escaped };
 
 // The text with "&", "<", ">", the double quote and, when asked, the apostrophe written as

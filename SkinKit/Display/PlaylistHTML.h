@@ -8,6 +8,7 @@
 // they are on average and together, and their list.
 namespace SkinKit::PlaylistHTML {
 
+// One track of the list.
 struct Entry {
     std::string name;               // the title to show; UTF-8
     std::optional<double> duration; // seconds

@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <array>
 
-// Where things sit in the equalizer window, and how the value of a slider becomes a gain, a place
-// or a frame and back. Window pixels at scale 1, origin top left.
+// Where things sit in the equalizer window, as classic skins are painted for it, and how the value
+// of a slider becomes a gain, a place or a frame and back. Window pixels at scale 1, origin top
+// left.
 //
 // A slider's value runs from 0 to 100, with 50 for 0 dB; a gain from -12 to +12 dB. Values beyond
 // count as the nearer end, not-a-number as the lower one.
@@ -71,6 +72,7 @@ constexpr Point bandOrigin(int index)
 // an `x` that is not finite.
 int bandIndexAtX(double x);
 
+// Between a gain in decibels and a slider's value.
 double valueForGain(float gain);
 float gainForValue(double value);
 

@@ -5,7 +5,8 @@
 
 #include <array>
 
-// Where things sit in the main window when it is shaded: window pixels, origin top left.
+// Where things sit in the main window when it is shaded, as classic skins are painted for it:
+// window pixels, origin top left.
 namespace SkinKit::MainShadeLayout {
 
 inline constexpr Size size{275, 14};

@@ -5,10 +5,12 @@
 
 #include <string_view>
 
-// The sliders and the toggle buttons of the main window: where they sit, and how a value becomes a
-// place or a frame and back. Window pixels at scale 1, origin top left.
+// The sliders and the toggle buttons of the main window: where they sit, as classic skins are
+// painted for them, and how a value becomes a place or a frame and back. Window pixels at scale 1,
+// origin top left.
 namespace SkinKit::MainSliders {
 
+// A horizontal slider: its background, and where its thumb goes on it.
 struct Slider {
     Point origin; // top left of the background
     Size size;
@@ -64,9 +66,11 @@ enum class ShadeSegment { left, center, right };
 ShadeSegment shadeSegment(double fraction);
 std::string_view shadePositionThumbName(double fraction);
 
+// The buttons that stay lit: where each sits, and its sprite.
 enum class Toggle { shuffle, repeatAll, equalizer, playlist };
 using ToggleFrame = Rect;
 
+// How a toggle button looks.
 struct ToggleState {
     bool selected = false; // lit
     bool pressed = false;

@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-// Where things sit in the playlist window, which is resized in whole steps: window pixels at
-// scale 1, origin top left. No argument makes a place overflow.
+// Where things sit in the playlist window, as classic skins are painted for it. It is resized in
+// whole steps. Window pixels at scale 1, origin top left. No argument makes a place overflow.
 namespace SkinKit::PlaylistLayout {
 
 // clang-format off
@@ -148,6 +148,7 @@ struct Piece {
 // The title row from left to right, closed from edge to edge; `selected` when the window is the
 // active one.
 std::vector<Piece> topRow(bool selected, Steps steps);
+// The edges, from below the title row to above the bottom row.
 Piece leftTile(Steps steps);
 Piece rightTile(Steps steps);
 // In drawing order: the corners cover the ends of the tile.
@@ -158,6 +159,7 @@ enum class Menu { add, remove, selection, misc, list };
 inline constexpr std::array allMenus{Menu::add, Menu::remove, Menu::selection, Menu::misc,
                                      Menu::list};
 
+// One picture of an open menu, and where it goes.
 struct MenuEntry {
     std::string_view sprite;
     Rect rect;

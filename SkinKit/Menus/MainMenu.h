@@ -11,6 +11,7 @@
 // carries out the commands.
 namespace SkinKit {
 
+// What the player can be asked to do.
 enum class MainMenuCommand {
     about,
     checkForUpdates,
@@ -91,6 +92,7 @@ inline constexpr MainMenuShortcut::Modifiers MainMenuShortcut::Modifiers::option
 inline constexpr MainMenuShortcut::Modifiers MainMenuShortcut::Modifiers::shift{4};
 inline constexpr MainMenuShortcut::Modifiers MainMenuShortcut::Modifiers::control{8};
 
+// An item that carries out a command.
 struct MainMenuItem {
     enum class CheckState { off, on };
 
@@ -110,12 +112,14 @@ struct MainMenuItem {
 
 // A line of a menu.
 struct MainMenuEntry {
+    // A menu of its own behind a title.
     struct Submenu {
         std::string title;
         std::vector<MainMenuEntry> entries;
 
         bool operator==(const Submenu&) const;
     };
+    // A line between groups of items.
     struct Separator {
         bool operator==(const Separator&) const = default;
     };

@@ -13,9 +13,11 @@ class ByteReader {
 public:
     explicit ByteReader(ByteView bytes, std::int64_t offset = 0) : bytes_(bytes), offset_(offset) {}
 
+    // Bytes before the cursor, and behind it.
     std::int64_t offset() const { return offset_; }
     std::int64_t remaining() const { return std::ssize(bytes_) - offset_; }
 
+    // The next number, the lowest byte first.
     std::optional<std::uint16_t> u16()
     {
         const auto part = bytes(2);
@@ -23,6 +25,7 @@ public:
             return std::nullopt;
         return static_cast<std::uint16_t>((*part)[0] | (*part)[1] << 8);
     }
+    // The next number, the lowest byte first.
     std::optional<std::uint32_t> u32()
     {
         const auto part = bytes(4);

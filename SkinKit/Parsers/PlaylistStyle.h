@@ -24,6 +24,7 @@ struct PlaylistStyle {
 
 }
 
+// Equal styles have equal hashes.
 template <>
 struct std::hash<SkinKit::PlaylistStyle> {
     std::size_t operator()(const SkinKit::PlaylistStyle& style) const

@@ -10,6 +10,7 @@
 // Reads "pledit.txt": the [Text] section of an INI file, colours written #RRGGBB.
 namespace SkinKit::PlaylistStyleParser {
 
+// What a file says, and what of it could not be used.
 struct Result {
     PlaylistStyle style;
     std::vector<std::string> fallbacks; // a note for each colour that is there but unusable

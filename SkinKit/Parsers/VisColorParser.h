@@ -10,6 +10,7 @@
 namespace SkinKit::VisColorParser {
 
 inline constexpr int colorCount = 24;
+// In the order of the file's lines; VisRenderer says what each is for.
 using Colors = std::array<RGBColor, colorCount>;
 
 // What a skin without colours gets.
@@ -42,6 +43,7 @@ inline constexpr Colors defaults{
 };
 // clang-format on
 
+// All colours, those that the file lacks by default.
 struct Result {
     Colors colors;
     int parsedCount = 0; // how many of them the file gave, from the first on

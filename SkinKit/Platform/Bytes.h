@@ -17,6 +17,7 @@ using ByteView = std::span<const std::uint8_t>;
 // right after they are sized, and touching fresh memory twice is the dearest part of a small load.
 template <typename T>
 struct UnclearedAllocator : std::allocator<T> {
+    // The same for elements of another type, as containers ask for it.
     template <typename U>
     struct rebind {
         using other = UnclearedAllocator<U>;

@@ -105,6 +105,7 @@ inline constexpr std::int64_t maxLineBytes = 4 << 20;
 std::error_code forEachLine(const std::filesystem::path& path,
                             const std::function<void(std::string_view line)>& take);
 
+// What stands under one name in a folder.
 struct FolderEntry {
     std::string name;
     bool isRegularFile = false; // itself, not what a link leads to

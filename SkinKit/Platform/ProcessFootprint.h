@@ -5,6 +5,7 @@
 // How much memory the process holds: its resident set, as the kernel counts it.
 namespace SkinKit::ProcessFootprint {
 
+// Now, and the most so far.
 struct Mebibytes {
     std::int64_t current = 0;
     std::int64_t lifetimeMax = 0;

@@ -6,6 +6,7 @@
 // device pixels whenever there is room for them.
 namespace SkinKit::ThumbnailFit {
 
+// How to draw the window, and where.
 struct Result {
     int renderScale = 1; // the integer scale to draw the window at
     SizeF contextSize;   // points: the area to ask for

@@ -20,6 +20,7 @@ public:
     // A transparent raster of this many device pixels, at scale 1 with the origin at its top left.
     explicit Canvas(Size deviceSize);
 
+    // In device pixels, whatever the scale.
     Size size() const { return pixels_.size(); }
     std::span<const Pixel> row(int y) const { return pixels_.row(y); }
 
@@ -35,6 +36,7 @@ public:
     const State& state() const { return state_; }
     void setState(State state) { state_ = std::move(state); }
 
+    // Moves the origin by window pixels.
     void translate(Point by);
     // Makes every window pixel `factor` times larger than it is now; factor >= 1.
     void scale(int factor);
@@ -48,6 +50,7 @@ public:
     // Draws the whole image stretched to `cell`: column i of the cell shows the image's column
     // floor((i + 0.5) * image width / cell width), and so the rows.
     void draw(const Image& image, const Rect& cell);
+    // Paints a rectangle opaque.
     void fill(const Rect& rect, const RGBColor& color);
 
     // Makes every device pixel transparent, whatever the clip.

@@ -6,6 +6,7 @@
 // Whole-pixel and fractional geometry. Origin top left, x to the right, y downwards.
 namespace SkinKit {
 
+// A pixel, or the corner at its top left.
 struct Point {
     int x = 0;
     int y = 0;
@@ -13,6 +14,7 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+// Columns and rows.
 struct Size {
     int width = 0;
     int height = 0;
@@ -49,6 +51,7 @@ constexpr Rect intersection(const Rect& a, const Rect& b)
             static_cast<int>(std::max<std::int64_t>(0, height))};
 }
 
+// Whether all of `inner`, or the pixel, lies in the rectangle.
 constexpr bool contains(const Rect& outer, const Rect& inner)
 {
     return inner.x >= outer.x && inner.y >= outer.y && inner.right() <= outer.right() &&
@@ -82,6 +85,7 @@ struct SizeF {
     bool operator==(const SizeF&) const = default;
 };
 
+// The area from x to x + width and from y to y + height.
 struct RectF {
     double x = 0;
     double y = 0;

@@ -13,12 +13,14 @@ namespace SkinKit {
 // that exists has a positive size.
 class Image {
 public:
+    // Whether a picture may show what lies below it.
     enum class Alpha {
         opaque, // the maker vouches that every alpha is 255; drawing then copies instead of
                 // blending
         any,
     };
 
+    // Takes the buffer over; its pixels are not copied.
     Image(PixelBuffer&& pixels, Alpha alpha);
 
     Size size() const { return size_; }
@@ -32,6 +34,7 @@ public:
         return {first_ + static_cast<std::size_t>(y) * stride_,
                 static_cast<std::size_t>(size_.width)};
     }
+    // One pixel; it must lie inside.
     Pixel pixel(Point at) const { return row(at.y)[static_cast<std::size_t>(at.x)]; }
 
     // The part of this image inside `rect` (image pixels), or nothing when none of it is.

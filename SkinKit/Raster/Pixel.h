@@ -9,12 +9,14 @@
 // alpha; as a word the red byte is therefore the lowest.
 namespace SkinKit {
 
+// Red in the lowest byte, alpha in the highest.
 using Pixel = std::uint32_t;
 
 static_assert(std::endian::native == std::endian::little, "pixels are packed low byte first");
 
 inline constexpr Pixel transparentPixel = 0;
 
+// From channels of 0 … 255, premultiplied already.
 constexpr Pixel packPixel(unsigned red, unsigned green, unsigned blue, unsigned alpha = 255)
 {
     return red | green << 8 | blue << 16 | alpha << 24;

@@ -25,6 +25,7 @@ constexpr RGBColor rgb(std::uint32_t hex)
 
 }
 
+// A different hash for each colour.
 template <>
 struct std::hash<SkinKit::RGBColor> {
     std::size_t operator()(const SkinKit::RGBColor& color) const

@@ -18,6 +18,7 @@ using WindowDrawing::Clip; // each window to its own section of the region
 // The pixels of all windows at this scale, or nothing when no raster can hold them.
 std::optional<Size> size(const DesktopState& state, std::int64_t scale);
 
+// All windows in one picture, transparent where none is.
 Image render(const Skin& skin, const DesktopState& state, int scale, Clip clip);
 
 }

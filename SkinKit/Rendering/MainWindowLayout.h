@@ -5,13 +5,14 @@
 #include <array>
 #include <string_view>
 
-// Where things sit in the main window: window pixels at scale 1, origin top left. The sliders and
-// the toggle buttons stand in MainSliders.
+// Where things sit in the main window, as classic skins are painted for it: window pixels at scale
+// 1, origin top left. The sliders and the toggle buttons stand in MainSliders.
 namespace SkinKit::MainWindowLayout {
 
 inline constexpr Size size{275, 116};
 inline constexpr Size shadeSize{275, 14};
 
+// The letters of the clutter bar, from top to bottom: O, A, I, D, V.
 enum class ClutterButton { mainMenu, alwaysOnTop, fileInfo, doubleSize, visualizer };
 
 // clang-format off
@@ -34,14 +35,17 @@ inline constexpr Point stereo        {239, 41};
 inline constexpr std::array<int, 4> digitXs{48, 60, 78, 90};
 inline constexpr int digitY = 26;
 
+// The buttons of the title bar, from left to right.
 enum class TitleButton { options, minimize, shade, close };
 
+// Where a button is drawn and clicked.
 constexpr Rect rect(TitleButton button)
 {
     constexpr int xs[] = {6, 244, 254, 264};
     return {xs[static_cast<int>(button)], 3, 9, 9};
 }
 
+// Where a button is drawn and clicked.
 constexpr Rect rect(ClutterButton button)
 {
     // clang-format off
@@ -66,10 +70,12 @@ constexpr std::string_view spriteName(ClutterButton button)
     return names[static_cast<int>(button)];
 }
 
+// The buttons of the bottom row, from left to right.
 enum class Transport { previous, play, pause, stop, next, eject };
 inline constexpr std::array allTransports{Transport::previous, Transport::play, Transport::pause,
                                           Transport::stop,     Transport::next, Transport::eject};
 
+// Where a button is drawn and clicked.
 constexpr Rect rect(Transport button)
 {
     // clang-format off
@@ -87,6 +93,7 @@ constexpr Rect rect(Transport button)
 
 enum class ButtonState { released, pressed };
 
+// The sprite of a button, whose size `rect` may cut.
 constexpr std::string_view spriteName(Transport button, ButtonState state)
 {
     struct Names {

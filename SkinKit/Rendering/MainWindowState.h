@@ -12,17 +12,20 @@ namespace SkinKit {
 // Everything that shows on the main window at one instant, apart from the skin itself. The initial
 // values are those of a player that has just started.
 struct MainWindowState {
+    // Bars, one a column of VisLayout; columns without a value are empty.
     struct Spectrum {
         std::vector<int> heights; // of each column's bar, in pixels
         std::vector<int> peaks;   // of each column's peak mark, in pixels
 
         bool operator==(const Spectrum&) const = default;
     };
+    // A line through one sample a column.
     struct Oscilloscope {
         std::vector<float> samples; // one a column, -0.5 … 0.5 filling the height
 
         bool operator==(const Oscilloscope&) const = default;
     };
+    // Nothing but the background of the window.
     struct Off {
         bool operator==(const Off&) const = default;
     };

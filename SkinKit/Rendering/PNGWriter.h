@@ -14,6 +14,7 @@ namespace SkinKit::PNGWriter {
 // A side longer than this can't be encoded.
 inline constexpr int maxSide = PNGCodec::maxEncodedSide;
 
+// What can go wrong before the system is asked.
 enum class WriteError { couldNotEncode = 1 };
 std::error_code make_error_code(WriteError error); // its message: "could not encode PNG"
 

@@ -18,6 +18,7 @@ namespace SkinKit::PlaylistWindowRenderer {
 // The pixels of a window at this scale, or nothing when no raster can hold it.
 std::optional<Size> size(PlaylistLayout::Steps steps, std::int64_t scale);
 
+// The whole window.
 Image render(const Skin& skin, const PlaylistWindowState& state, int scale);
 
 // Into a caller's canvas, the window's top left corner at `at` in the canvas's current pixels,

@@ -13,6 +13,7 @@ namespace SkinKit {
 // Everything that shows on the playlist window at one instant, apart from the skin itself. The
 // initial values are those of an empty list in the smallest window.
 struct PlaylistWindowState {
+    // One track of the list.
     struct Entry {
         std::string name;
         std::optional<double> duration; // seconds

@@ -28,11 +28,13 @@ struct SpriteDrawer {
 // `scale` times as large, each pixel replicated; a scale below 1 counts as 1.
 namespace WindowDrawing {
 
+// What of a window is drawn.
 enum class Clip {
     none,
     toRegion, // to the polygons that the skin has for the window; without them nothing is clipped
 };
 
+// The scale that counts: 1 at the least.
 int effectiveScale(int scale);
 
 // The pixels of a window at this scale, or nothing when no raster can hold it.

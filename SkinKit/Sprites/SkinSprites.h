@@ -33,6 +33,7 @@ struct Placed {
 
 // All 281 sprites in ascending byte order of their names.
 std::span<const Placed> all();
+// The sprite of that name; nothing for an unknown one.
 std::optional<Placed> byName(std::string_view name);
 
 // The sprite of another sheet that may stand in for this one.

@@ -22,6 +22,7 @@ struct Sprite {
 
 }
 
+// Equal sprites have equal hashes.
 template <>
 struct std::hash<SkinKit::Sprite> {
     std::size_t operator()(const SkinKit::Sprite& sprite) const

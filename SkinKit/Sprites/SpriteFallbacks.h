@@ -9,6 +9,7 @@
 // Which sheet a sprite is drawn from, given the sheets that a skin holds.
 namespace SkinKit::SpriteFallbacks {
 
+// Where a sprite's pixels are.
 struct Resolved {
     std::string_view sheet;
     Rect rect; // sheet pixels; not checked against the sheet's size

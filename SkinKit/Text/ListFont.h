@@ -13,6 +13,7 @@ namespace SkinKit::ListFont {
 inline constexpr int height = 9; // rows; the lowest two are below the baseline
 inline constexpr int gap = 1;    // blank columns between two glyphs
 
+// The picture of one character.
 using Glyph = GlyphArt::Glyph<height>;
 
 // Exact for ASCII, the ellipsis and the no-break space, which is as wide as a digit; a hollow box

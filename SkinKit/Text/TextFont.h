@@ -19,6 +19,7 @@ std::optional<std::string_view> deburr(char16_t unit);
 
 // The cell that shows a UTF-16 unit, or nothing when the font has none for it.
 std::optional<Sprite> sprite(char16_t unit);
+// The name of that cell's sprite.
 std::optional<std::string_view> spriteName(char16_t unit);
 
 // The cell's sprite name for each UTF-16 unit of the text as it comes; a character outside the

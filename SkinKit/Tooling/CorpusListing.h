@@ -33,7 +33,9 @@ struct CorpusFile {
 // The skins of a collection, in a fixed order.
 namespace CorpusListing {
 
+// What was found below a folder.
 struct Scan {
+    // A folder that could not be looked into, and why.
     struct UnreadFolder {
         std::filesystem::path path; // below the collection's folder
         std::error_code error;

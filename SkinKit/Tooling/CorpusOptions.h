@@ -11,6 +11,7 @@ namespace SkinKit {
 
 // The command line that runs a whole collection: `skintool corpus <dir> --out <dir> …`.
 struct CorpusOptions {
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

@@ -11,6 +11,7 @@ namespace SkinKit {
 
 // The command line that reports on a run: `skintool corpus-report <results.jsonl> …`.
 struct CorpusReportOptions {
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

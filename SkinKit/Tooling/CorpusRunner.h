@@ -38,6 +38,7 @@ struct CorpusOutcome {
 // run.
 class CorpusRunner {
 public:
+    // How to run; the initial values are those of the command line.
     struct Config {
         double timeout = 10; // seconds for a skin
         std::int64_t maxMemoryMiB = 4096;
@@ -62,9 +63,11 @@ public:
         // done.
         std::function<void(int status)> abort;
 
+        // The real ones.
         static Hooks live();
     };
 
+    // How a run ended, in numbers of files and skins.
     struct Totals {
         std::int64_t files = 0;
         std::int64_t unique = 0;
@@ -98,6 +101,7 @@ public:
         std::function<bool()> isCancelled; // asked between skins
     };
 
+    // Why a run could not begin or go on.
     struct Error {
         std::string description; // which file, and what is wrong with it
 
@@ -114,6 +118,7 @@ public:
     // stays.
     std::expected<Totals, Error> run() const;
 
+    // The file that the records are added to.
     std::filesystem::path resultsURL() const { return out_ / "results.jsonl"; }
 
     // The live `process`.
@@ -122,6 +127,7 @@ public:
     // "[done/total] ok 50.0% partial …": shares of `done`.
     static std::string progressLine(std::int64_t done, std::int64_t total, const Tally& tally);
 
+    // See `parseManifest`; the error names the file.
     static std::expected<CorpusManifest, Error> readManifest(const std::filesystem::path& file);
     // All records in the order of the file; none when it is missing. Lines that are no record are
     // passed over.

@@ -19,6 +19,7 @@ namespace SkinKit {
 // file, so that the records themselves can be dropped one by one.
 class CorpusSkins {
 public:
+    // One file, as its last result says.
     struct File {
         std::string path;
         std::string name;

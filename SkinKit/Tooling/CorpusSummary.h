@@ -12,6 +12,7 @@ namespace SkinKit {
 // What came of a collection's runs. A skin is a file that is no duplicate of another; a classic one
 // is one that is not modern. Rates and shares are of the classic skins, from 0 to 1.
 struct CorpusSummary {
+    // How many skins have which status.
     struct Counts {
         std::int64_t ok = 0;
         std::int64_t partial = 0;
@@ -27,6 +28,7 @@ struct CorpusSummary {
         std::int64_t abnormalEnds() const { return crashed + timeout + memory; }
     };
 
+    // How long skins took, from opening the file to its record.
     struct Timing {
         std::int64_t count = 0; // skins timed, modern ones too
         double medianMs = 0;
@@ -40,6 +42,7 @@ struct CorpusSummary {
         bool operator==(const Timing&) const = default;
     };
 
+    // A skin among the slowest.
     struct Slow {
         std::string name;
         std::string md5;
@@ -51,6 +54,7 @@ struct CorpusSummary {
         bool operator==(const Slow&) const = default;
     };
 
+    // A skin as the report names it.
     struct Example {
         std::string name;
         std::string md5;
@@ -59,6 +63,7 @@ struct CorpusSummary {
         bool operator==(const Example&) const = default;
     };
 
+    // One thing that skins fail at or lack; `share` is of the classic skins.
     struct FailureClass {
         std::string key;
         std::int64_t count = 0;
@@ -69,6 +74,7 @@ struct CorpusSummary {
         bool operator==(const FailureClass&) const = default;
     };
 
+    // A crash log that was read, and the skin it is about.
     struct CrashLog {
         std::string file;
         std::string signature;            // empty where none was found

@@ -12,6 +12,7 @@ std::string errorClassKey(std::string_view error);
 // Of a warning, in lower case: "missing gen", "viscolor", or the text itself.
 std::string warningClassKey(std::string_view warning);
 
+// A class, and what the tracker calls it.
 struct KnownIssue {
     std::string_view classKey;
     std::string_view issue;

@@ -10,6 +10,7 @@ namespace SkinKit {
 
 // The command line that shows a folder of skins as one page: `skintool gallery <dir> --out <dir>`.
 struct GalleryOptions {
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

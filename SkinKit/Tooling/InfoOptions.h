@@ -9,6 +9,7 @@ namespace SkinKit {
 
 // The command line that tells everything about one skin: `skintool info [--json] <skin>`.
 struct InfoOptions {
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

@@ -10,6 +10,7 @@ namespace SkinKit {
 
 // The command line that makes a page of one skin: `skintool preview <skin>`.
 struct PreviewOptions {
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

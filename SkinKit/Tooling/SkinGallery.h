@@ -9,6 +9,7 @@
 // A folder of skins as a page of pictures.
 namespace SkinKit::SkinGallery {
 
+// How many skins the page shows, and how many of them without a picture.
 struct Totals {
     std::int64_t skins = 0;
     std::int64_t refused = 0;
@@ -16,6 +17,7 @@ struct Totals {
     bool operator==(const Totals&) const = default;
 };
 
+// Why there is no page, or not all of it.
 struct Error {
     std::string description; // which file, and what is wrong with it
 

@@ -18,6 +18,7 @@ struct SkinInfo {
     std::int64_t entryCount = 0;   // of the container
     std::int64_t leftOutCount = 0; // of those
 
+    // The facts of a skin that was parsed from this archive.
     static SkinInfo of(std::string_view name, const SkinArchive& archive, Skin skin);
 
     // "ok", or "partial" when the skin has a warning.
@@ -27,6 +28,7 @@ struct SkinInfo {
     // Short lines, aligned, a heading before each group. Texts of the skin are passed on as they
     // are: whoever prints them makes control characters visible.
     std::vector<std::string> lines() const;
+    // All of it as one object, for programs.
     JSON json() const;
 };
 

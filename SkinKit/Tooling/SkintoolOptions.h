@@ -13,6 +13,7 @@ namespace SkinKit {
 struct SkintoolOptions {
     enum class State { webamp, idle };
 
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

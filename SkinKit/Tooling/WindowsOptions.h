@@ -14,6 +14,7 @@ namespace SkinKit {
 struct WindowsOptions {
     using State = SkintoolOptions::State;
 
+    // What is wrong with the arguments, to be shown above the usage.
     struct UsageError {
         std::string description;
 

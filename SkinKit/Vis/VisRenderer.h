@@ -64,6 +64,7 @@ public:
     // A sample for each column, 0 on the centre line. The trace is drawn `pushDown` rows lower.
     void drawOscilloscope(std::span<const float> samples, int pushDown);
 
+    // The picture as it is now, transparent where the background does not reach.
     Image makeImage() const;
 
 private:
