@@ -99,6 +99,8 @@ ExitStatus run(Arguments arguments)
 
 int main(int argc, char** argv)
 {
+    SkinKit::Process::holdStandardStreams();
+    SkinKit::Process::endWithoutMemory();
     SkinKit::Process::reportFileSizeLimit();
     SkinKit::Process::takeMemoryAtOnce();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);

@@ -16,8 +16,10 @@ std::optional<ByteView> ByteSource::read(std::int64_t offset, std::int64_t count
     if (!file_)
         return memory_.subspan(static_cast<std::size_t>(offset), static_cast<std::size_t>(count));
     buffer.resize(static_cast<std::size_t>(count));
-    if (file_->readAt(offset, buffer))
+    if (const auto error = file_->readAt(offset, buffer)) {
+        readError_ = error;
         return std::nullopt;
+    }
     return buffer;
 }
 

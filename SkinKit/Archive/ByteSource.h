@@ -5,11 +5,12 @@
 
 #include <cstdint>
 #include <optional>
+#include <system_error>
 
 namespace SkinKit {
 
 // Bytes to be read at any place: somebody else's memory, memory of its own, or a file. Reading
-// changes nothing.
+// changes nothing but what is known of errors; one thread at a time.
 class ByteSource {
 public:
     // The bytes must stay as they are while this lives.
@@ -23,11 +24,15 @@ public:
     // `buffer` where they don't lie in memory yet; the view is valid while both live unchanged.
     std::optional<ByteView> read(std::int64_t offset, std::int64_t count, ByteBuffer& buffer) const;
 
+    // Why the file could not be read where it has bytes, the last time that happened.
+    std::error_code readError() const { return readError_; }
+
 private:
     std::int64_t size_;
     ByteBuffer owned_; // a vector that moves keeps its memory where it is
     ByteView memory_;
     std::optional<Files::InputFile> file_;
+    mutable std::error_code readError_;
 };
 
 }

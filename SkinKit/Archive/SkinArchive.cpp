@@ -36,6 +36,11 @@ void checkLimits(const SkinArchive::Limits& limits)
           "archive limits must not be negative");
 }
 
+std::unexpected<SkinError> unreadable(std::error_code error)
+{
+    return std::unexpected(SkinError::unreadableArchive(error.message()));
+}
+
 // The table while it is being filled: the rules that archives and folders share.
 class Intake {
 public:
@@ -125,9 +130,11 @@ SkinArchive::Table readEntries(const ZipFile& zip, const SkinArchive::Limits& li
     return intake.takeFiles();
 }
 
-SkinArchive::Table readFolder(const std::filesystem::path& folder,
-                              const std::vector<Files::FolderEntry>& entries,
-                              const SkinArchive::Limits& limits)
+// What the folder's files are is their affair; but one that can't be read is no file that is
+// missing.
+Files::Result<SkinArchive::Table> readFolder(const std::filesystem::path& folder,
+                                             const std::vector<Files::FolderEntry>& entries,
+                                             const SkinArchive::Limits& limits)
 {
     Intake intake(limits);
     for (const auto& entry : entries) {
@@ -138,6 +145,8 @@ SkinArchive::Table readFolder(const std::filesystem::path& folder,
         const std::string readable = Unicode::repaired(asBytes(entry.name));
         if (auto name = intake.wantedName(readable, entry.size)) {
             auto bytes = Files::read(folder / entry.name, intake.room(), Files::Links::refused);
+            if (!bytes && !Files::isForWhatItIs(bytes.error()))
+                return std::unexpected(bytes.error());
             intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);
         }
     }
@@ -170,12 +179,17 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::p
     checkLimits(limits);
     SkinArchive archive;
     const auto kind = Files::kind(path);
-    if (kind && *kind == Files::Kind::folder) {
+    if (!kind)
+        return unreadable(kind.error());
+    if (*kind == Files::Kind::folder) {
         const auto entries = Files::list(path);
         if (!entries)
-            return std::unexpected(SkinError::unreadableArchive(entries.error().message()));
+            return unreadable(entries.error());
+        auto files = readFolder(path, *entries, limits);
+        if (!files)
+            return unreadable(files.error());
         archive.entryCount_ = std::ssize(*entries);
-        archive.files_ = readFolder(path, *entries, limits);
+        archive.files_ = std::move(*files);
         return archive;
     }
 
@@ -184,6 +198,9 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::p
         return std::unexpected(SkinError::unreadableArchive(zip.error()));
     archive.entryCount_ = std::ssize(zip->entries());
     archive.files_ = readEntries(*zip, limits);
+    // Damage leaves an entry out; but one that can't be read is no entry that is missing.
+    if (zip->readError())
+        return unreadable(zip->readError());
     return archive;
 }
 

@@ -275,9 +275,9 @@ std::expected<ZipFile, std::string> ZipFile::open(ByteView bytes)
 std::expected<ZipFile, std::string> ZipFile::open(ByteSource source)
 {
     const auto directory = findDirectory(source);
-    if (!directory)
-        return std::unexpected(directory.error());
-    auto entries = readEntries(source, *directory);
+    auto entries = directory ? readEntries(source, *directory) : std::unexpected(directory.error());
+    if (source.readError())
+        return std::unexpected(source.readError().message());
     if (!entries)
         return std::unexpected(std::move(entries.error()));
     return ZipFile(std::move(source), std::move(*entries));

@@ -44,6 +44,9 @@ public:
     // that stays as it is and this lives.
     std::optional<ByteView> rawBytes(const Entry& entry, ByteBuffer& buffer) const;
 
+    // Why bytes that the container's file has could not be read, the last time that happened.
+    std::error_code readError() const { return source_.readError(); }
+
 private:
     ZipFile(ByteSource source, std::vector<Entry> entries)
         : source_(std::move(source)), entries_(std::move(entries))

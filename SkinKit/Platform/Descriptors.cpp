@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <cerrno>
-
 namespace SkinKit::Descriptors {
 
 std::error_code lastError()
@@ -15,13 +13,13 @@ std::optional<std::size_t> readFully(int descriptor, std::span<std::uint8_t> byt
 {
     std::size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t count = ::read(descriptor, bytes.data() + done, bytes.size() - done);
+        const ssize_t count = uninterrupted(
+            [&] { return ::read(descriptor, bytes.data() + done, bytes.size() - done); });
+        if (count < 0)
+            return std::nullopt;
         if (count == 0)
             break;
-        if (count > 0)
-            done += static_cast<std::size_t>(count);
-        else if (errno != EINTR)
-            return std::nullopt;
+        done += static_cast<std::size_t>(count);
     }
     return done;
 }
@@ -29,11 +27,13 @@ std::optional<std::size_t> readFully(int descriptor, std::span<std::uint8_t> byt
 std::error_code writeFully(int descriptor, ByteView bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-        if (count >= 0)
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        else if (errno != EINTR)
+        const ssize_t count =
+            uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+        if (count < 0)
             return lastError();
+        if (count == 0) // or a device that takes nothing would be asked for ever
+            return std::make_error_code(std::errc::io_error);
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
     return {};
 }

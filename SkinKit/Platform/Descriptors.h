@@ -2,6 +2,7 @@
 
 #include "SkinKit/Platform/Bytes.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -12,6 +13,18 @@ namespace SkinKit::Descriptors {
 
 // Why the last system call of this thread failed.
 std::error_code lastError();
+
+// What `call` returns once no signal interrupts it; it says -1 when it fails. Not for close(),
+// after which the descriptor is gone either way.
+template <typename Call>
+auto uninterrupted(const Call& call)
+{
+    while (true) {
+        const auto result = call();
+        if (result != -1 || errno != EINTR)
+            return result;
+    }
+}
 
 // Reads until `bytes` is full or the file ends; the number of bytes read, or nothing on an error.
 std::optional<std::size_t> readFully(int descriptor, std::span<std::uint8_t> bytes);

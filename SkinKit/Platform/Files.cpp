@@ -20,6 +20,7 @@ namespace {
 
 using Descriptors::lastError;
 using Descriptors::readFully;
+using Descriptors::uninterrupted;
 using Descriptors::writeFully;
 
 constexpr int mostLinks = 40; // as the system itself allows
@@ -27,6 +28,12 @@ constexpr int mostLinks = 40; // as the system itself allows
 std::unexpected<std::error_code> failure(std::errc code)
 {
     return std::unexpected(std::make_error_code(code));
+}
+
+int openFile(const char* path, int flags)
+{
+    constexpr mode_t modeOfNewOnes = 0666;
+    return uninterrupted([&] { return ::open(path, flags | O_CLOEXEC | O_NOCTTY, modeOfNewOnes); });
 }
 
 // Writes and closes, telling of the first thing that failed: some file systems report a full disk
@@ -70,7 +77,7 @@ std::optional<int> standardStream(const struct ::stat& file)
 
 std::error_code writeInPlace(const char* path, ByteView bytes)
 {
-    const int descriptor = ::open(path, O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    const int descriptor = openFile(path, O_WRONLY);
     return descriptor < 0 ? lastError() : writeAndClose(descriptor, bytes);
 }
 
@@ -80,8 +87,12 @@ Result<std::filesystem::path> followLinks(std::filesystem::path path)
     for (int i = 0; i < mostLinks; ++i) {
         std::error_code error;
         const auto target = std::filesystem::read_symlink(path, error);
-        if (error)
+        const bool isNoLink =
+            error == std::errc::invalid_argument || error == std::errc::no_such_file_or_directory;
+        if (isNoLink)
             return path;
+        if (error)
+            return std::unexpected(error);
         path = path.parent_path() / target;
     }
     return failure(std::errc::too_many_symbolic_link_levels);
@@ -94,7 +105,7 @@ int makeNeighbour(const std::filesystem::path& target, std::string& name)
     for (int i = 0; i < mostTries; ++i) {
         name = target.parent_path() /
                (".skinkit-" + std::to_string(::getpid()) + "." + std::to_string(i) + ".tmp");
-        const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        const int descriptor = openFile(name.c_str(), O_WRONLY | O_CREAT | O_EXCL);
         if (descriptor >= 0 || errno != EEXIST)
             return descriptor;
     }
@@ -134,6 +145,15 @@ Result<Kind> kind(const std::filesystem::path& path)
                                    : Kind::other;
 }
 
+bool isForWhatItIs(std::error_code error)
+{
+    const std::errc reasons[] = {
+        std::errc::file_too_large,    std::errc::is_a_directory,
+        std::errc::not_supported,     std::errc::no_such_file_or_directory,
+        std::errc::permission_denied, std::errc::too_many_symbolic_link_levels};
+    return std::ranges::any_of(reasons, [&](std::errc reason) { return error == reason; });
+}
+
 std::filesystem::path named(const std::filesystem::path& path)
 {
     const auto whole = path.has_filename() ? path : path.parent_path();
@@ -161,8 +181,8 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links
     if (*found != Kind::regularFile)
         return failure(std::errc::not_supported);
 
-    const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    InputFile file(::open(path.c_str(), links == Links::refused ? flags | O_NOFOLLOW : flags));
+    const int flags = O_RDONLY | O_NONBLOCK;
+    InputFile file(openFile(path.c_str(), links == Links::refused ? flags | O_NOFOLLOW : flags));
     const int descriptor = file.descriptor_.number();
     struct ::stat status{};
     if (descriptor < 0 || ::fstat(descriptor, &status) != 0)
@@ -176,15 +196,14 @@ Result<InputFile> InputFile::open(const std::filesystem::path& path, Links links
 std::error_code InputFile::readAt(std::int64_t offset, std::span<std::uint8_t> target) const
 {
     while (!target.empty()) {
-        const ssize_t count = ::pread(descriptor_.number(), target.data(), target.size(), offset);
+        const ssize_t count = uninterrupted(
+            [&] { return ::pread(descriptor_.number(), target.data(), target.size(), offset); });
+        if (count < 0)
+            return lastError();
         if (count == 0)
             return std::make_error_code(std::errc::io_error);
-        if (count > 0) {
-            target = target.subspan(static_cast<std::size_t>(count));
-            offset += count;
-        } else if (errno != EINTR) {
-            return lastError();
-        }
+        target = target.subspan(static_cast<std::size_t>(count));
+        offset += count;
     }
     return {};
 }
@@ -222,8 +241,7 @@ Result<std::size_t> InputFile::readNext(std::span<std::uint8_t> room)
 
 Result<OutputFile> OutputFile::open(const std::filesystem::path& path)
 {
-    const int flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOCTTY;
-    OutputFile file(::open(path.c_str(), flags, 0666));
+    OutputFile file(openFile(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC));
     if (file.descriptor() < 0)
         return std::unexpected(lastError());
     return file;
@@ -291,9 +309,13 @@ std::error_code forEachLine(const std::filesystem::path& path,
 Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
 {
     const auto close = [](DIR* directory) { ::closedir(directory); };
-    const std::unique_ptr<DIR, decltype(close)> directory(::opendir(folder.c_str()), close);
+    Descriptor descriptor(openFile(folder.c_str(), O_RDONLY | O_DIRECTORY));
+    if (descriptor.number() < 0)
+        return std::unexpected(lastError());
+    const std::unique_ptr<DIR, decltype(close)> directory(::fdopendir(descriptor.number()), close);
     if (!directory)
         return std::unexpected(lastError());
+    descriptor.release();
 
     std::vector<FolderEntry> entries;
     while (true) {
@@ -307,10 +329,11 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
         if (name == "." || name == "..")
             continue;
         struct ::stat status{};
-        const bool known =
-            ::fstatat(::dirfd(directory.get()), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-        entries.push_back({name, known && S_ISREG(status.st_mode), known && S_ISDIR(status.st_mode),
-                           known ? status.st_size : 0});
+        if (::fstatat(::dirfd(directory.get()), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
+            entries.push_back(
+                {name, S_ISREG(status.st_mode), S_ISDIR(status.st_mode), status.st_size});
+        else if (errno != ENOENT) // gone since
+            return std::unexpected(lastError());
     }
     std::ranges::sort(entries, {}, &FolderEntry::name);
     return entries;

@@ -14,16 +14,16 @@ namespace SkinKit {
 namespace {
 
 using Descriptors::lastError;
+using Descriptors::uninterrupted;
 using Descriptors::writeFully;
 
 // Puts a file's name on stable storage, as far as its folder can be synchronized.
 void synchronizeFolder(const std::filesystem::path& folder)
 {
-    const int descriptor = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    ::fsync(descriptor);
-    ::close(descriptor);
+    const Files::Descriptor descriptor(
+        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
+    if (descriptor.number() >= 0)
+        ::fsync(descriptor.number());
 }
 
 }
@@ -31,7 +31,7 @@ void synchronizeFolder(const std::filesystem::path& folder)
 Files::Result<Journal> Journal::open(const std::filesystem::path& path)
 {
     constexpr int flags = O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
-    Journal journal(::open(path.c_str(), flags, 0666));
+    Journal journal(uninterrupted([&] { return ::open(path.c_str(), flags, 0666); }));
     struct ::stat status{};
     if (journal.descriptor_.number() < 0 || ::fstat(journal.descriptor_.number(), &status) != 0)
         return std::unexpected(lastError());
@@ -49,7 +49,7 @@ Files::Result<Journal> Journal::open(const std::filesystem::path& path)
 
 std::error_code Journal::lock()
 {
-    if (::flock(descriptor_.number(), LOCK_EX | LOCK_NB) == 0)
+    if (uninterrupted([&] { return ::flock(descriptor_.number(), LOCK_EX | LOCK_NB); }) == 0)
         return {};
     if (errno == EWOULDBLOCK)
         return std::make_error_code(std::errc::device_or_resource_busy);
@@ -61,14 +61,15 @@ std::error_code Journal::lock()
 std::error_code Journal::closeCutLine()
 {
     char last = '\n';
-    if (size_ > 0 && ::pread(descriptor_.number(), &last, 1, size_ - 1) < 0)
+    const auto read = [&] { return ::pread(descriptor_.number(), &last, 1, size_ - 1); };
+    if (size_ > 0 && uninterrupted(read) < 0)
         return lastError();
     return last == '\n' ? std::error_code{} : append("");
 }
 
 std::error_code Journal::cut(std::int64_t size)
 {
-    if (::ftruncate(descriptor_.number(), size) != 0)
+    if (uninterrupted([&] { return ::ftruncate(descriptor_.number(), size); }) != 0)
         return lastError();
     size_ = size;
     return {};
@@ -78,13 +79,15 @@ std::error_code Journal::append(std::string_view line)
 {
     std::string text(line);
     text += '\n';
-    if (const auto error = writeFully(descriptor_.number(), asBytes(text))) {
-        cut(size_);
+    struct ::stat status{};
+    std::error_code error = writeFully(descriptor_.number(), asBytes(text));
+    if (!error && (uninterrupted([&] { return ::fdatasync(descriptor_.number()); }) != 0 ||
+                   ::fstat(descriptor_.number(), &status) != 0))
+        error = lastError();
+    if (error) {
+        cut(size_); // a line that may be lost must not be found, either
         return error;
     }
-    struct ::stat status{};
-    if (::fdatasync(descriptor_.number()) != 0 || ::fstat(descriptor_.number(), &status) != 0)
-        return lastError();
     size_ += std::ssize(text);
     return status.st_nlink == 0 ? std::make_error_code(std::errc::no_such_file_or_directory)
                                 : std::error_code{};

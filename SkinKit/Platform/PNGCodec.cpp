@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csetjmp>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <utility>
@@ -28,10 +29,19 @@ void onError(png_structp png, png_const_charp)
 }
 void onWarning(png_structp, png_const_charp) {}
 
+// A picture for which there is no memory is not a damaged one.
+png_voidp allocate(png_structp, png_alloc_size_t size)
+{
+    void* const memory = std::malloc(size);
+    check(memory != nullptr, "no memory for a PNG file");
+    return memory;
+}
+
 struct Reader {
     explicit Reader(ByteView source) : rest(source)
     {
-        png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning);
+        png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning, nullptr,
+                                       allocate, nullptr);
         info = png ? png_create_info_struct(png) : nullptr;
         check(info != nullptr, "no memory for the PNG reader");
     }
@@ -113,7 +123,8 @@ Image::Alpha premultiplyAll(PixelBuffer& pixels)
 struct Writer {
     Writer()
     {
-        png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning);
+        png = png_create_write_struct_2(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning, nullptr,
+                                        allocate, nullptr);
         info = png ? png_create_info_struct(png) : nullptr;
         check(info != nullptr, "no memory for the PNG writer");
     }

@@ -1,13 +1,19 @@
 #include "SkinKit/Platform/Process.h"
 
+#include "SkinKit/Platform/Check.h"
+
+#include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
 #include <signal.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdlib>
+#include <initializer_list>
+#include <new>
 
 namespace SkinKit::Process {
 namespace {
@@ -19,6 +25,19 @@ volatile sig_atomic_t held = 0;
 void nameThread(const char* name)
 {
     ::pthread_setname_np(::pthread_self(), name);
+}
+
+void endWithoutMemory()
+{
+    std::set_new_handler([] { fail("no memory"); });
+}
+
+void holdStandardStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF)
+            // The lowest number that is free is this one. Open for what it is not used for.
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
 void reportFileSizeLimit()

@@ -8,6 +8,14 @@ void nameThread(const char* name);
 
 // The rest is for a program's main, never for the library itself.
 
+// Ends the process with one line that says so, and by SIGABRT, when memory can't be had. For the
+// program's start.
+void endWithoutMemory();
+
+// Takes the places of standard streams that are closed, so that no file opened later does and is
+// written to by what is printed. Printing to them fails as before.
+void holdStandardStreams();
+
 // Makes a file that would grow past the process's limit an error of the write, like a full disk,
 // rather than the process's end.
 void reportFileSizeLimit();
@@ -27,10 +35,5 @@ void holdInterrupts();
 int heldInterrupt();
 // Ends the process as that signal would have.
 void endByHeldInterrupt();
-
-// Takes the memory that loading and drawing one skin needs from the system in one step, and keeps
-// it for what is allocated from then on. Page by page, as each is first touched, it would take a
-// tenth of a short process's time.
-void takeMemoryAtOnce();
 
 }

@@ -75,18 +75,23 @@ bool isText(ByteView bytes)
                                [&](char c) { return (c < 0 || c >= ' ') || allowed.contains(c); });
 }
 
-std::optional<std::string> readText(const std::filesystem::path& path)
+// Nothing for a file that is no text or can't be one.
+Files::Result<std::optional<std::string>> readText(const std::filesystem::path& path)
 {
     auto file = Files::InputFile::open(path, Files::Links::refused);
-    if (!file)
+    if (!file && Files::isForWhatItIs(file.error()))
         return std::nullopt;
+    if (!file)
+        return std::unexpected(file.error());
     // Of a long one the start, which may name the skin, and the end, where the crash stands.
     const std::int64_t size = std::min(file->size(), CrashLog::maxBytes);
     ByteBuffer bytes(static_cast<std::size_t>(size));
     const auto [start, end] = std::pair(std::span(bytes).first(bytes.size() / 2),
                                         std::span(bytes).subspan(bytes.size() / 2));
-    if (file->readAt(0, start) || file->readAt(file->size() - std::ssize(end), end))
-        return std::nullopt;
+    for (const auto& [offset, part] :
+         {std::pair(std::int64_t{0}, start), std::pair(file->size() - std::ssize(end), end)})
+        if (const auto error = file->readAt(offset, part))
+            return std::unexpected(error);
     return isText(bytes) ? std::optional(Unicode::repaired(bytes)) : std::nullopt;
 }
 
@@ -118,11 +123,15 @@ Files::Result<std::vector<CrashLog>> CrashLog::readFolder(const std::filesystem:
     std::vector<CrashLog> logs;
     std::int64_t totalBytes = 0;
     for (const auto& entry : *entries) {
-        const auto text = entry.isRegularFile ? readText(folder / entry.name) : std::nullopt;
-        if (!text)
+        if (!entry.isRegularFile)
             continue;
-        logs.push_back(of(Unicode::repaired(asBytes(entry.name)), *text));
-        totalBytes += std::ssize(*text);
+        const auto text = readText(folder / entry.name);
+        if (!text)
+            return std::unexpected(text.error());
+        if (!*text)
+            continue;
+        logs.push_back(of(Unicode::repaired(asBytes(entry.name)), **text));
+        totalBytes += std::ssize(**text);
         if (totalBytes > maxTotalBytes)
             logs.back().text = {};
     }

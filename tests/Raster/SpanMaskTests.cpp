@@ -1,4 +1,5 @@
 #include "SkinKit/Raster/SpanMask.h"
+#include "tests/support/Winding.h"
 
 #include <gtest/gtest.h>
 
@@ -8,32 +9,7 @@ using namespace SkinKit;
 
 namespace {
 
-__extension__ using Wide = __int128;
 using Vertex = Path::Vertex;
-
-// Whether the centre of pixel (x, y) lies inside: the edges that cross its row at or to the left of
-// it, counted by direction. In half pixels, where the centre is a whole number.
-bool isInside(const Path& path, int x, int y)
-{
-    const Wide centreX = 2 * x + 1;
-    const Wide centreY = 2 * y + 1;
-    int winding = 0;
-    for (const auto& polygon : path.polygons)
-        for (std::size_t i = 0; i < polygon.size(); ++i) {
-            const Vertex& from = polygon[i];
-            const Vertex& to = polygon[(i + 1) % polygon.size()];
-            const bool isDown = from.y < to.y;
-            const Vertex& top = isDown ? from : to;
-            const Vertex& bottom = isDown ? to : from;
-            if (2 * Wide{top.y} > centreY || 2 * Wide{bottom.y} < centreY)
-                continue;
-            const Wide side = (centreX - 2 * Wide{top.x}) * (Wide{bottom.y} - top.y) -
-                              (Wide{bottom.x} - top.x) * (centreY - 2 * Wide{top.y});
-            if (side >= 0)
-                winding += isDown ? 1 : -1;
-        }
-    return winding != 0;
-}
 
 std::vector<std::string> shape(const SpanMask& mask, const Rect& area)
 {
@@ -58,7 +34,7 @@ std::vector<std::string> reference(const Path& path, const Rect& area)
     for (int y = area.y; y < area.bottom(); ++y) {
         auto& row = rows.emplace_back();
         for (int x = area.x; x < area.right(); ++x)
-            row += isInside(path, x, y) ? '#' : '.';
+            row += support::windingNumber(path, x, y) != 0 ? '#' : '.';
     }
     return rows;
 }

@@ -15,7 +15,7 @@ namespace {
 
 void redirect(int stream, const std::filesystem::path& path, int flags)
 {
-    const int descriptor = ::open(path.c_str(), flags, 0600);
+    const int descriptor = ::open(path.c_str(), flags);
     ::dup2(descriptor, stream);
     ::close(descriptor);
 }
@@ -27,31 +27,55 @@ std::string textOf(const std::filesystem::path& path)
 
 using Words = std::vector<std::string>;
 
-// Runs a program to its end; `whileRunning` is called with its process number.
-Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes,
-            const auto& whileRunning)
+void limit(__rlimit_resource resource, long bytes)
 {
-    const TemporaryFolder folder;
-    const auto out = folder / "out";
-    const auto err = folder / "err";
-    Words words = arguments;
-    words.insert(words.begin(), program.string());
+    if (bytes <= 0)
+        return;
+    const rlimit limits{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+    ::setrlimit(resource, &limits);
+}
+
+void enter(const Setting& setting)
+{
+    limit(RLIMIT_FSIZE, setting.maxFileBytes);
+    limit(RLIMIT_AS, setting.maxMemoryBytes);
+    ::alarm(setting.seconds);
+    for (const int stream : setting.closedStreams)
+        ::close(stream);
+}
+
+std::vector<char*> pointersTo(Words& words)
+{
     std::vector<char*> pointers;
     for (auto& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);
+    return pointers;
+}
+
+// Runs a program to its end; `whileRunning` is called with its process number.
+Outcome run(const std::filesystem::path& program, const Words& arguments, const Setting& setting,
+            const auto& whileRunning)
+{
+    const TemporaryFolder folder;
+    // There before the program is, which may be killed at once.
+    const auto out = folder.write("out", {});
+    const auto err = folder.write("err", {});
+    Words words = arguments;
+    words.insert(words.begin(), program.string());
+    const auto pointers = pointersTo(words);
+    Words variables = setting.variables;
+    for (char* const* variable = environ; *variable; ++variable)
+        variables.emplace_back(*variable);
+    const auto environment = pointersTo(variables);
 
     const pid_t child = ::fork();
     if (child == 0) {
         redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
-        redirect(STDOUT_FILENO, out, O_WRONLY | O_CREAT);
-        redirect(STDERR_FILENO, err, O_WRONLY | O_CREAT);
-        if (limitBytes > 0) {
-            const auto limit = static_cast<rlim_t>(limitBytes);
-            const rlimit limits{limit, limit};
-            ::setrlimit(RLIMIT_FSIZE, &limits);
-        }
-        ::execv(pointers[0], pointers.data());
+        redirect(STDOUT_FILENO, out, O_WRONLY);
+        redirect(STDERR_FILENO, err, O_WRONLY);
+        enter(setting);
+        ::execve(pointers[0], pointers.data(), environment.data());
         ::_exit(127);
     }
     int status = 0;
@@ -67,13 +91,18 @@ Outcome run(const std::filesystem::path& program, const Words& arguments, long l
 
 Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes)
 {
-    return run(program, arguments, limitBytes, [](pid_t) {});
+    return run(program, arguments, Setting{.maxFileBytes = limitBytes});
+}
+
+Outcome run(const std::filesystem::path& program, const Words& arguments, const Setting& setting)
+{
+    return run(program, arguments, setting, [](pid_t) {});
 }
 
 Outcome runAndKill(const std::filesystem::path& program, const Words& arguments,
                    std::chrono::microseconds life)
 {
-    return run(program, arguments, 0, [life](pid_t child) {
+    return run(program, arguments, Setting(), [life](pid_t child) {
         std::this_thread::sleep_for(life);
         ::kill(child, SIGKILL);
     });

@@ -21,8 +21,20 @@ struct Outcome {
     }
 };
 
-// Runs a program to its end, with nothing on standard input. A `limitBytes` above 0 holds the size
-// of every file it writes.
+// What a program finds itself in. Limits of 0 are none.
+struct Setting {
+    long maxFileBytes = 0;              // of every file it writes
+    long maxMemoryBytes = 0;            // of address space
+    unsigned seconds = 0;               // until SIGALRM ends it
+    std::vector<std::string> variables; // "NAME=value", besides those that we have
+    std::vector<int> closedStreams;     // of 0, 1 and 2
+};
+
+// Runs a program to its end, with nothing on standard input.
+Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+            const Setting& setting);
+
+// The same with a limit on the size of every file it writes, unless it is 0.
 Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
             long limitBytes = 0);
 
