@@ -27,9 +27,17 @@ std::string textOf(const std::filesystem::path& path)
 
 using Words = std::vector<std::string>;
 
+// Nothing when it is 0.
+void limit(__rlimit_resource resource, long most)
+{
+    const rlimit limits{static_cast<rlim_t>(most), static_cast<rlim_t>(most)};
+    if (most > 0)
+        ::setrlimit(resource, &limits);
+}
+
 // Runs a program to its end; `whileRunning` is called with its process number.
 Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes,
-            const auto& whileRunning)
+            long limitSeconds, const auto& whileRunning)
 {
     const TemporaryFolder folder;
     const auto out = folder / "out";
@@ -46,34 +54,37 @@ Outcome run(const std::filesystem::path& program, const Words& arguments, long l
         redirect(STDIN_FILENO, "/dev/null", O_RDONLY);
         redirect(STDOUT_FILENO, out, O_WRONLY | O_CREAT);
         redirect(STDERR_FILENO, err, O_WRONLY | O_CREAT);
-        if (limitBytes > 0) {
-            const auto limit = static_cast<rlim_t>(limitBytes);
-            const rlimit limits{limit, limit};
-            ::setrlimit(RLIMIT_FSIZE, &limits);
-        }
+        limit(RLIMIT_FSIZE, limitBytes);
+        limit(RLIMIT_CPU, limitSeconds);
         ::execv(pointers[0], pointers.data());
         ::_exit(127);
     }
     int status = 0;
+    rusage used{};
     if (child > 0)
         whileRunning(child);
-    if (child < 0 || ::waitpid(child, &status, 0) != child)
+    if (child < 0 || ::wait4(child, &status, 0, &used) != child)
         throw std::runtime_error("can't run " + program.string());
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), textOf(out),
-            textOf(err)};
+            textOf(err), seconds(used.ru_utime) + seconds(used.ru_stime),
+            static_cast<double>(used.ru_maxrss) / 1024};
 }
 
 }
 
-Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes)
+Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes,
+            long limitSeconds)
 {
-    return run(program, arguments, limitBytes, [](pid_t) {});
+    return run(program, arguments, limitBytes, limitSeconds, [](pid_t) {});
 }
 
 Outcome runAndKill(const std::filesystem::path& program, const Words& arguments,
                    std::chrono::microseconds life)
 {
-    return run(program, arguments, 0, [life](pid_t child) {
+    return run(program, arguments, 0, 0, [life](pid_t child) {
         std::this_thread::sleep_for(life);
         ::kill(child, SIGKILL);
     });
