@@ -463,7 +463,7 @@ constexpr HostileFile table[] = {
         sheet.pixels.resize(256 * 256 * 3);
         writeCursors(file, sharingCursor(cursorPicture(sheet.bytes())));
     }},
-    {"CursorSteps", "24 cursors of two million steps each", [](const path& file) {
+    {"CursorSteps", "24 cursors of 600,000 steps each", [](const path& file) {
         AniFile cursor;
         cursor.frames = {onePixel()};
         cursor.sequence.assign(600'000, 0);
