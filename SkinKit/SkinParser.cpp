@@ -202,6 +202,7 @@ std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets)
         return std::unexpected(SkinError::modernSkin());
 
     Assembly assembly(archive);
+    assembly.readRegion(); // before the sheets, which leave least memory for what reading takes
     assembly.loadSheets(sheets);
     if (!assembly.hasSheets())
         return std::unexpected(SkinError::noBitmaps());
@@ -209,7 +210,6 @@ std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets)
     assembly.noteMissingSheets();
     assembly.noteOptionalSheets();
     assembly.readVisColors();
-    assembly.readRegion();
     assembly.readPlaylistStyle();
     assembly.readCursors();
     return assembly.take();

@@ -19,6 +19,10 @@ target_compile_definitions(Dependency::utf8proc INTERFACE UTF8PROC_STATIC)
 skinkit_find_library(Dependency::md md5.h libmd.a md)
 skinkit_find_library(Dependency::seccomp seccomp.h libseccomp.a seccomp)
 
+# What the library itself is linked with: here, and by name where it is installed.
+set(skinkitDependencies Dependency::deflate Dependency::png Dependency::utf8proc Dependency::md)
+set(skinkitLinkNames deflate png16 z m utf8proc md)
+
 find_package(nlohmann_json REQUIRED)
 
 # Links a program without any shared library where the system has all of them static (and such a

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Installs Debian packages where they are missing: `install PACKAGE…`. To be sourced.
 
 install() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "SkinKit/Platform/Bytes.h"
-#include "SkinKit/Platform/Files.h"
 #include "SkinKit/SkinError.h"
 
 #include <cstdint>
@@ -17,6 +16,9 @@
 namespace SkinKit {
 
 class ZipFile;
+namespace Files {
+class InputFile;
+}
 
 // The files of one skin, keyed by lower-cased name without folders, as decompressed bytes. Read in
 // whole when it is opened; nothing is open afterwards. Never changes, so threads may share it.

@@ -42,7 +42,7 @@ std::span<const std::string_view> SkinCursors::names()
 SkinCursors SkinCursors::load(const SkinArchive& archive)
 {
     SkinCursors cursors;
-    std::int64_t pixels = 4 * CursorPicture::Budget::pixelsOfFile;
+    std::int64_t pixels = 2 * CursorPicture::Budget::pixelsOfFile;
     for (const auto name : cursorNames) {
         for (const std::string_view extension : {"cur", "ani"}) {
             const auto bytes = archive.file(name, {extension});

@@ -28,7 +28,7 @@ struct SkinCursors {
     bool operator==(const SkinCursors&) const = default;
 
     // Never fails: a damaged file becomes an entry of `unreadable`.
-    // All cursors share the pixels of four files; a picture that finds too little left counts as
+    // All cursors share the pixels of two files; a picture that finds too little left counts as
     // damaged.
     static SkinCursors load(const SkinArchive& archive);
 

@@ -115,17 +115,16 @@ TEST(SkinCursors, ArePartOfASkinAndMakeNoNotes)
     EXPECT_EQ(skin->fallbacks, plain->fallbacks);
 }
 
-TEST(SkinCursors, ShareThePixelsOfFourFiles)
+TEST(SkinCursors, ShareThePixelsOfTwoFiles)
 {
     const auto large =
         support::cursorPicture(support::encodeBMP(support::solidImage({256, 256}, {0, 0, 0}), 1));
     support::CurFile file;
     file.entries.assign(64, {.picture = large});
     SkinBuilder builder;
-    for (const char* const name :
-         {"close.cur", "eqclose.cur", "eqslid.cur", "min.cur", "normal.cur"})
+    for (const char* const name : {"close.cur", "eqclose.cur", "normal.cur"})
         builder.file(name, file.bytes());
     const auto cursors = loaded(builder);
-    EXPECT_EQ(namesIn(cursors), (Names{"CLOSE", "EQCLOSE", "EQSLID", "MIN"}));
+    EXPECT_EQ(namesIn(cursors), (Names{"CLOSE", "EQCLOSE"}));
     EXPECT_EQ(cursors.unreadable, Names{"normal.cur"});
 }
