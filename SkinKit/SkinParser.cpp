@@ -9,6 +9,8 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -19,18 +21,55 @@ namespace {
 
 using Names = std::set<std::string_view>;
 
-constexpr PNGCodec::Limits sheetLimits{BMPDecoder::maxSide, BMPDecoder::maxPixels};
+// No sprite reaches farther right or down.
+constexpr Size drawnSize{512, 512};
 
 std::string bitmapName(std::string_view sheet)
 {
     return Unicode::lowercased(sheet) + ".bmp";
 }
 
-// Files are taken for what they hold, not for what they are called.
-std::optional<Image> decodeSheet(ByteView bytes)
+// Decodes sheets. Those that are PNG files share a budget, from which each takes its part before it
+// is decoded: a hundred thousand bytes of PNG may take as long as all honest sheets together.
+class SheetDecoder {
+public:
+    // Files are taken for what they hold, not for what they are called.
+    std::optional<Image> decode(ByteView bytes)
+    {
+        auto image = decodePNG(bytes);
+        return image ? image : BMPDecoder::decode(bytes);
+    }
+
+private:
+    std::optional<Image> decodePNG(ByteView bytes)
+    {
+        const auto size = PNGCodec::size(bytes);
+        if (!size)
+            return std::nullopt;
+        const std::int64_t pixels = std::int64_t{size->width} * size->height;
+        if (pixels > pixels_ || std::ssize(bytes) > bytes_)
+            return std::nullopt;
+        pixels_ -= pixels;
+        bytes_ -= std::ssize(bytes);
+        return PNGCodec::decode(bytes, {BMPDecoder::maxSide, BMPDecoder::maxPixels});
+    }
+
+    std::int64_t pixels_ = 32 << 20;
+    std::int64_t bytes_ = 16 << 20;
+};
+
+// The corner of the image that sprites can lie in, in memory of its own.
+Image drawnPart(Image image)
 {
-    auto image = PNGCodec::decode(bytes, sheetLimits);
-    return image ? image : BMPDecoder::decode(bytes);
+    if (image.width() <= drawnSize.width && image.height() <= drawnSize.height)
+        return image;
+    const Size size{std::min(image.width(), drawnSize.width),
+                    std::min(image.height(), drawnSize.height)};
+    auto pixels = PixelBuffer::uncleared(size);
+    for (int y = 0; y < size.height; ++y)
+        std::ranges::copy(image.row(y).first(static_cast<std::size_t>(size.width)),
+                          pixels.row(y).begin());
+    return {std::move(pixels), image.isOpaque() ? Image::Alpha::opaque : Image::Alpha::any};
 }
 
 // The skin while it is being put together. Each step adds its notes, so their order is the order of
@@ -39,14 +78,17 @@ class Assembly {
 public:
     explicit Assembly(const SkinArchive& archive) : archive_(archive) {}
 
-    void loadSheets()
+    void loadSheets(Sheets sheets)
     {
+        SheetDecoder decoder;
         for (const auto& sheet : SkinSprites::sheets()) {
             const auto bytes = archive_.file(sheet.name, {"bmp", "png"});
             if (!bytes) {
                 missing_.insert(sheet.name);
-            } else if (auto image = decodeSheet(*bytes)) {
-                skin_.sheets.emplace(sheet.name, std::move(*image));
+            } else if (auto image = decoder.decode(*bytes)) {
+                skin_.sheets.emplace(sheet.name, sheets == Sheets::whole
+                                                     ? std::move(*image)
+                                                     : drawnPart(std::move(*image)));
             } else {
                 undecodable_.insert(sheet.name);
                 skin_.warnings.push_back("Undecodable " + bitmapName(sheet.name));
@@ -154,20 +196,20 @@ std::expected<Skin, SkinError> parse(const std::filesystem::path& path,
     return parse(*archive);
 }
 
-std::expected<Skin, SkinError> parse(const SkinArchive& archive)
+std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets)
 {
     if (archive.file("skin", {"xml"}))
         return std::unexpected(SkinError::modernSkin());
 
     Assembly assembly(archive);
-    assembly.loadSheets();
+    assembly.readRegion(); // before the sheets, which leave least memory for what reading takes
+    assembly.loadSheets(sheets);
     if (!assembly.hasSheets())
         return std::unexpected(SkinError::noBitmaps());
     assembly.generateSheets();
     assembly.noteMissingSheets();
     assembly.noteOptionalSheets();
     assembly.readVisColors();
-    assembly.readRegion();
     assembly.readPlaylistStyle();
     assembly.readCursors();
     return assembly.take();

@@ -13,9 +13,15 @@
 // once.
 namespace SkinKit::SkinParser {
 
+// How much of the sheets a skin keeps.
+enum class Sheets {
+    whole,
+    asFarAsDrawn, // cut where no sprite can reach: the same pictures in a fraction of the memory
+};
+
 // Reads an archive or a folder (see SkinArchive::open).
 std::expected<Skin, SkinError> parse(const std::filesystem::path& path,
                                      const SkinArchive::Limits& limits = {});
-std::expected<Skin, SkinError> parse(const SkinArchive& archive);
+std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets = Sheets::whole);
 
 }

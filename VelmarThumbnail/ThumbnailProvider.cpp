@@ -18,7 +18,8 @@ using namespace SkinKit;
 std::expected<Skin, SkinError> load(const std::filesystem::path& file, const OpenArchive& open)
 {
     const auto archive = open(file);
-    return archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
+    return archive ? SkinParser::parse(*archive, SkinParser::Sheets::asFarAsDrawn)
+                   : std::unexpected(archive.error());
 }
 
 RectF inDevicePixels(const RectF& rect, double scale)

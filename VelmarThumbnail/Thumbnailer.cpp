@@ -16,31 +16,29 @@ namespace {
 
 using namespace SkinKit;
 
-// An archive as it lies in its file, or the files of a folder; nothing looked into yet.
-using UnopenedSkin = std::variant<ByteBuffer, SkinArchive>;
+// An archive that is open, or the files of a folder; nothing looked into yet.
+using UnopenedSkin = std::variant<Files::InputFile, SkinArchive>;
 
-constexpr std::int64_t maxArchiveFileBytes = 256 << 20;
-
-std::expected<UnopenedSkin, SkinError> read(const std::filesystem::path& path)
+std::expected<UnopenedSkin, SkinError> reach(const std::filesystem::path& path)
 {
     const auto kind = Files::kind(path);
     if (kind && *kind == Files::Kind::folder)
         return SkinArchive::open(path);
     if (kind && *kind == Files::Kind::other)
         return std::unexpected(SkinError::unreadableArchive("Not a regular file"));
-    auto bytes = Files::read(path, maxArchiveFileBytes);
-    if (!bytes)
-        return std::unexpected(SkinError::unreadableArchive(bytes.error().message()));
-    return std::move(*bytes);
+    auto file = Files::InputFile::open(path, Files::Links::followed);
+    if (!file)
+        return std::unexpected(SkinError::unreadableArchive(file.error().message()));
+    return std::move(*file);
 }
 
-// Gives up what was read, so that it is gone before anything is drawn.
+// Gives up what was reached, so that it is gone before anything is drawn.
 std::expected<SkinArchive, SkinError> open(UnopenedSkin&& skin)
 {
     UnopenedSkin taken = std::move(skin);
     if (auto* const folder = std::get_if<SkinArchive>(&taken))
         return std::move(*folder);
-    return SkinArchive::open(std::get<ByteBuffer>(taken));
+    return SkinArchive::open(std::move(std::get<Files::InputFile>(taken)));
 }
 
 std::expected<Image, std::string> thumbnail(const ThumbnailerOptions& options, UnopenedSkin&& skin)
@@ -80,7 +78,7 @@ std::optional<ByteBuffer> file(const Image& image)
 
 std::optional<Failure> run(const ThumbnailerOptions& options)
 {
-    auto skin = read(options.input);
+    auto skin = reach(options.input);
     if (!skin)
         return Failure{options.input, skin.error().description()};
     std::error_code ignored;
@@ -92,7 +90,9 @@ std::optional<Failure> run(const ThumbnailerOptions& options)
     if (!output)
         return Failure{options.output, output.error().message()};
 
-    Sandbox::lockDown(output->descriptor());
+    const auto* const archive = std::get_if<Files::InputFile>(&*skin);
+    Sandbox::lockDown({.output = output->descriptor(),
+                       .input = archive ? std::optional(archive->descriptor()) : std::nullopt});
 
     const auto image = thumbnail(options, std::move(*skin));
     if (!image)

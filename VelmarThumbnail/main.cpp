@@ -1,4 +1,5 @@
 #include "SkinKit/Platform/Process.h"
+#include "SkinKit/Platform/Sandbox.h"
 #include "SkinKit/Tooling/TerminalText.h"
 #include "SkinKit/Version.h"
 #include "VelmarThumbnail/Thumbnailer.h"
@@ -36,9 +37,27 @@ is empty, or as it was. A name that begins with "-" is written "./-name", and so
 begins with "file:". Exit status: 0 done; 2 trouble.
 )";
 
+std::string spoken(const std::string& line)
+{
+    return "velmar-thumbnailer: " + line + "\n";
+}
+
 void say(const std::string& line)
 {
-    std::fputs(("velmar-thumbnailer: " + line + "\n").c_str(), stderr);
+    std::fputs(spoken(line).c_str(), stderr);
+}
+
+// Before anything is read, since the names in a folder are read, too.
+void limitCosts(const ThumbnailerOptions& options)
+{
+    namespace Sandbox = SkinKit::Sandbox;
+    const Sandbox::Limits limits;
+    const std::string name = visible(options.input.string());
+    Sandbox::limitCosts(limits,
+                        {.outOfMemory = spoken(name + ": takes too much memory"),
+                         .outOfTime = spoken(name + ": takes longer than " +
+                                             std::to_string(limits.processorSeconds) + " seconds"),
+                         .status = trouble});
 }
 
 ExitStatus print(const std::string& text)
@@ -62,6 +81,7 @@ ExitStatus run(std::span<const std::string> arguments)
         say(visible(options.error().description) + "\n" + std::string(ThumbnailerOptions::usage));
         return trouble;
     }
+    limitCosts(*options);
     if (const auto failure = Thumbnailer::run(*options)) {
         say(visible(failure->file.string()) + ": " + visible(failure->text));
         return trouble;

@@ -1,6 +1,9 @@
 #include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
+#include "SkinKit/Sprites/SkinSprites.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -201,4 +204,39 @@ TEST(SkinParser, OpensAFileOrPassesTheArchivesErrorOn)
     EXPECT_EQ(SkinParser::parse(path, {.maxEntryBytes = 10}).error(), SkinError::noBitmaps());
     EXPECT_EQ(SkinParser::parse(folder / "missing").error().kind(),
               SkinError::Kind::unreadableArchive);
+}
+
+// Each pixel of a sheet has a colour of its own, so that one taken from elsewhere shows.
+TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
+{
+    auto pixels = PixelBuffer::uncleared({700, 600});
+    for (int y = 0; y < 600; ++y)
+        for (int x = 0; x < 700; ++x)
+            pixels.row(y)[static_cast<std::size_t>(x)] =
+                packPixel(static_cast<unsigned>(x % 256), static_cast<unsigned>(y % 256),
+                          static_cast<unsigned>(x / 256 + y / 256 * 16));
+    const Image large(std::move(pixels), Image::Alpha::opaque);
+    SkinBuilder builder;
+    for (const auto& sheet : SkinSprites::sheets())
+        builder.sheet(Unicode::lowercased(sheet.name) + ".bmp", large);
+    const auto whole = SkinParser::parse(builder.archive());
+    const auto cut = SkinParser::parse(builder.archive(), SkinParser::Sheets::asFarAsDrawn);
+    ASSERT_TRUE(whole && cut);
+    EXPECT_EQ(whole->sheets.at("MAIN").size(), large.size());
+    EXPECT_EQ(cut->sheets.at("MAIN").size(), (Size{512, 512}));
+    for (const auto& placed : SkinSprites::all())
+        EXPECT_EQ(whole->image(placed.sprite.name), cut->image(placed.sprite.name))
+            << placed.sprite.name;
+    for (const auto& state : {MainWindowState::idle(), MainWindowState::webampScreenshot()})
+        EXPECT_EQ(MainWindowRenderer::render(*whole, state, 1, MainWindowRenderer::Clip::none),
+                  MainWindowRenderer::render(*cut, state, 1, MainWindowRenderer::Clip::none));
+}
+
+TEST(SkinParser, TakesPNGSheetsForUndecodableThatExceedWhatTheyShare)
+{
+    const auto largest = *PNGCodec::encode(support::solidImage({4096, 2048}, {1, 2, 3}));
+    SkinBuilder builder = complete();
+    for (const char* const name : {"cbuttons", "eqmain", "gen", "main", "posbar"})
+        builder.without(std::string(name) + ".bmp").file(std::string(name) + ".png", largest);
+    EXPECT_EQ(builder.parse()->warnings, Notes{"Undecodable posbar.bmp"});
 }

@@ -48,7 +48,10 @@ public:
 
     // Nothing more is to be read: the budget is spent, or too much work has come to nothing. Any
     // number of entries may share one damaged stream; no honest archive has a hundred such.
-    bool isFull() const { return total_ >= limits_.maxTotalBytes || lost_ >= mostLost; }
+    bool isFull() const
+    {
+        return total_ >= limits_.maxTotalBytes || lost_ >= mostLost || padding_ >= mostPadding;
+    }
 
     // The name under which a file would be kept, or nothing when it is not wanted: no name, a name
     // already taken, an extension that is not read, or too large by its own account.
@@ -82,21 +85,36 @@ public:
         files_.emplace(std::move(name), std::move(*bytes));
     }
 
+    // How the next so many compressed bytes are to be taken. The first ones are read the fastest
+    // way, which serves all ordinary skins; where more follow, they might be there for their cost.
+    Care careFor(std::int64_t compressedBytes)
+    {
+        constexpr std::int64_t mostTrusted = 2 << 20;
+        compressed_ += compressedBytes;
+        return compressed_ > mostTrusted ? Care::taken : Care::none;
+    }
+
+    // What a kept file took in the container beyond its own size.
+    void notePadding(std::int64_t bytes) { padding_ += std::max<std::int64_t>(0, bytes); }
+
     SkinArchive::Table takeFiles() { return std::move(files_); }
 
 private:
     static constexpr std::int64_t mostLost = 1 << 30;
+    static constexpr std::int64_t mostPadding = 4 << 20;
 
     const SkinArchive::Limits& limits_;
     SkinArchive::Table files_;
     std::int64_t total_ = 0;
     std::int64_t lost_ = 0; // bytes of room offered to what could not be kept
+    std::int64_t padding_ = 0;
+    std::int64_t compressed_ = 0; // bytes inflated so far
 };
 
 // The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.
-std::optional<ByteBuffer> extract(const ZipFile& zip, const ZipFile::Entry& entry,
-                                  std::int64_t room)
+std::optional<ByteBuffer> extract(const ZipFile& zip, const ZipFile::Entry& entry, Intake& intake)
 {
+    const std::int64_t room = intake.room();
     if (entry.isEncrypted || entry.method == ZipFile::Method::other)
         return std::nullopt;
     ByteBuffer buffer;
@@ -113,7 +131,13 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, const ZipFile::Entry& entr
     if (entry.compressedBytes > allowance && (entry.compressedBytes - allowance) / 2 > room)
         return std::nullopt;
     const auto deflated = zip.rawBytes(entry, buffer);
-    return deflated ? inflate(*deflated, entry.uncompressedBytes, room) : std::nullopt;
+    if (!deflated)
+        return std::nullopt;
+    auto inflated =
+        inflate(*deflated, entry.uncompressedBytes, room, intake.careFor(entry.compressedBytes));
+    if (inflated)
+        intake.notePadding(entry.compressedBytes - std::ssize(*inflated));
+    return inflated;
 }
 
 SkinArchive::Table readEntries(const ZipFile& zip, const SkinArchive::Limits& limits)
@@ -125,7 +149,7 @@ SkinArchive::Table readEntries(const ZipFile& zip, const SkinArchive::Limits& li
         if (intake.isFull())
             break;
         if (auto name = intake.wantedName(entry.path, entry.uncompressedBytes))
-            intake.keep(std::move(*name), extract(zip, entry, intake.room()));
+            intake.keep(std::move(*name), extract(zip, entry, intake));
     }
     return intake.takeFiles();
 }
@@ -177,42 +201,49 @@ std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::p
                                                         const Limits& limits)
 {
     checkLimits(limits);
-    SkinArchive archive;
     const auto kind = Files::kind(path);
     if (!kind)
         return unreadable(kind.error());
     if (*kind == Files::Kind::folder) {
-        const auto entries = Files::list(path);
+        const auto entries = Files::list(path, ZipFile::maxEntries);
+        if (!entries && entries.error() == std::errc::file_too_large)
+            return std::unexpected(SkinError::unreadableArchive("Folder of more than 65535 files"));
         if (!entries)
             return unreadable(entries.error());
         auto files = readFolder(path, *entries, limits);
         if (!files)
             return unreadable(files.error());
+        SkinArchive archive;
         archive.entryCount_ = std::ssize(*entries);
         archive.files_ = std::move(*files);
         return archive;
     }
 
-    const auto zip = ZipFile::open(path);
-    if (!zip)
-        return std::unexpected(SkinError::unreadableArchive(zip.error()));
-    archive.entryCount_ = std::ssize(zip->entries());
-    archive.files_ = readEntries(*zip, limits);
-    // Damage leaves an entry out; but one that can't be read is no entry that is missing.
-    if (zip->readError())
-        return unreadable(zip->readError());
-    return archive;
+    return of(ZipFile::open(path), limits);
+}
+
+std::expected<SkinArchive, SkinError> SkinArchive::open(Files::InputFile file)
+{
+    return of(ZipFile::open(std::move(file)), Limits{});
 }
 
 std::expected<SkinArchive, SkinError> SkinArchive::open(ByteView bytes, const Limits& limits)
 {
     checkLimits(limits);
-    const auto zip = ZipFile::open(bytes);
+    return of(ZipFile::open(bytes), limits);
+}
+
+std::expected<SkinArchive, SkinError>
+SkinArchive::of(const std::expected<ZipFile, std::string>& zip, const Limits& limits)
+{
     if (!zip)
         return std::unexpected(SkinError::unreadableArchive(zip.error()));
     SkinArchive archive;
     archive.entryCount_ = std::ssize(zip->entries());
     archive.files_ = readEntries(*zip, limits);
+    // Damage leaves an entry out; but one that can't be read is no entry that is missing.
+    if (zip->readError())
+        return unreadable(zip->readError());
     return archive;
 }
 

@@ -15,6 +15,11 @@
 
 namespace SkinKit {
 
+class ZipFile;
+namespace Files {
+class InputFile;
+}
+
 // The files of one skin, keyed by lower-cased name without folders, as decompressed bytes. Read in
 // whole when it is opened; nothing is open afterwards. Never changes, so threads may share it.
 class SkinArchive {
@@ -36,13 +41,16 @@ public:
 
     // Reads a ZIP file, or a folder whose regular files (no links, no sub-folders) stand for the
     // entries in ascending byte order of their names. Fails only when it is neither, or cannot be
-    // read as what it is. Checksums are not verified: a file that decompresses counts.
+    // read as what it is; more than 65,535 entries, of an archive as of a folder, count as that.
+    // Checksums are not verified: a file that decompresses counts.
     static std::expected<SkinArchive, SkinError> open(const std::filesystem::path& path,
                                                       const Limits& limits);
     static std::expected<SkinArchive, SkinError> open(const std::filesystem::path& path)
     {
         return open(path, Limits{});
     }
+    // Reads a ZIP file that is open already.
+    static std::expected<SkinArchive, SkinError> open(Files::InputFile file);
     // Reads a ZIP file held in memory.
     static std::expected<SkinArchive, SkinError> open(ByteView bytes, const Limits& limits);
     static std::expected<SkinArchive, SkinError> open(ByteView bytes)
@@ -72,6 +80,8 @@ public:
 
 private:
     SkinArchive() = default;
+    static std::expected<SkinArchive, SkinError> of(const std::expected<ZipFile, std::string>& zip,
+                                                    const Limits& limits);
 
     Table files_;
     std::int64_t entryCount_ = 0;

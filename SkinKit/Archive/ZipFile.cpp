@@ -259,9 +259,14 @@ std::expected<ZipFile, std::string> ZipFile::open(const std::filesystem::path& p
     if (!file)
         return std::unexpected(file.error() == std::errc::not_supported ? "Not a regular file"
                                                                         : file.error().message());
-    if (file->size() > readWholeBytes)
-        return open(ByteSource(std::move(*file)));
-    auto bytes = file->read(readWholeBytes);
+    return open(std::move(*file));
+}
+
+std::expected<ZipFile, std::string> ZipFile::open(Files::InputFile file)
+{
+    if (file.size() > readWholeBytes)
+        return open(ByteSource(std::move(file)));
+    auto bytes = file.read(readWholeBytes);
     if (!bytes)
         return std::unexpected(bytes.error().message());
     return open(ByteSource(std::move(*bytes)));

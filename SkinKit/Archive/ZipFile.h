@@ -22,6 +22,7 @@ public:
 
     // Fails with a text that says why.
     static std::expected<ZipFile, std::string> open(const std::filesystem::path& path);
+    static std::expected<ZipFile, std::string> open(Files::InputFile file);
     // The bytes must stay as they are while this lives.
     static std::expected<ZipFile, std::string> open(ByteView bytes);
 

@@ -24,6 +24,7 @@ namespace {
 
 constexpr std::int64_t fileHeaderBytes = 12;
 constexpr std::size_t nameBytes = 4;
+constexpr std::size_t mostSteps = 65'536;
 
 // The bytes of what matters; of several chunks where there should be one, the first.
 struct Chunks {
@@ -105,12 +106,17 @@ std::optional<StaticCursor> decodeFrame(ByteView bytes, const Header& header,
     return StaticCursor{{std::move(*image)}};
 }
 
+// Of steps, of which nobody watches more.
 std::vector<std::uint32_t> numbersIn(ByteView bytes)
 {
     std::vector<std::uint32_t> numbers;
     ByteReader reader(bytes);
-    while (const auto number = reader.u32())
+    while (numbers.size() < mostSteps) {
+        const auto number = reader.u32();
+        if (!number)
+            break;
         numbers.push_back(*number);
+    }
     return numbers;
 }
 
@@ -119,7 +125,7 @@ std::vector<std::uint32_t> frameNumbers(const Chunks& chunks, const Header& head
 {
     auto numbers = numbersIn(chunks.sequence.value_or(ByteView{}));
     if (numbers.empty()) {
-        numbers.resize(chunks.frames.size());
+        numbers.resize(std::min(chunks.frames.size(), mostSteps));
         std::iota(numbers.begin(), numbers.end(), 0U);
     } else if (header.steps != 0 && header.steps < numbers.size()) {
         numbers.resize(header.steps);
@@ -131,6 +137,12 @@ std::vector<std::uint32_t> frameNumbers(const Chunks& chunks, const Header& head
 
 std::optional<AnimatedCursor> decode(ByteView bytes)
 {
+    CursorPicture::Budget budget(bytes);
+    return decode(bytes, budget);
+}
+
+std::optional<AnimatedCursor> decode(ByteView bytes, CursorPicture::Budget& budget)
+{
     if (std::ssize(bytes) < fileHeaderBytes || !asText(bytes).starts_with("RIFF") ||
         asText(bytes).substr(8, nameBytes) != "ACON")
         return std::nullopt;
@@ -141,7 +153,6 @@ std::optional<AnimatedCursor> decode(ByteView bytes)
 
     AnimatedCursor cursor;
     cursor.defaultJiffies = header->defaultJiffies;
-    CursorPicture::Budget budget(bytes);
     std::vector<std::optional<int>> places; // in `cursor.frames`, of each frame of the file
     for (const auto content : chunks.frames) {
         auto frame = decodeFrame(content, *header, budget);

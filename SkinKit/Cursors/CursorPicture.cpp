@@ -5,6 +5,7 @@
 #include "SkinKit/Parsers/ByteReader.h"
 #include "SkinKit/Platform/PNGCodec.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdlib>
@@ -35,10 +36,11 @@ bool isSide(std::int64_t length)
     return length >= 1 && length <= maxSide;
 }
 
-// Takes a picture's share.
+// Takes a picture's share: its pixels, or what one of few pixels takes in memory beside them.
 bool spend(Budget& budget, Size size, std::int64_t pngBytes)
 {
-    const auto pixels = std::int64_t{size.width} * size.height;
+    constexpr std::int64_t leastPixels = 64;
+    const auto pixels = std::max(leastPixels, std::int64_t{size.width} * size.height);
     if (pixels > budget.pixels || pngBytes > budget.pngBytes)
         return false;
     budget.pixels -= pixels;

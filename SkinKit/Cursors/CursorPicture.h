@@ -3,6 +3,7 @@
 #include "SkinKit/Cursors/Cursor.h"
 #include "SkinKit/Platform/Bytes.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -18,10 +19,15 @@ inline constexpr int maxSide = 256;
 // entries all point to the same bytes would turn a small file into gigabytes of pixels and minutes
 // of work.
 struct Budget {
-    std::int64_t pixels = 4'194'304; // 64 pictures of the largest size
-    std::int64_t pngBytes = 0;       // at most the file's: its pictures do not overlap
+    static constexpr std::int64_t pixelsOfFile = 4'194'304; // 64 pictures of the largest size
 
-    explicit Budget(ByteView file) : pngBytes(std::ssize(file)) {}
+    std::int64_t pixels;
+    std::int64_t pngBytes; // at most the file's: its pictures do not overlap
+
+    explicit Budget(ByteView file, std::int64_t mostPixels = pixelsOfFile)
+        : pixels(std::min(mostPixels, pixelsOfFile)), pngBytes(std::ssize(file))
+    {
+    }
 };
 
 // The picture with its hot spot in the middle, or nothing when it is damaged or too costly.

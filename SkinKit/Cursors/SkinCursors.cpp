@@ -26,6 +26,12 @@ std::optional<Cursor> asCursor(std::optional<Decoded> decoded)
     return decoded ? std::optional<Cursor>(std::move(*decoded)) : std::nullopt;
 }
 
+std::optional<Cursor> decodeWithin(ByteView bytes, CursorPicture::Budget& budget)
+{
+    return asText(bytes).starts_with("RIFF") ? asCursor(AniDecoder::decode(bytes, budget))
+                                             : asCursor(CurDecoder::decode(bytes, budget));
+}
+
 }
 
 std::span<const std::string_view> SkinCursors::names()
@@ -36,12 +42,17 @@ std::span<const std::string_view> SkinCursors::names()
 SkinCursors SkinCursors::load(const SkinArchive& archive)
 {
     SkinCursors cursors;
+    std::int64_t pixels = 2 * CursorPicture::Budget::pixelsOfFile;
     for (const auto name : cursorNames) {
         for (const std::string_view extension : {"cur", "ani"}) {
             const auto bytes = archive.file(name, {extension});
             if (!bytes || std::ssize(*bytes) > maxFileBytes)
                 continue;
-            if (auto cursor = decode(*bytes))
+            CursorPicture::Budget budget(*bytes, pixels);
+            const std::int64_t before = budget.pixels;
+            auto cursor = decodeWithin(*bytes, budget);
+            pixels -= before - budget.pixels;
+            if (cursor)
                 cursors.byName.emplace(name, std::move(*cursor));
             else
                 cursors.unreadable.push_back(Unicode::lowercased(name) + "." +
@@ -54,8 +65,8 @@ SkinCursors SkinCursors::load(const SkinArchive& archive)
 
 std::optional<Cursor> SkinCursors::decode(ByteView bytes)
 {
-    return asText(bytes).starts_with("RIFF") ? asCursor(AniDecoder::decode(bytes))
-                                             : asCursor(CurDecoder::decode(bytes));
+    CursorPicture::Budget budget(bytes);
+    return decodeWithin(bytes, budget);
 }
 
 const Cursor* SkinCursors::cursor(std::string_view name) const

@@ -31,6 +31,9 @@ std::optional<std::string> sectionName(std::string_view line)
     return Unicode::lowercased(Unicode::trimmed(trimmed.substr(1, trimmed.size() - 2)));
 }
 
+// No text has more sections, or a section more keys; later new ones are passed over.
+constexpr std::size_t mostNames = 65'536;
+
 void readProperty(std::string_view line, Section& section)
 {
     line = Unicode::trimmedFront(line);
@@ -41,6 +44,8 @@ void readProperty(std::string_view line, Section& section)
     if (equals == line.npos)
         return;
     const auto key = Unicode::lowercased(Unicode::trimmed(line.substr(0, equals)));
+    if (section.size() >= mostNames && !section.contains(key))
+        return;
     section.insert_or_assign(key,
                              std::string(withoutQuotes(Unicode::trimmed(line.substr(equals + 1)))));
 }
@@ -53,6 +58,10 @@ Sections parse(std::string_view text)
     Section* current = nullptr;
     for (auto line = takeLine(text); !line.empty(); line = takeLine(text)) {
         if (const auto name = sectionName(line)) {
+            if (sections.size() >= mostNames && !sections.contains(*name)) {
+                current = nullptr;
+                continue;
+            }
             current = &sections[*name];
             current->clear();
         } else if (current) {

@@ -225,8 +225,11 @@ Result<ByteBuffer> InputFile::read(std::int64_t maxBytes)
         bytes.resize(done + *count);
         if (std::ssize(bytes) > maxBytes)
             return failure(std::errc::file_too_large);
-        if (std::ssize(bytes) < wanted)
+        if (std::ssize(bytes) < wanted) {
+            if (bytes.size() < bytes.capacity() / 2)
+                bytes.shrink_to_fit(); // thousands of small files may be kept at once
             return bytes;
+        }
         wanted = std::min(2 * wanted, maxBytes + 1);
     }
 }
@@ -306,7 +309,7 @@ std::error_code forEachLine(const std::filesystem::path& path,
     return {};
 }
 
-Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
+Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder, std::int64_t maxEntries)
 {
     const auto close = [](DIR* directory) { ::closedir(directory); };
     Descriptor descriptor(openFile(folder.c_str(), O_RDONLY | O_DIRECTORY));
@@ -328,6 +331,8 @@ Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder)
         const std::string name = found->d_name;
         if (name == "." || name == "..")
             continue;
+        if (std::ssize(entries) == maxEntries)
+            return failure(std::errc::file_too_large);
         struct ::stat status{};
         if (::fstatat(::dirfd(directory.get()), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0)
             entries.push_back(

@@ -6,6 +6,7 @@
 #include <expected>
 #include <filesystem>
 #include <functional>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -61,6 +62,8 @@ public:
 
     // Its size when it was opened, in bytes.
     std::int64_t size() const { return size_; }
+
+    int descriptor() const { return descriptor_.number(); }
 
     // The whole file. Fails with std::errc::file_too_large when it holds more than `maxBytes`,
     // whatever its size was said to be.
@@ -119,8 +122,11 @@ struct FolderEntry {
     bool operator==(const FolderEntry&) const = default;
 };
 
-// What stands directly in a folder, in ascending byte order of the names.
-Result<std::vector<FolderEntry>> list(const std::filesystem::path& folder);
+// What stands directly in a folder, in ascending byte order of the names. Fails with
+// std::errc::file_too_large when it is more than `maxEntries`.
+Result<std::vector<FolderEntry>>
+list(const std::filesystem::path& folder,
+     std::int64_t maxEntries = std::numeric_limits<std::int64_t>::max());
 
 // Writes `bytes` to `path`, links followed. A regular file, or one yet to be made, is replaced in
 // one step, so that nobody ever sees half of it and an error leaves it as it was (nothing is forced

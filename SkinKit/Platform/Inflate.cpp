@@ -3,8 +3,10 @@
 #include "SkinKit/Platform/Check.h"
 
 #include <libdeflate.h>
+#include <zlib.h>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace SkinKit {
@@ -23,22 +25,65 @@ libdeflate_decompressor* threadDecompressor()
     return decompressor.get();
 }
 
-libdeflate_result inflateInto(ByteBuffer& bytes, std::int64_t room, ByteView deflated)
+enum class Outcome { done, tooLong, damaged };
+
+Outcome inflateFast(ByteBuffer& bytes, ByteView deflated)
 {
-    bytes.resize(static_cast<std::size_t>(room));
     std::size_t written = 0;
     const auto result =
         libdeflate_deflate_decompress(threadDecompressor(), deflated.data(), deflated.size(),
                                       bytes.data(), bytes.size(), &written);
-    if (result == LIBDEFLATE_SUCCESS)
-        bytes.resize(written);
-    return result;
+    bytes.resize(result == LIBDEFLATE_SUCCESS ? written : 0);
+    return result == LIBDEFLATE_SUCCESS              ? Outcome::done
+           : result == LIBDEFLATE_INSUFFICIENT_SPACE ? Outcome::tooLong
+                                                     : Outcome::damaged;
+}
+
+// Stops at the end of each block, to count them.
+Outcome inflateCounting(ByteBuffer& bytes, ByteView deflated)
+{
+    constexpr int rawWindow = -15;
+    constexpr uLong smallestBlock = 256; // bytes that a block yields, in the mean
+    constexpr uLong fewBlocks = 64;
+    constexpr int atBlockEnd = 128;
+    z_stream stream{};
+    check(inflateInit2(&stream, rawWindow) == Z_OK, "no memory for a decompressor");
+    const std::unique_ptr<z_stream, decltype(&inflateEnd)> closer(&stream, inflateEnd);
+    std::uint8_t nowhere = 0; // zlib wants a place to write to even where there is no room
+    stream.next_in = const_cast<Bytef*>(deflated.data());
+    stream.avail_in = static_cast<uInt>(deflated.size());
+    stream.next_out = bytes.empty() ? &nowhere : bytes.data();
+    stream.avail_out = static_cast<uInt>(bytes.size());
+    uLong blocks = 0;
+    int result = Z_OK;
+    bool isAtBlockEnd = false;
+    do {
+        result = ::inflate(&stream, Z_BLOCK);
+        isAtBlockEnd = (stream.data_type & atBlockEnd) != 0;
+        if (isAtBlockEnd && ++blocks > fewBlocks + stream.total_out / smallestBlock)
+            return Outcome::damaged;
+        // A block of a few bits that were read before counts as no progress.
+    } while (result == Z_OK || (result == Z_BUF_ERROR && isAtBlockEnd));
+    if (result == Z_STREAM_END) {
+        bytes.resize(stream.total_out);
+        return Outcome::done;
+    }
+    return result == Z_BUF_ERROR && stream.avail_out == 0 ? Outcome::tooLong : Outcome::damaged;
+}
+
+Outcome inflateInto(ByteBuffer& bytes, std::int64_t room, ByteView deflated, Care care)
+{
+    constexpr std::int64_t countable = std::numeric_limits<uInt>::max();
+    bytes.resize(static_cast<std::size_t>(room));
+    const bool canCount = std::ssize(deflated) <= countable && room <= countable;
+    return care == Care::taken && canCount ? inflateCounting(bytes, deflated)
+                                           : inflateFast(bytes, deflated);
 }
 
 }
 
 std::optional<ByteBuffer> inflate(ByteView deflated, std::int64_t expectedBytes,
-                                  std::int64_t maxBytes)
+                                  std::int64_t maxBytes, Care care)
 {
     check(maxBytes >= 0, "a limit must not be negative");
     // No stream says more than 258 bytes in two bits, so a false size can't ask for much memory.
@@ -46,10 +91,10 @@ std::optional<ByteBuffer> inflate(ByteView deflated, std::int64_t expectedBytes,
     maxBytes = std::min(maxBytes, mostPerByte * std::ssize(deflated));
     const std::int64_t firstRoom = std::clamp<std::int64_t>(expectedBytes, 0, maxBytes);
     ByteBuffer bytes;
-    auto result = inflateInto(bytes, firstRoom, deflated);
-    if (result == LIBDEFLATE_INSUFFICIENT_SPACE && firstRoom < maxBytes)
-        result = inflateInto(bytes, maxBytes, deflated);
-    if (result != LIBDEFLATE_SUCCESS)
+    auto result = inflateInto(bytes, firstRoom, deflated, care);
+    if (result == Outcome::tooLong && firstRoom < maxBytes)
+        result = inflateInto(bytes, maxBytes, deflated, care);
+    if (result != Outcome::done)
         return std::nullopt;
 
     if (bytes.size() < bytes.capacity() / 2)

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr std::size_t signatureBytes = 8;
 constexpr int bytesPerPixel = 4;
+constexpr std::size_t mostBehindRows = 16 << 10;        // bytes, still compressed
 constexpr png_alloc_size_t largestChunkBytes = 1 << 20; // of those that need memory of their own
 
 // libpng reports an error by jumping out of its call. Everything a call leaves behind is therefore
@@ -51,11 +53,26 @@ struct Reader {
 
     static void read(png_structp png, png_bytep target, std::size_t count)
     {
-        auto& rest = static_cast<Reader*>(png_get_io_ptr(png))->rest;
+        auto& reader = *static_cast<Reader*>(png_get_io_ptr(png));
+        auto& rest = reader.rest;
         if (count > rest.size())
             png_error(png, "cut short");
+        if (reader.isBehindLastRow())
+            reader.behindRows += count;
+        if (reader.behindRows > mostBehindRows)
+            png_error(png, "too much data");
         std::memcpy(target, rest.data(), count);
         rest = rest.subspan(count);
+    }
+
+    // Whether what is read is pixels that the picture has no room for: libpng would inflate them
+    // all, however many, to throw them away.
+    bool isBehindLastRow() const
+    {
+        constexpr int passes = 7;
+        return readsRows && (isInterlaced ? png_get_current_pass_number(png) >= passes
+                                          : png_get_current_row_number(png) >=
+                                                static_cast<png_uint_32>(size.height));
     }
 
     png_structp png = nullptr;
@@ -63,7 +80,15 @@ struct Reader {
     ByteView rest;
     Size size;
     bool hasAlpha = false;
+    bool isInterlaced = false;
+    bool readsRows = false;
+    std::size_t behindRows = 0; // bytes
 };
+
+bool isPNG(ByteView bytes)
+{
+    return bytes.size() >= signatureBytes && png_sig_cmp(bytes.data(), 0, signatureBytes) == 0;
+}
 
 // Reads up to the first row and asks for 8-bit RGBA rows.
 bool readHeader(Reader& reader, const Limits& limits)
@@ -87,6 +112,8 @@ bool readHeader(Reader& reader, const Limits& limits)
     reader.hasAlpha = (png_get_color_type(reader.png, reader.info) & PNG_COLOR_MASK_ALPHA) != 0 ||
                       png_get_valid(reader.png, reader.info, PNG_INFO_tRNS) != 0;
 
+    reader.isInterlaced = png_get_interlace_type(reader.png, reader.info) != PNG_INTERLACE_NONE;
+
     png_set_strip_16(reader.png);
     png_set_expand(reader.png);
     png_set_gray_to_rgb(reader.png);
@@ -101,7 +128,9 @@ bool readRows(Reader& reader, png_bytepp rows)
 {
     if (setjmp(png_jmpbuf(reader.png)))
         return false;
+    reader.readsRows = true;
     png_read_image(reader.png, rows);
+    reader.readsRows = false;
     png_read_end(reader.png, nullptr);
     return true;
 }
@@ -252,9 +281,24 @@ ByteBuffer compressedRows(const Image& image)
 
 }
 
+std::optional<Size> size(ByteView bytes)
+{
+    constexpr std::string_view firstChunk = "IHDR"; // its length before it, the sides behind it
+    constexpr std::size_t widthPlace = 16;
+    constexpr std::size_t heightPlace = 20;
+    if (!isPNG(bytes) || bytes.size() < heightPlace + 4 ||
+        !asText(bytes.subspan(signatureBytes + 4)).starts_with(firstChunk))
+        return std::nullopt;
+    const auto width = png_get_uint_32(bytes.data() + widthPlace);
+    const auto height = png_get_uint_32(bytes.data() + heightPlace);
+    if (width == 0 || width > PNG_UINT_31_MAX || height == 0 || height > PNG_UINT_31_MAX)
+        return std::nullopt;
+    return Size{static_cast<int>(width), static_cast<int>(height)};
+}
+
 std::optional<Image> decode(ByteView bytes, const Limits& limits)
 {
-    if (bytes.size() < signatureBytes || png_sig_cmp(bytes.data(), 0, signatureBytes) != 0)
+    if (!isPNG(bytes))
         return std::nullopt;
     Reader reader(bytes);
     if (!readHeader(reader, limits))

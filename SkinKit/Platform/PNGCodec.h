@@ -17,6 +17,9 @@ struct Limits {
     std::int64_t maxPixels;
 };
 
+// What a PNG file says of its size, or nothing when the bytes don't begin as such a file does.
+std::optional<Size> size(ByteView bytes);
+
 // The picture in a PNG file of any colour type, depth and interlacing; 16-bit channels keep their
 // high byte. Nothing when the bytes are no PNG, are damaged or cut short, or break a limit.
 std::optional<Image> decode(ByteView bytes, const Limits& limits);

@@ -1,6 +1,7 @@
 #include "SkinKit/Platform/Sandbox.h"
 
 #include <seccomp.h>
+#include <signal.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -9,8 +10,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <functional>
 #include <initializer_list>
 #include <memory>
+#include <new>
+#include <string_view>
+#include <utility>
 
 namespace SkinKit::Sandbox {
 namespace {
@@ -38,20 +43,34 @@ rlim_t addressSpaceBytes()
     return pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
 }
 
-bool setLimits(const Limits& limits)
+// For what runs when a limit is reached, where nothing can be allocated or passed along. Made once
+// and never freed, since that may be at any time.
+const LastWords* lastWords = nullptr;
+volatile sig_atomic_t outputFile = -1;
+
+[[noreturn]] void endSaying(std::string_view words)
 {
-    const auto memory = addressSpaceBytes() + static_cast<rlim_t>(limits.moreMemoryBytes);
-    const auto fileBytes = static_cast<rlim_t>(limits.maxFileBytes);
-    const auto seconds = static_cast<rlim_t>(limits.processorSeconds);
+    // What has been written is no whole picture.
+    [[maybe_unused]] const int emptied = ::ftruncate(outputFile, 0);
+    [[maybe_unused]] const auto said = ::write(STDERR_FILENO, words.data(), words.size());
+    ::_exit(lastWords->status);
+}
+
+bool setHandlers()
+{
+    std::set_new_handler([] { endSaying(lastWords->outOfMemory); });
+    struct ::sigaction action{};
+    action.sa_handler = [](int) { endSaying(lastWords->outOfTime); };
+    return ::sigaction(SIGXCPU, &action, nullptr) == 0;
+}
+
+bool keepNewAway()
+{
     const bool results[] = {
-        limit(RLIMIT_AS, memory, memory),
-        limit(RLIMIT_FSIZE, fileBytes, fileBytes),
-        limit(RLIMIT_CPU, seconds, seconds + 1),
-        limit(RLIMIT_NOFILE, 0, 0), // of new ones; those that are open stay
+        limit(RLIMIT_NOFILE, 0, 0), // those that are open stay
         limit(RLIMIT_NPROC, 0, 0),
-        limit(RLIMIT_CORE, 0, 0),
     };
-    return std::ranges::all_of(results, [](bool done) { return done; });
+    return std::ranges::all_of(results, std::identity{});
 }
 
 class Filter {
@@ -94,13 +113,16 @@ constexpr scmp_arg_cmp has(unsigned argument, int mask)
     return {argument, SCMP_CMP_MASKED_EQ, bits, bits};
 }
 
-bool filterSystemCalls(int output)
+bool filterSystemCalls(const OpenFiles& files)
 {
     Filter filter;
-    for (const int descriptor : {output, STDERR_FILENO})
+    for (const int descriptor : {files.output, STDERR_FILENO})
         filter.allow(SCMP_SYS(write), {equals(0, descriptor)});
     filter.allow(SCMP_SYS(writev), {equals(0, STDERR_FILENO)}); // the runtime's last words
-    filter.allow(SCMP_SYS(ftruncate), {equals(0, output)});
+    filter.allow(SCMP_SYS(ftruncate), {equals(0, files.output)});
+    if (files.input)
+        for (const int call : {SCMP_SYS(read), SCMP_SYS(pread64)})
+            filter.allow(call, {equals(0, *files.input)});
     filter.allow(SCMP_SYS(close));
 
     filter.allow(SCMP_SYS(futex)); // what is computed once is guarded, even with one thread
@@ -121,12 +143,29 @@ bool filterSystemCalls(int output)
 
 }
 
-Locks lockDown(int output, const Limits& limits)
+bool limitCosts(const Limits& limits, const LastWords& words)
 {
+    const auto memory = addressSpaceBytes() + static_cast<rlim_t>(limits.moreMemoryBytes);
+    const auto fileBytes = static_cast<rlim_t>(limits.maxFileBytes);
+    const auto seconds = static_cast<rlim_t>(limits.processorSeconds);
+    lastWords = new LastWords(words);
+    const bool results[] = {
+        setHandlers(),
+        limit(RLIMIT_AS, memory, memory),
+        limit(RLIMIT_FSIZE, fileBytes, fileBytes),
+        limit(RLIMIT_CPU, seconds, seconds + 1),
+        limit(RLIMIT_CORE, 0, 0),
+    };
+    return std::ranges::all_of(results, std::identity{});
+}
+
+Locks lockDown(const OpenFiles& files)
+{
+    outputFile = files.output;
     Locks locks;
     locks.noNewPrivileges = ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0;
-    locks.limits = setLimits(limits); // which opens a file, so it comes first
-    locks.systemCalls = filterSystemCalls(output);
+    locks.limits = keepNewAway();
+    locks.systemCalls = filterSystemCalls(files);
     return locks;
 }
 

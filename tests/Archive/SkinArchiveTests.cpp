@@ -6,7 +6,9 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <random>
 
 using namespace SkinKit;
 using support::bytes;
@@ -313,6 +315,28 @@ TEST(SkinArchive, GivesUpOnAnArchiveWhoseEntriesOnlyCostWork)
     const auto archive = SkinArchive::open(zip.bytes());
     ASSERT_TRUE(archive);
     EXPECT_TRUE(archive->files().empty());
+}
+
+TEST(SkinArchive, ReadsLargeEntriesThatDontCompressAndGivesUpOnThoseThatArePadded)
+{
+    std::mt19937 random(1);
+    ByteBuffer noise(3 << 20);
+    std::ranges::generate(noise, [&] { return static_cast<std::uint8_t>(random()); });
+    ZipWriter large;
+    for (const char* const name : {"a.bmp", "b.bmp", "c.bmp"})
+        large.add(name, noise);
+    EXPECT_EQ(SkinArchive::open(large.bytes())->files().size(), 3U);
+
+    // A stored block of no bytes, again and again; then the last one.
+    ByteBuffer padded;
+    for (int i = 0; i < 60; ++i)
+        support::append(padded, ByteBuffer{0, 0, 0, 0xFF, 0xFF});
+    support::append(padded, ByteBuffer{1, 0, 0, 0xFF, 0xFF});
+    ZipWriter padding;
+    for (int i = 0; i < 40'000; ++i)
+        padding.add({.name = std::to_string(i) + ".bmp", .data = {}, .stored = padded});
+    const auto kept = SkinArchive::open(padding.bytes())->files().size();
+    EXPECT_EQ(kept, (4U << 20) / padded.size() + 1);
 }
 
 TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)

@@ -192,6 +192,13 @@ TEST(AniDecoder, SpendsOneBudgetOnAllFrames)
     EXPECT_EQ(cursor->steps.size(), 64U);
 }
 
+TEST(AniDecoder, KeepsNoMoreStepsThanAnybodyWatches)
+{
+    AniFile file = twoFrames();
+    file.sequence.assign(70'000, 1);
+    EXPECT_EQ(AniDecoder::decode(file.bytes())->steps.size(), 65'536U);
+}
+
 TEST(AniDecoder, ReadsNothingPastTheEndHoweverShortTheFileIsCut)
 {
     AniFile file = twoFrames();

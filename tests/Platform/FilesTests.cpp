@@ -186,6 +186,9 @@ TEST(Files, ListsAFolderInByteOrderOfTheNames)
         }
     }
     EXPECT_EQ(names, (Names{".hidden", "B", "a.bmp", "b", "folder", "link", "é", "\xFF"}));
+    const auto count = std::ssize(*Files::list(folder.path()));
+    EXPECT_TRUE(Files::list(folder.path(), count));
+    EXPECT_EQ(Files::list(folder.path(), count - 1).error(), std::errc::file_too_large);
     EXPECT_EQ(Files::list(folder / "b").error(), std::errc::not_a_directory);
     EXPECT_EQ(Files::list(folder / "x").error(), std::errc::no_such_file_or_directory);
 }

@@ -30,10 +30,12 @@ TEST(Inflate, UndoesWhatZlibDidWhateverSizeWasExpected)
         for (const std::int64_t expected :
              {INT64_MIN, std::int64_t{0}, size / 2, size, 3 * size + 9, INT64_MAX})
             for (const std::int64_t limit : {size, size + 1, std::int64_t{8} << 20, INT64_MAX})
-                EXPECT_EQ(inflate(stream, expected, limit), data)
-                    << count << " bytes, " << expected << " expected, at most " << limit;
+                for (const Care care : {Care::none, Care::taken})
+                    EXPECT_EQ(inflate(stream, expected, limit, care), data)
+                        << count << " bytes, " << expected << " expected, at most " << limit;
         if (count > 0) {
             EXPECT_FALSE(inflate(stream, size, size - 1));
+            EXPECT_FALSE(inflate(stream, size, size - 1, Care::taken));
         }
     }
 }
@@ -65,4 +67,21 @@ TEST(Inflate, SurvivesDamage)
         const auto result = inflate(damaged, 500, 600);
         EXPECT_TRUE(!result || result->size() <= 600) << i;
     }
+}
+
+TEST(Inflate, TakesAStreamOfEmptyBlocksForDamagedWhereItTakesCare)
+{
+    // Blocks of ten bits each with nothing in them; eight of them are ten bytes.
+    ByteBuffer eight{0x02, 0x08, 0x20, 0x80, 0x00, 0x02, 0x08, 0x20, 0x80, 0x00};
+    const auto blocks = [&](int count) {
+        ByteBuffer stream;
+        for (int i = 0; i < count; i += 8)
+            stream.insert(stream.end(), eight.begin(), eight.end());
+        const ByteBuffer last = support::deflated(someBytes(300));
+        stream.insert(stream.end(), last.begin(), last.end());
+        return stream;
+    };
+    EXPECT_EQ(inflate(blocks(8), 300, 300, Care::taken), someBytes(300));
+    EXPECT_EQ(inflate(blocks(1000), 300, 300), someBytes(300));
+    EXPECT_FALSE(inflate(blocks(1000), 300, 300, Care::taken));
 }

@@ -1,4 +1,5 @@
 #include "SkinKit/Platform/PNGCodec.h"
+#include "tests/hostile/Streams.h"
 #include "tests/support/BMPWriter.h"
 #include "tests/support/Bytes.h"
 
@@ -282,4 +283,35 @@ TEST(PNGCodec, RefusesToWriteWhatNoReaderTakes)
     EXPECT_TRUE(PNGCodec::encode(support::solidImage({PNGCodec::maxEncodedSide, 1}, {})));
     EXPECT_FALSE(PNGCodec::encode(support::solidImage({PNGCodec::maxEncodedSide + 1, 1}, {})));
     EXPECT_FALSE(PNGCodec::encode(support::solidImage({1, PNGCodec::maxEncodedSide + 1}, {})));
+}
+
+TEST(PNGCodec, TellsTheSizeThatAFileStates)
+{
+    const auto file = *PNGCodec::encode(support::solidImage({300, 7}, {1, 2, 3}));
+    EXPECT_EQ(PNGCodec::size(file), (Size{300, 7}));
+    EXPECT_EQ(PNGCodec::size(ByteView(file).first(24)), (Size{300, 7}));
+    EXPECT_FALSE(PNGCodec::size(ByteView(file).first(23)));
+    ByteBuffer negative = file;
+    negative[16] = 0x80;
+    EXPECT_FALSE(PNGCodec::size(negative));
+    ByteBuffer other = file;
+    other[12] = 'i';
+    EXPECT_FALSE(PNGCodec::size(other));
+}
+
+TEST(PNGCodec, RefusesFilesWithFarMorePixelsThanThePictureHasRoomFor)
+{
+    for (const bool isInterlaced : {false, true}) {
+        const hostile::PNGHeader header{.isInterlaced = isInterlaced};
+        const auto fileWith = [&](std::size_t more) {
+            ByteBuffer rows = hostile::zeroPixels(header);
+            std::mt19937 random(1);
+            for (std::size_t i = 0; i < more; ++i)
+                rows.push_back(static_cast<std::uint8_t>(random()));
+            return hostile::png(header, hostile::pngChunk("IDAT", hostile::zlibStream(rows)));
+        };
+        EXPECT_TRUE(PNGCodec::decode(fileWith(0), generous));
+        EXPECT_TRUE(PNGCodec::decode(fileWith(10), generous));
+        EXPECT_FALSE(PNGCodec::decode(fileWith(100'000), generous));
+    }
 }

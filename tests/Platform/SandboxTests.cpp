@@ -15,6 +15,7 @@
 #include <csignal>
 #include <functional>
 #include <mutex>
+#include <vector>
 
 using namespace SkinKit;
 using support::bytes;
@@ -51,7 +52,13 @@ protected:
     const TemporaryFolder folder;
     const std::filesystem::path path = folder.write("file", bytes("content"));
     const int output = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    ~SandboxTest() override { ::close(output); }
+    const int input = ::open(folder.write("input", bytes("skin")).c_str(), O_RDONLY | O_CLOEXEC);
+    ~SandboxTest() override
+    {
+        ::close(output);
+        ::close(input);
+    }
+    Sandbox::OpenFiles files() const { return {output, input}; }
 };
 
 }
@@ -82,7 +89,7 @@ TEST_F(SandboxTest, LetsTheProcessDoNothingButComputeAndWriteItsOutput)
     };
     // clang-format on
     const int status = exitStatusOfChild([&] {
-        const auto locks = Sandbox::lockDown(output);
+        const auto locks = Sandbox::lockDown(files());
         if (!locks.systemCalls)
             return kernelRefuses;
         int wrong = 0;
@@ -96,8 +103,9 @@ TEST_F(SandboxTest, LetsTheProcessDoNothingButComputeAndWriteItsOutput)
         std::once_flag flag;
         std::call_once(flag, [] {}); // whose lock asks the kernel
         const bool computes = mapped(100 << 20, PROT_READ | PROT_WRITE) != MAP_FAILED;
+        const bool reads = ::read(input, &byte, 1) == 1 && ::pread(input, &byte, 1, 3) == 1;
         const bool writes = ::ftruncate(output, 0) == 0 && ::write(output, "new", 3) == 3;
-        return computes && writes && locks == Sandbox::Locks{true, true, true} ? wrong : 2;
+        return computes && reads && writes && locks == Sandbox::Locks{true, true, true} ? wrong : 2;
     });
     ::close(other);
     if (status == kernelRefuses)
@@ -116,7 +124,7 @@ TEST_F(SandboxTest, GoesOnWithoutTheFilterWhereItIsRefused)
         if (seccomp_load(refuse) != 0)
             return kernelRefuses;
         seccomp_release(refuse);
-        if (Sandbox::lockDown(output) != Sandbox::Locks{true, true, false})
+        if (Sandbox::lockDown(files()) != Sandbox::Locks{true, true, false})
             return 1;
         return ::open(path.c_str(), O_RDONLY) == -1 && errno == EMFILE ? 0 : 2;
     });
@@ -129,7 +137,7 @@ TEST_F(SandboxTest, HoldsMemoryAndFilesToTheirLimits)
 {
     const int status = exitStatusOfChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
-        Sandbox::lockDown(output, {.moreMemoryBytes = 64 << 20, .maxFileBytes = 10});
+        Sandbox::limitCosts({.moreMemoryBytes = 64 << 20, .maxFileBytes = 10}, {});
         if (mapped(16 << 20, PROT_READ) == MAP_FAILED)
             return 1;
         if (mapped(65 << 20, PROT_READ) != MAP_FAILED || errno != ENOMEM)
@@ -139,21 +147,46 @@ TEST_F(SandboxTest, HoldsMemoryAndFilesToTheirLimits)
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(SandboxTest, EndsAProcessThatTakesTooLong)
+TEST_F(SandboxTest, EndsAProcessThatTakesTooMuchWithItsLastWordsAndAnEmptyOutput)
 {
-    const int status = statusOfChild([&] {
-        Sandbox::lockDown(output, {.processorSeconds = 1});
-        for (volatile unsigned i = 0; true;)
-            i = i + 1;
-        return 0;
-    });
-    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU);
+    struct Row {
+        const char* words;
+        std::function<void()> work;
+    };
+    const Row rows[] = {
+        {"too much",
+         [] {
+             // Neither allocated at once nor seen through by the compiler.
+             for (std::vector<std::vector<char>> blocks; true;)
+                 blocks.emplace_back(1 << 20);
+         }},
+        {"too long",
+         [] {
+             for (volatile unsigned i = 0; true;)
+                 i = i + 1;
+         }},
+    };
+    const auto said = folder / "said";
+    for (const Row& row : rows) {
+        folder.write("file", bytes("half a picture"));
+        const int status = exitStatusOfChild([&] {
+            ::dup2(::open(said.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
+            Sandbox::limitCosts({.moreMemoryBytes = 64 << 20, .processorSeconds = 1},
+                                {"too much", "too long", 7});
+            Sandbox::lockDown(files());
+            row.work();
+            return 0;
+        });
+        EXPECT_EQ(status, 7);
+        EXPECT_EQ(readFile(said), bytes(row.words));
+        EXPECT_EQ(readFile(path), bytes(""));
+    }
 }
 
 TEST_F(SandboxTest, LetsABrokenPromiseEndTheProcessAsEver)
 {
     const int status = statusOfChild([&] {
-        Sandbox::lockDown(output);
+        Sandbox::lockDown(files());
         std::abort();
         return 0;
     });

@@ -7,7 +7,6 @@
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/ZipWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +58,7 @@ class ThumbnailerTest : public testing::Test {
 protected:
     // A process that has locked itself in can't look for leaks at its end; the tests of the
     // provider do.
-    ThumbnailerTest() { ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1); }
+    ThumbnailerTest() { ::setenv("ASAN_OPTIONS", "detect_leaks=0:quarantine_size_mb=16", 1); }
 
     const TemporaryFolder folder;
     const std::string skin = folder.write("a skin.wsz", SkinBuilder().allSheets().zip()).string();
@@ -155,14 +154,11 @@ TEST_F(ThumbnailerTest, LeavesTheOutputEmptyWhenThereIsNoPicture)
 
 TEST_F(ThumbnailerTest, RefusesFilesThatItCantUse)
 {
-    std::ofstream(folder / "huge.wsz").put(0);
-    std::filesystem::resize_file(folder / "huge.wsz", (std::uintmax_t{256} << 20) + 1);
     ::mkfifo((folder / "pipe").c_str(), 0600);
     const std::string here = folder.path().string();
     // clang-format off
     const struct { std::string input, output, blamed, text; } rows[] = {
         {here + "/none", output, here + "/none", "Unreadable archive: No such file or directory"},
-        {here + "/huge.wsz", output, here + "/huge.wsz", "Unreadable archive: File too large"},
         {here + "/pipe", output, here + "/pipe", "Unreadable archive: Not a regular file"},
         {skin, here + "/no/out", here + "/no/out", "No such file or directory"},
         {skin, here + "/./a skin.wsz", here + "/./a skin.wsz", "is the skin itself"},
@@ -179,55 +175,18 @@ TEST_F(ThumbnailerTest, RefusesFilesThatItCantUse)
     EXPECT_EQ(readFile(sheet), bytes("a sheet"));
 }
 
-// Whatever a skin holds: a picture or an empty file, in a fraction of the limits.
-TEST_F(ThumbnailerTest, SpendsNoMoreThanItsLimitsOnHostileFiles)
+// Where it starts does not matter: most of the file is never read.
+TEST_F(ThumbnailerTest, ReadsASkinBehindMoreThanItsMemoryHolds)
 {
-    // The largest sheets that are read, each but a few bytes in the archive.
-    const Image largest = support::solidImage({4096, 2048}, {1, 2, 3});
-    const auto sheet = support::encodeRLE(largest, 8);
-    SkinBuilder sheets;
-    const auto small = SkinBuilder().allSheets().archive();
-    for (const auto& [name, content] : small.files())
-        sheets.file(name, sheet);
-
-    // Entries that lie about their size, and so many of them that trying all would take minutes.
-    support::ZipWriter bombs;
-    const ByteBuffer stream = support::deflated(ByteBuffer(70 << 20, 0));
-    for (int i = 0; i < 300; ++i)
-        bombs.add({.name = std::to_string(i) + ".bmp",
-                   .data = {},
-                   .stored = stream,
-                   .uncompressedSize = 1000});
-
-    support::ZipWriter many;
-    for (int i = 0; i < 65'000; ++i)
-        many.add(std::to_string(i) + ".txt", {});
-
-    const auto whole = readFile(skin);
-    const ByteBuffer inputs[] = {
-        sheets.zip(),
-        bombs.bytes(),
-        many.bytes(),
-        ByteBuffer(1 << 20, 0),
-        ByteBuffer(whole.begin(), whole.end() - 30),
-        ByteBuffer(whole.begin() + 1000, whole.end()),
-    };
-    for (std::size_t i = 0; i < std::size(inputs); ++i) {
-        folder.write("out.png", bytes(""));
-        const auto begin = std::chrono::steady_clock::now();
-        const auto outcome = thumbnailer({folder.write("hostile.wsz", inputs[i]).string(), output});
-        const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-        EXPECT_LT(taken.count(), 20) << i;
-        if (outcome.status == 0)
-            EXPECT_EQ(PNGWriter::read(output)->size(), (Size{128, 54})) << i;
-        else
-            EXPECT_EQ(readFile(output), bytes("")) << i;
-        EXPECT_TRUE(outcome.status == 0 || outcome.status == 2) << i << ": " << outcome.err;
-    }
+    const auto large = folder.write("large.wsz", {});
+    std::filesystem::resize_file(large, std::uintmax_t{2} << 30);
+    std::ofstream(large, std::ios::binary | std::ios::app) << asText(readFile(skin));
+    EXPECT_EQ(thumbnailer({large.string(), output}).err, "");
+    EXPECT_EQ(PNGWriter::read(output), provided(skin, 128));
 }
 
 // Its output is a pipe that nobody empties, so that it waits there, with the work done.
-TEST_F(ThumbnailerTest, IsLockedInWhenItHasReadTheSkin)
+TEST_F(ThumbnailerTest, IsLockedInBeforeItLooksIntoTheSkin)
 {
     ::mkfifo(output.c_str(), 0600);
     const int pipe = ::open(output.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
@@ -252,7 +211,7 @@ TEST_F(ThumbnailerTest, IsLockedInWhenItHasReadTheSkin)
     EXPECT_EQ(asText(start).substr(1, 3), "PNG");
     EXPECT_NE(status.find("NoNewPrivs:\t1\n"), status.npos) << status;
     EXPECT_NE(status.find("Seccomp:\t2\n"), status.npos) << status;
-    for (const char* const limit : {"Max cpu time +20 +21 ", "Max file size +67108864 ",
+    for (const char* const limit : {"Max cpu time +3 +4 ", "Max file size +67108864 ",
                                     "Max address space +[0-9]+ ", "Max open files +0 +0 "})
         EXPECT_TRUE(std::regex_search(limits, std::regex(limit))) << limits;
 }

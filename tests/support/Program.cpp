@@ -27,11 +27,11 @@ std::string textOf(const std::filesystem::path& path)
 
 using Words = std::vector<std::string>;
 
-void limit(__rlimit_resource resource, long bytes)
+void limit(__rlimit_resource resource, long most)
 {
-    if (bytes <= 0)
+    if (most <= 0)
         return;
-    const rlimit limits{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+    const rlimit limits{static_cast<rlim_t>(most), static_cast<rlim_t>(most)};
     ::setrlimit(resource, &limits);
 }
 
@@ -39,6 +39,7 @@ void enter(const Setting& setting)
 {
     limit(RLIMIT_FSIZE, setting.maxFileBytes);
     limit(RLIMIT_AS, setting.maxMemoryBytes);
+    limit(RLIMIT_CPU, setting.maxProcessorSeconds);
     ::alarm(setting.seconds);
     for (const int stream : setting.closedStreams)
         ::close(stream);
@@ -79,12 +80,17 @@ Outcome run(const std::filesystem::path& program, const Words& arguments, const 
         ::_exit(127);
     }
     int status = 0;
+    rusage used{};
     if (child > 0)
         whileRunning(child);
-    if (child < 0 || ::waitpid(child, &status, 0) != child)
+    if (child < 0 || ::wait4(child, &status, 0, &used) != child)
         throw std::runtime_error("can't run " + program.string());
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), textOf(out),
-            textOf(err)};
+            textOf(err), seconds(used.ru_utime) + seconds(used.ru_stime),
+            static_cast<double>(used.ru_maxrss) / 1024};
 }
 
 }

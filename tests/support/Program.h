@@ -13,8 +13,14 @@ struct Outcome {
     int status = 0; // its exit status, or 128 and more when a signal ended it
     std::string out;
     std::string err;
+    double processorSeconds = 0; // in itself and in the kernel
+    double peakMiB = 0;          // of resident memory
 
-    bool operator==(const Outcome&) const = default;
+    // What it says, whatever that cost.
+    bool operator==(const Outcome& other) const
+    {
+        return status == other.status && out == other.out && err == other.err;
+    }
     friend std::ostream& operator<<(std::ostream& stream, const Outcome& outcome)
     {
         return stream << outcome.status << '\n' << outcome.out << '\n' << outcome.err;
@@ -25,6 +31,7 @@ struct Outcome {
 struct Setting {
     long maxFileBytes = 0;              // of every file it writes
     long maxMemoryBytes = 0;            // of address space
+    long maxProcessorSeconds = 0;       // in itself and in the kernel
     unsigned seconds = 0;               // until SIGALRM ends it
     std::vector<std::string> variables; // "NAME=value", besides those that we have
     std::vector<int> closedStreams;     // of 0, 1 and 2

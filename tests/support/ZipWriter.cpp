@@ -34,15 +34,18 @@ ZipWriter& ZipWriter::add(ZipEntry entry)
         crc32(0, entry.data.data(), static_cast<uInt>(entry.data.size()))));
     const auto size =
         entry.uncompressedSize.value_or(static_cast<std::uint32_t>(entry.data.size()));
-    const auto offset = static_cast<std::uint32_t>(entries_.size());
+    if (!entry.sharesBytes) {
+        lastOffset_ = entries_.size();
+        lastStoredBytes_ = stored.size();
+    }
 
     ByteBuffer largeNumbers;
     if (entry.hasLargeNumbers) {
         append16(largeNumbers, 1);
         append16(largeNumbers, 24);
         append64(largeNumbers, size);
-        append64(largeNumbers, stored.size());
-        append64(largeNumbers, offset);
+        append64(largeNumbers, lastStoredBytes_);
+        append64(largeNumbers, lastOffset_);
     }
     // A number of the directory, or what stands there when it is among the large ones.
     const auto number = [&](std::size_t value) {
@@ -57,19 +60,21 @@ ZipWriter& ZipWriter::add(ZipEntry entry)
     append32(common, 0x5A210000); // time and date
     append32(common, crc);
 
-    append32(entries_, 0x04034B50);
-    append(entries_, common);
-    append32(entries_, static_cast<std::uint32_t>(stored.size()));
-    append32(entries_, size);
-    append16(entries_, static_cast<std::uint32_t>(entry.name.size()));
-    append16(entries_, 0);
-    append(entries_, support::bytes(entry.name));
-    append(entries_, stored);
+    if (!entry.sharesBytes) {
+        append32(entries_, 0x04034B50);
+        append(entries_, common);
+        append32(entries_, static_cast<std::uint32_t>(stored.size()));
+        append32(entries_, size);
+        append16(entries_, static_cast<std::uint32_t>(entry.name.size()));
+        append16(entries_, 0);
+        append(entries_, support::bytes(entry.name));
+        append(entries_, stored);
+    }
 
     append32(directory_, 0x02014B50);
     append16(directory_, entry.madeBy);
     append(directory_, common);
-    append32(directory_, number(stored.size()));
+    append32(directory_, number(lastStoredBytes_));
     append32(directory_, number(size));
     append16(directory_, static_cast<std::uint32_t>(entry.name.size()));
     append16(directory_, static_cast<std::uint32_t>(largeNumbers.size()));
@@ -77,7 +82,7 @@ ZipWriter& ZipWriter::add(ZipEntry entry)
     append16(directory_, 0);
     append16(directory_, 0);
     append32(directory_, entry.externalAttributes);
-    append32(directory_, number(offset));
+    append32(directory_, number(lastOffset_));
     append(directory_, support::bytes(entry.name));
     append(directory_, largeNumbers);
     ++count_;

@@ -21,6 +21,7 @@ struct ZipEntry {
     std::optional<std::uint32_t> crc;
     std::optional<std::uint32_t> uncompressedSize;
     bool hasLargeNumbers = false; // the directory has its sizes and its place in 64 bits
+    bool sharesBytes = false;     // the last entry's, so that it stands in the directory only
 };
 
 class ZipWriter {
@@ -41,6 +42,8 @@ public:
 private:
     ByteBuffer entries_;
     ByteBuffer directory_;
+    std::size_t lastOffset_ = 0;
+    std::size_t lastStoredBytes_ = 0;
     std::uint32_t count_ = 0;
 };
 

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string_view>
+
+// Skins made to cost whoever opens them as much as possible: memory, time, or both.
+namespace hostile {
+
+struct HostileFile {
+    std::string_view name; // of letters, digits and underscores
+    std::string_view what;
+    // Makes the file or folder that is then opened, and what it needs beside it.
+    void (*make)(const std::filesystem::path& path);
+};
+
+std::span<const HostileFile> files();
+
+// Makes one in a process of its own, so that this one's memory stays as small as it was.
+void make(const HostileFile& file, const std::filesystem::path& path);
+
+}
