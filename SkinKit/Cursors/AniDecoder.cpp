@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <climits>
-#include <numeric>
+#include <ranges>
 #include <utility>
 
 // An animated cursor file:
@@ -120,7 +120,8 @@ std::vector<std::uint32_t> frameNumbers(const Chunks& chunks, const Header& head
     auto numbers = numbersIn(chunks.sequence.value_or(ByteView{}));
     if (numbers.empty()) {
         numbers.resize(chunks.frames.size());
-        std::iota(numbers.begin(), numbers.end(), 0U);
+        std::ranges::copy(std::views::iota(0U, static_cast<std::uint32_t>(numbers.size())),
+                          numbers.begin());
     } else if (header.steps != 0 && header.steps < numbers.size()) {
         numbers.resize(header.steps);
     }

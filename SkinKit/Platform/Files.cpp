@@ -136,7 +136,7 @@ Result<Kind> kind(const std::filesystem::path& path)
 
 std::filesystem::path named(const std::filesystem::path& path)
 {
-    const auto whole = path.has_filename() ? path : path.parent_path();
+    auto whole = path.has_filename() ? path : path.parent_path();
     if (whole.has_filename() && whole.filename() != "." && whole.filename() != "..")
         return whole;
     std::error_code ignored;

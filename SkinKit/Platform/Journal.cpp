@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <string>
+#include <tuple>
 
 namespace SkinKit {
 namespace {
@@ -79,7 +80,7 @@ std::error_code Journal::append(std::string_view line)
     std::string text(line);
     text += '\n';
     if (const auto error = writeFully(descriptor_.number(), asBytes(text))) {
-        cut(size_);
+        std::ignore = cut(size_); // what stays there is no record: a line that is cut off
         return error;
     }
     struct ::stat status{};

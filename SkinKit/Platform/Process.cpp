@@ -2,7 +2,7 @@
 
 #include <malloc.h>
 #include <pthread.h>
-#include <signal.h>
+#include <csignal>
 #include <sys/mman.h>
 #include <unistd.h>
 
