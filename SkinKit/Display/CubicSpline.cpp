@@ -107,9 +107,11 @@ std::vector<double> interpolate(std::span<const double> xs, std::span<const doub
 
     const auto slopes = naturalKs(xs, ys);
     std::vector<double> heights;
-    heights.reserve(static_cast<std::size_t>(xs.back()) + 1);
+    const auto count = static_cast<std::size_t>(xs.back()) + 1;
+    heights.reserve(count);
     std::size_t i = 1; // the first knot at x or behind it
-    for (double x = 0; x <= xs.back(); ++x) {
+    for (std::size_t place = 0; place < count; ++place) {
+        const auto x = static_cast<double>(place);
         while (!(xs[i] >= x))
             ++i;
         const double width = xs[i] - xs[i - 1];

@@ -6,7 +6,7 @@
 namespace SkinKit::MediaInfoText {
 namespace {
 
-std::string padded(std::string text, std::size_t width)
+std::string padded(const std::string& text, std::size_t width)
 {
     return std::string(width - std::min(width, text.size()), ' ') + text;
 }
@@ -33,7 +33,7 @@ std::string khz(std::optional<double> sampleRate)
         return " 0";
     const double rounded = std::round(*sampleRate / 1000);
     const long long rate = std::llround(std::clamp(rounded, 0.0, most));
-    const std::string digits = std::to_string(rate);
+    std::string digits = std::to_string(rate);
     if (rate >= 100)
         return digits.substr(1, width);
     if (rate <= 10)

@@ -134,8 +134,9 @@ void decodePackedRow(const std::uint8_t* source, const Palette& palette, std::sp
     for (std::ptrdiff_t i = 0; i < whole; ++i)
         for (int shift = 8 - bitCount; shift >= 0; shift -= bitCount)
             *pixel++ = palette[static_cast<unsigned>(source[i]) >> shift & mask];
-    for (int shift = 8 - bitCount; pixel != target.data() + target.size(); shift -= bitCount)
-        *pixel++ = palette[static_cast<unsigned>(source[whole]) >> shift & mask];
+    const auto rest = static_cast<int>(target.size()) % perByte;
+    for (int i = 1; i <= rest; ++i)
+        *pixel++ = palette[static_cast<unsigned>(source[whole]) >> (8 - i * bitCount) & mask];
 }
 
 void decodeRow(const std::uint8_t* source, int bitCount, const Palette& palette, const Masks& masks,
@@ -236,37 +237,29 @@ private:
     std::int64_t y_ = 0; // 0 is the bottom line; always inside the image when a run is plotted
 };
 
-// Two bytes at a time: a count and a value, or 0 and what to do instead.
+// Two bytes at a time: a count and a value, or 0 and what to do instead. The stream must say where
+// it ends, unless it leaves the picture.
 bool decodeRuns(ByteReader& reader, RunPlotter& plotter, bool isRLE4)
 {
     enum : std::uint8_t { endOfLine = 0, endOfBitmap = 1, delta = 2 };
-    while (true) {
+    while (!plotter.isBelowImage()) {
         const auto pair = reader.bytes(2);
         if (!pair)
             return false;
         const std::uint8_t count = (*pair)[0];
         const std::uint8_t value = (*pair)[1];
 
-        if (count == 0 && value == endOfBitmap)
+        if (count > 0) {
+            plotter.encodedRun(count, value);
+        } else if (value == endOfBitmap) {
             return true;
-        if (count == 0 && value == endOfLine) {
+        } else if (value == endOfLine) {
             plotter.endLine();
-            if (plotter.isBelowImage())
-                return true;
-            continue;
-        }
-        if (count == 0 && value == delta) {
+        } else if (value == delta) {
             const auto distance = reader.bytes(2);
             if (!distance)
                 return false;
             plotter.move((*distance)[0], (*distance)[1]);
-            if (plotter.isBelowImage())
-                return true;
-            continue;
-        }
-
-        if (count > 0) {
-            plotter.encodedRun(count, value);
         } else {
             const std::int64_t runBytes = isRLE4 ? (value + 1) / 2 : value;
             const auto run = reader.bytes(runBytes);
@@ -276,10 +269,8 @@ bool decodeRuns(ByteReader& reader, RunPlotter& plotter, bool isRLE4)
             if (runBytes % 2 != 0 && reader.remaining() > 0)
                 reader.bytes(1);
         }
-        // A stream must not end with a run.
-        if (reader.remaining() == 0)
-            return false;
     }
+    return true;
 }
 
 std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Picture& picture,

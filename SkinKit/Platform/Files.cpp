@@ -156,7 +156,7 @@ bool isForWhatItIs(std::error_code error)
 
 std::filesystem::path named(const std::filesystem::path& path)
 {
-    const auto whole = path.has_filename() ? path : path.parent_path();
+    auto whole = path.has_filename() ? path : path.parent_path();
     if (whole.has_filename() && whole.filename() != "." && whole.filename() != "..")
         return whole;
     std::error_code ignored;

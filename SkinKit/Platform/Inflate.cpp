@@ -87,7 +87,7 @@ std::optional<ByteBuffer> inflate(ByteView deflated, std::int64_t expectedBytes,
 {
     check(maxBytes >= 0, "a limit must not be negative");
     // No stream says more than 258 bytes in two bits, so a false size can't ask for much memory.
-    constexpr std::int64_t mostPerByte = 258 * 4;
+    constexpr std::int64_t mostPerByte = std::int64_t{258} * 4;
     maxBytes = std::min(maxBytes, mostPerByte * std::ssize(deflated));
     const std::int64_t firstRoom = std::clamp<std::int64_t>(expectedBytes, 0, maxBytes);
     ByteBuffer bytes;

@@ -51,7 +51,7 @@ public:
     }
     bool number_float(double value, const std::string&) { return put(value); }
     bool string(std::string& value) { return put(std::move(value)); }
-    bool binary(Node::binary_t&) { return false; }
+    static bool binary(Node::binary_t&) { return false; }
     bool key(std::string& value)
     {
         open_.back().key = std::move(value);
@@ -124,7 +124,7 @@ std::expected<JSON, std::string> JSON::parse(std::string_view text)
 
 const JSON* JSON::member(std::string_view key) const
 {
-    const Object* const object = as<Object>();
+    const auto* const object = as<Object>();
     if (!object)
         return nullptr;
     const auto found = object->find(key);

@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <string>
+#include <tuple>
 
 namespace SkinKit {
 namespace {
@@ -85,7 +86,7 @@ std::error_code Journal::append(std::string_view line)
                    ::fstat(descriptor_.number(), &status) != 0))
         error = lastError();
     if (error) {
-        cut(size_); // a line that may be lost must not be found, either
+        std::ignore = cut(size_); // a line that may be lost must not be found, either
         return error;
     }
     size_ += std::ssize(text);

@@ -11,7 +11,7 @@ using Room = std::array<char, 400>;
 
 std::string untilEnd(const Room& room, const char* end)
 {
-    return std::string(room.data(), end);
+    return {room.data(), end};
 }
 
 }

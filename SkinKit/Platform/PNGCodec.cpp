@@ -306,6 +306,7 @@ std::optional<Image> decode(ByteView bytes, const Limits& limits)
 
     auto pixels = PixelBuffer::uncleared(reader.size);
     std::vector<png_bytep> rows;
+    rows.reserve(static_cast<std::size_t>(reader.size.height));
     for (int y = 0; y < reader.size.height; ++y)
         rows.push_back(reinterpret_cast<png_bytep>(pixels.row(y).data()));
     if (!readRows(reader, rows.data()))

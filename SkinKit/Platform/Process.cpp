@@ -5,7 +5,7 @@
 #include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
-#include <signal.h>
+#include <csignal>
 #include <sys/mman.h>
 #include <unistd.h>
 

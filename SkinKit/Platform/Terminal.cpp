@@ -8,7 +8,7 @@ namespace SkinKit::Terminal {
 std::optional<int> errorColumns()
 {
     constexpr int usualColumns = 80;
-    if (!::isatty(STDERR_FILENO))
+    if (::isatty(STDERR_FILENO) == 0)
         return std::nullopt;
     struct ::winsize size{};
     const bool isKnown = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;

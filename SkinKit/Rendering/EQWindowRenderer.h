@@ -9,13 +9,11 @@
 #include <cstdint>
 #include <optional>
 
-namespace SkinKit {
-
 // Draws the equalizer window, 275 × 116 pixels or shaded to 275 × 14, times an integer scale, each
 // pixel replicated, nothing smoothed. What a skin lacks is left out. A scale below 1 counts as 1;
 // one whose raster cannot exist is a programming error. Keeps no state, so renders may run on any
 // number of threads.
-namespace EQWindowRenderer {
+namespace SkinKit::EQWindowRenderer {
 
 using WindowDrawing::Clip; // the region is the section "equalizer", shaded "equalizerws"
 
@@ -29,7 +27,5 @@ Image render(const Skin& skin, const EQWindowState& state, int scale, Clip clip)
 // pixels, `scale` times as large as they are. The canvas's state is as before afterwards.
 void draw(Canvas& canvas, Point at, const Skin& skin, const EQWindowState& state, int scale,
           Clip clip);
-
-}
 
 }

@@ -9,12 +9,10 @@
 #include <cstdint>
 #include <optional>
 
-namespace SkinKit {
-
 // Draws the classic main window: 275 × 116 pixels times an integer scale, each pixel replicated,
 // nothing smoothed. What a skin lacks is left out. A scale below 1 counts as 1; one whose raster
 // cannot exist is a programming error. Keeps no state, so renders may run on any number of threads.
-namespace MainWindowRenderer {
+namespace SkinKit::MainWindowRenderer {
 
 using WindowDrawing::Clip; // the region is the section "normal"
 
@@ -33,7 +31,5 @@ Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& 
 // pixels, `scale` times as large as they are. The canvas's state is as before afterwards.
 void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
           Clip clip);
-
-}
 
 }

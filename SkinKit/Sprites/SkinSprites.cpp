@@ -424,7 +424,7 @@ constexpr const Placed* find(std::string_view name)
 constexpr bool isOn(std::string_view name, std::string_view sheet)
 {
     const Placed* const placed = find(name);
-    return placed && placed->sheet == sheet;
+    return placed != nullptr && placed->sheet == sheet;
 }
 
 static_assert(std::size(allSheets) == sheetCount);

@@ -21,7 +21,7 @@ bool isLong(std::string_view text)
 
 std::string loopText(std::string_view text)
 {
-    std::string composed = Unicode::composed(text);
+    const std::string composed = Unicode::composed(text);
     const std::size_t units = length(composed);
     if (units < maxLength)
         return composed + std::string(maxLength - units, ' ');

@@ -120,7 +120,7 @@ bool read(const JSON& json, std::vector<std::string>& texts)
 
 bool isNull(const JSON& json)
 {
-    return json.as<std::monostate>();
+    return json.as<std::monostate>() != nullptr;
 }
 
 std::optional<CorpusRecord> parseAny(std::string_view line)
