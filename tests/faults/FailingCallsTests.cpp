@@ -75,6 +75,7 @@ protected:
             "FAILING_CALL=" + std::to_string(number), "FAILING_HOW=" + failure.how};
         if (failure.goesOn)
             setting.variables.push_back("FAILING_ON=1");
+        setting.variables.insert(setting.variables.end(), variables_.begin(), variables_.end());
         Run run{support::run(program_, arguments_, setting)};
         const auto bytes = support::readFile(counter);
         std::memcpy(&run.calls, bytes.data(), sizeof(run.calls));
@@ -109,7 +110,7 @@ protected:
         const Failures& failures = allFailures,
         bool (*isSaid)(const ByteBuffer&) = [](const ByteBuffer&) { return false; }) const
     {
-        const auto clean = support::run(program_, arguments_);
+        const auto clean = support::run(program_, arguments_, {.variables = variables_});
         ASSERT_LT(clean.status, 2) << clean.err;
         const auto whole = filesOf(output());
 
@@ -181,6 +182,7 @@ protected:
     support::TemporaryFolder counters_;
     fs::path program_ = SHARED_SKINTOOL;
     Words arguments_;
+    Words variables_;         // of the environment
     bool mayBeEmpty_ = false; // a file that was not written to its end
 
     void SetUp() override
@@ -259,6 +261,7 @@ TEST_F(FailingCalls, LeaveNoDamagedGallery)
 TEST_F(FailingCalls, LeaveNoDamagedThumbnail)
 {
     program_ = SHARED_THUMBNAILER;
+    variables_ = {support::variableForTheShutIn};
     mayBeEmpty_ = true;
     arguments_ = {path("skin.wsz"), path("out/a.png")};
     expectFilesWholeOrAsBefore();

@@ -44,7 +44,8 @@ protected:
     }
     static Outcome thumbnailer(const Words& arguments)
     {
-        return support::run(THUMBNAILER_PROGRAM, arguments, {.seconds = 60});
+        return support::run(THUMBNAILER_PROGRAM, arguments,
+                            {.seconds = 60, .variables = {support::variableForTheShutIn}});
     }
     // A script for bash, whose arguments it finds in $1 and so on.
     static Outcome script(const std::string& text, Words arguments)
