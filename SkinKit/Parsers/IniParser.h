@@ -14,7 +14,8 @@ using Sections = std::map<std::string, Section, std::less<>>;    // lower-cased 
 // Reads UTF-8 text. Of a key that occurs twice the later value counts; of a section whose header
 // occurs twice only the keys after the last header remain. Lines before the first header and lines
 // that begin with ";" say nothing, and a value knows no trailing comment. A value loses the quotes
-// (double or single, matching or not) at its two ends.
+// (double or single, matching or not) at its two ends. After 65,536 sections, or keys of one, new
+// ones are passed over.
 Sections parse(std::string_view text);
 
 }

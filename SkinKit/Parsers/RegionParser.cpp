@@ -43,19 +43,23 @@ std::optional<std::int64_t> coordinate(std::string_view piece)
     return static_cast<std::int64_t>(*number);
 }
 
+// Of one section; a thousand suit the most intricate window.
+constexpr std::size_t mostPoints = 262'144;
+
 SkinRegion::Polygon parsePoints(std::string_view list)
 {
     SkinRegion::Polygon points;
-    while (true) {
+    while (points.size() < mostPoints) {
         const auto first = takeCoordinate(list);
         const auto second = takeCoordinate(list);
         if (second.empty())
-            return points;
+            break;
         const auto x = coordinate(first);
         const auto y = coordinate(second);
         if (x && y)
             points.push_back({*x, *y});
     }
+    return points;
 }
 
 SkinRegion::Polygons dealOut(const SkinRegion::Polygon& points, std::string_view counts)

@@ -63,3 +63,19 @@ TEST(IniParser, TakesTheQuotesOffTheEndsOfAValue)
         EXPECT_EQ(IniParser::parse("[s]\nk=" + std::string(value)).at("s").at("k"), expected)
             << value;
 }
+
+TEST(IniParser, PassesOverNewNamesAfterFarMoreThanAnyTextHas)
+{
+    std::string keys = "[a]\n";
+    std::string sections;
+    for (int i = 0; i < 70'000; ++i) {
+        keys.append(std::to_string(i)).append("=1\n");
+        sections.append("[").append(std::to_string(i)).append("]\nkey=1\n");
+    }
+    const auto manyKeys = IniParser::parse(keys + "7=2\n").at("a");
+    EXPECT_EQ(manyKeys.size(), 65'536U);
+    EXPECT_EQ(manyKeys.at("7"), "2");
+    const auto manySections = IniParser::parse(sections);
+    EXPECT_EQ(manySections.size(), 65'536U);
+    EXPECT_EQ(manySections.at("65535").size(), 1U);
+}

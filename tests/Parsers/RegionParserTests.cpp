@@ -108,3 +108,13 @@ TEST(RegionParser, RepairsBytesThatAreNotUTF8)
                                                                   {{1, 1}, {2, 1}, {2, 2}}
     }));
 }
+
+TEST(RegionParser, KeepsNoMorePointsThanAnyWindowNeeds)
+{
+    std::string text = "[Normal]\nNumPoints=999999\nPointList=";
+    for (int i = 0; i < 262'145; ++i)
+        text += "1,2 ";
+    const auto region = RegionParser::parse(text);
+    ASSERT_EQ(region.section("normal")->size(), 1U);
+    EXPECT_EQ(region.section("normal")->front().size(), 262'144U);
+}
