@@ -20,6 +20,11 @@ void holdStandardStreams();
 // rather than the process's end.
 void reportFileSizeLimit();
 
+// Takes the memory that loading and drawing one skin needs from the system in one step, and keeps
+// it for what is allocated from then on. Page by page, as each is first touched, it would take a
+// tenth of a short process's time.
+void takeMemoryAtOnce();
+
 // Makes a pipe that nobody reads any more an error of the write.
 void reportBrokenPipes();
 

@@ -62,8 +62,8 @@ TEST(IniParser, PassesOverNewNamesAfterFarMoreThanAnyTextHas)
     std::string keys = "[a]\n";
     std::string sections;
     for (int i = 0; i < 70'000; ++i) {
-        keys += std::to_string(i) + "=1\n";
-        sections += "[" + std::to_string(i) + "]\nkey=1\n";
+        keys.append(std::to_string(i)).append("=1\n");
+        sections.append("[").append(std::to_string(i)).append("]\nkey=1\n");
     }
     const auto manyKeys = IniParser::parse(keys + "7=2\n").at("a");
     EXPECT_EQ(manyKeys.size(), 65'536U);
