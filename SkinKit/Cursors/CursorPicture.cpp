@@ -80,7 +80,7 @@ std::optional<CursorImage> decodePNG(ByteView bytes, Budget& budget)
     if (!spend(budget, size, std::ssize(bytes)))
         return std::nullopt;
 
-    auto image = PNGCodec::decode(bytes, {maxSide, maxSide * maxSide});
+    auto image = PNGCodec::decode(bytes, {maxSide, std::int64_t{maxSide} * maxSide});
     if (!image)
         return std::nullopt;
     return centred(std::move(*image), (*depthAndType)[0] * channelCount((*depthAndType)[1]));

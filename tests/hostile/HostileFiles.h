@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <ostream>
 #include <span>
 #include <string_view>
 
@@ -12,6 +13,11 @@ struct HostileFile {
     std::string_view what;
     // Makes the file or folder that is then opened, and what it needs beside it.
     void (*make)(const std::filesystem::path& path);
+
+    friend std::ostream& operator<<(std::ostream& stream, const HostileFile& file)
+    {
+        return stream << file.what;
+    }
 };
 
 std::span<const HostileFile> files();
