@@ -134,7 +134,7 @@ void decodePackedRow(const std::uint8_t* source, const Palette& palette, std::sp
     for (std::ptrdiff_t i = 0; i < whole; ++i)
         for (int shift = 8 - bitCount; shift >= 0; shift -= bitCount)
             *pixel++ = palette[static_cast<unsigned>(source[i]) >> shift & mask];
-    const auto rest = static_cast<int>(target.size()) % perByte;
+    const auto rest = static_cast<int>(target.size() % perByte);
     for (int i = 1; i <= rest; ++i)
         *pixel++ = palette[static_cast<unsigned>(source[whole]) >> (8 - i * bitCount) & mask];
 }
