@@ -4,6 +4,7 @@
 #include "SkinKit/Parsers/PlaylistStyleParser.h"
 #include "SkinKit/Parsers/RegionParser.h"
 #include "SkinKit/Parsers/VisColorParser.h"
+#include "SkinKit/Platform/Inflate.h"
 #include "SkinKit/Platform/PNGCodec.h"
 #include "SkinKit/Platform/Unicode.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
@@ -20,9 +21,6 @@ namespace SkinKit::SkinParser {
 namespace {
 
 using Names = std::set<std::string_view>;
-
-// No sprite reaches farther right or down.
-constexpr Size drawnSize{512, 512};
 
 std::string bitmapName(std::string_view sheet)
 {
@@ -47,10 +45,15 @@ private:
         if (!size)
             return std::nullopt;
         const std::int64_t pixels = std::int64_t{size->width} * size->height;
-        if (pixels > pixels_ || std::ssize(bytes) > bytes_)
+        const auto count = std::ssize(bytes);
+        if (size->width > BMPDecoder::maxSide || size->height > BMPDecoder::maxSide ||
+            pixels > BMPDecoder::maxPixels || pixels > pixels_ || count > bytes_)
             return std::nullopt;
-        pixels_ -= pixels;
-        bytes_ -= std::ssize(bytes);
+        // What it costs is what it can hold, not what it claims: a false size must not take the
+        // part of the sheets that follow.
+        constexpr std::int64_t mostPixelsPerByte = 8 * mostInflatedPerByte;
+        pixels_ -= std::min(pixels, mostPixelsPerByte * count);
+        bytes_ -= count;
         return PNGCodec::decode(bytes, {BMPDecoder::maxSide, BMPDecoder::maxPixels});
     }
 
@@ -61,10 +64,10 @@ private:
 // The corner of the image that sprites can lie in, in memory of its own.
 Image drawnPart(Image image)
 {
-    if (image.width() <= drawnSize.width && image.height() <= drawnSize.height)
+    if (image.width() <= SkinSprites::extent.width && image.height() <= SkinSprites::extent.height)
         return image;
-    const Size size{std::min(image.width(), drawnSize.width),
-                    std::min(image.height(), drawnSize.height)};
+    const Size size{std::min(image.width(), SkinSprites::extent.width),
+                    std::min(image.height(), SkinSprites::extent.height)};
     auto pixels = PixelBuffer::uncleared(size);
     for (int y = 0; y < size.height; ++y)
         std::ranges::copy(image.row(y).first(static_cast<std::size_t>(size.width)),

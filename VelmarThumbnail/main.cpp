@@ -53,11 +53,11 @@ void limitCosts(const ThumbnailerOptions& options)
     namespace Sandbox = SkinKit::Sandbox;
     const Sandbox::Limits limits;
     const std::string name = visible(options.input.string());
-    Sandbox::limitCosts(limits,
-                        {.outOfMemory = spoken(name + ": takes too much memory"),
-                         .outOfTime = spoken(name + ": takes longer than " +
-                                             std::to_string(limits.processorSeconds) + " seconds"),
-                         .status = trouble});
+    Sandbox::limitCosts(limits, {.outOfMemory = spoken(name + ": takes too much memory"),
+                                 .outOfTime = spoken(name + ": takes longer than " +
+                                                     std::to_string(limits.processorSeconds) +
+                                                     " seconds of processor time"),
+                                 .status = trouble});
 }
 
 ExitStatus print(const std::string& text)

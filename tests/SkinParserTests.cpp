@@ -232,6 +232,30 @@ TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
                   MainWindowRenderer::render(*cut, state, 1, MainWindowRenderer::Clip::none));
 }
 
+// What a damaged picture claims is not taken from the others' share.
+TEST(SkinParser, DecodesPNGSheetsBehindDamagedOnesThatClaimTheLargestSizes)
+{
+    for (const Size claimed : {
+             Size{4096, 2048},
+             {5792, 5792}
+    }) {
+        auto cut = *PNGCodec::encode(support::solidImage({1, 1}, {1, 2, 3}));
+        for (const auto& [offset, side] : {
+                 std::pair(18U, claimed.width), {22U, claimed.height}
+        }) {
+            cut[offset] = static_cast<std::uint8_t>(side >> 8);
+            cut[offset + 1] = static_cast<std::uint8_t>(side & 0xFF);
+        }
+        cut.resize(45);
+        SkinBuilder builder;
+        for (const auto* name :
+             {"balance.png", "cbuttons.png", "eq_ex.png", "eqmain.png", "gen.png"})
+            builder.file(name, cut);
+        builder.file("main.png", *PNGCodec::encode(support::solidImage({275, 116}, {1, 2, 3})));
+        EXPECT_FALSE(builder.parse()->generatedSheets.contains("MAIN"));
+    }
+}
+
 TEST(SkinParser, TakesPNGSheetsForUndecodableThatExceedWhatTheyShare)
 {
     const auto largest = *PNGCodec::encode(support::solidImage({4096, 2048}, {1, 2, 3}));

@@ -7,6 +7,7 @@
 #include "SkinKit/Platform/Unicode.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace SkinKit {
@@ -50,7 +51,7 @@ public:
     // number of entries may share one damaged stream; no honest archive has a hundred such.
     bool isFull() const
     {
-        return total_ >= limits_.maxTotalBytes || lost_ >= mostLost || padding_ >= mostPadding;
+        return total_ >= limits_.maxTotalBytes || lost_ >= mostLost_ || padding_ >= mostPadding;
     }
 
     // The name under which a file would be kept, or nothing when it is not wanted: no name, a name
@@ -77,38 +78,50 @@ public:
     // Nothing to keep (it could not be had, or had no room) leaves the budget as it was.
     void keep(std::string name, std::optional<ByteBuffer> bytes)
     {
-        if (!bytes) {
-            lost_ += room();
+        if (!bytes)
             return;
-        }
         total_ += std::ssize(*bytes);
         files_.emplace(std::move(name), std::move(*bytes));
     }
 
-    // How the next so many compressed bytes are to be taken. The first ones are read the fastest
-    // way, which serves all ordinary skins; where more follow, they might be there for their cost.
-    Care careFor(std::int64_t compressedBytes)
+    // How many blocks the next so many compressed bytes may spare, or null: the first ones are read
+    // the fastest way, which serves all ordinary skins; where more follow, they might be there for
+    // their cost.
+    std::int64_t* spareBlocksFor(std::int64_t compressedBytes)
     {
         constexpr std::int64_t mostTrusted = 2 << 20;
-        compressed_ += compressedBytes;
-        return compressed_ > mostTrusted ? Care::taken : Care::none;
+        compressed_ += std::min(compressedBytes, mostTrusted);
+        return compressed_ > mostTrusted ? &spareBlocks_ : nullptr;
     }
 
     // What a kept file took in the container beyond its own size.
     void notePadding(std::int64_t bytes) { padding_ += std::max<std::int64_t>(0, bytes); }
 
+    // So many compressed bytes were inflated within the room, for nothing.
+    void noteLoss(std::int64_t compressedBytes)
+    {
+        const std::int64_t most = mostInflatedPerByte * std::min(compressedBytes, room());
+        lost_ += std::min({room(), most, mostLost_ - lost_});
+    }
+
     SkinArchive::Table takeFiles() { return std::move(files_); }
 
 private:
-    static constexpr std::int64_t mostLost = 1 << 30;
+    static constexpr std::int64_t mostTries = 128; // of the largest files
     static constexpr std::int64_t mostPadding = 4 << 20;
 
     const SkinArchive::Limits& limits_;
+    // A gigabyte at the default limits.
+    std::int64_t mostLost_ = limits_.maxEntryBytes >
+                                     std::numeric_limits<std::int64_t>::max() / mostTries
+                                 ? std::numeric_limits<std::int64_t>::max()
+                                 : mostTries* limits_.maxEntryBytes;
     SkinArchive::Table files_;
     std::int64_t total_ = 0;
     std::int64_t lost_ = 0; // bytes of room offered to what could not be kept
     std::int64_t padding_ = 0;
-    std::int64_t compressed_ = 0; // bytes inflated so far
+    std::int64_t compressed_ = 0; // bytes inflated so far, as far as they matter
+    std::int64_t spareBlocks_ = 65'536;
 };
 
 // The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.
@@ -133,10 +146,12 @@ std::optional<ByteBuffer> extract(const ZipFile& zip, const ZipFile::Entry& entr
     const auto deflated = zip.rawBytes(entry, buffer);
     if (!deflated)
         return std::nullopt;
-    auto inflated =
-        inflate(*deflated, entry.uncompressedBytes, room, intake.careFor(entry.compressedBytes));
+    auto inflated = inflate(*deflated, entry.uncompressedBytes, room,
+                            intake.spareBlocksFor(entry.compressedBytes));
     if (inflated)
         intake.notePadding(entry.compressedBytes - std::ssize(*inflated));
+    else
+        intake.noteLoss(entry.compressedBytes);
     return inflated;
 }
 

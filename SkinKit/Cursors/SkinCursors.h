@@ -27,9 +27,8 @@ struct SkinCursors {
 
     bool operator==(const SkinCursors&) const = default;
 
-    // Never fails: a damaged file becomes an entry of `unreadable`.
-    // All cursors share the pixels of two files; a picture that finds too little left counts as
-    // damaged.
+    // Never fails: a damaged file becomes an entry of `unreadable`. All cursors share the pixels of
+    // two files; a picture that finds too little left counts as damaged.
     static SkinCursors load(const SkinArchive& archive);
 
     // One file, taken for what it holds: one that begins with "RIFF" is animated, any other static.

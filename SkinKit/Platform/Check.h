@@ -13,4 +13,12 @@ inline void check(bool holds, const char* what)
         fail(what);
 }
 
+// The same for memory that could not be had. It ends the process as `whenOutOfMemory` said, if that
+// was ever called.
+void checkMemory(bool isThere, const char* what);
+
+// Sets what ends the process when memory can't be had, in the library or by operator new. `end`
+// must not return. For programs: a library leaves that to its host.
+void whenOutOfMemory(void (*end)());
+
 }

@@ -147,10 +147,9 @@ Result<Kind> kind(const std::filesystem::path& path)
 
 bool isForWhatItIs(std::error_code error)
 {
-    const std::errc reasons[] = {
-        std::errc::file_too_large,    std::errc::is_a_directory,
-        std::errc::not_supported,     std::errc::no_such_file_or_directory,
-        std::errc::permission_denied, std::errc::too_many_symbolic_link_levels};
+    const std::errc reasons[] = {std::errc::file_too_large, std::errc::is_a_directory,
+                                 std::errc::not_supported, std::errc::no_such_file_or_directory,
+                                 std::errc::too_many_symbolic_link_levels};
     return std::ranges::any_of(reasons, [&](std::errc reason) { return error == reason; });
 }
 

@@ -27,8 +27,8 @@ enum class Kind { regularFile, folder, other };
 // What `path` leads to, links followed.
 Result<Kind> kind(const std::filesystem::path& path);
 
-// Whether a file was not read because of what it is (too large, no regular file, a link, gone, not
-// for us to read), and not because reading failed.
+// Whether a file was not read because of what it is (too large, no regular file, a link, gone), and
+// not because reading failed.
 bool isForWhatItIs(std::error_code error);
 
 // The path by whose last component a person knows the file: without slashes at its end, and with a

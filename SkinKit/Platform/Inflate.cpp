@@ -21,7 +21,7 @@ using Decompressor = std::unique_ptr<libdeflate_decompressor, FreeDecompressor>;
 libdeflate_decompressor* threadDecompressor()
 {
     thread_local const Decompressor decompressor(libdeflate_alloc_decompressor());
-    check(decompressor != nullptr, "no memory for a decompressor");
+    checkMemory(decompressor != nullptr, "no memory for a decompressor");
     return decompressor.get();
 }
 
@@ -40,28 +40,33 @@ Outcome inflateFast(ByteBuffer& bytes, ByteView deflated)
 }
 
 // Stops at the end of each block, to count them.
-Outcome inflateCounting(ByteBuffer& bytes, ByteView deflated)
+Outcome inflateCounting(ByteBuffer& bytes, ByteView deflated, std::int64_t& spareBlocks)
 {
     constexpr int rawWindow = -15;
-    constexpr uLong smallestBlock = 256; // bytes that a block yields, in the mean
-    constexpr uLong fewBlocks = 64;
+    constexpr std::int64_t smallestBlock = 128; // bytes that a block yields, in the mean
+    constexpr std::int64_t fewBlocks = 64;
     constexpr int atBlockEnd = 128;
     z_stream stream{};
-    check(inflateInit2(&stream, rawWindow) == Z_OK, "no memory for a decompressor");
+    checkMemory(inflateInit2(&stream, rawWindow) == Z_OK, "no memory for a decompressor");
     const std::unique_ptr<z_stream, decltype(&inflateEnd)> closer(&stream, inflateEnd);
     std::uint8_t nowhere = 0; // zlib wants a place to write to even where there is no room
     stream.next_in = const_cast<Bytef*>(deflated.data());
     stream.avail_in = static_cast<uInt>(deflated.size());
     stream.next_out = bytes.empty() ? &nowhere : bytes.data();
     stream.avail_out = static_cast<uInt>(bytes.size());
-    uLong blocks = 0;
+    std::int64_t blocks = 0; // not counting what the spare ones have paid for
     int result = Z_OK;
     bool isAtBlockEnd = false;
     do {
         result = ::inflate(&stream, Z_BLOCK);
         isAtBlockEnd = (stream.data_type & atBlockEnd) != 0;
-        if (isAtBlockEnd && ++blocks > fewBlocks + stream.total_out / smallestBlock)
-            return Outcome::damaged;
+        const auto written = static_cast<std::int64_t>(stream.total_out);
+        if (isAtBlockEnd && ++blocks > fewBlocks + written / smallestBlock) {
+            if (spareBlocks == 0)
+                return Outcome::damaged;
+            --spareBlocks;
+            --blocks;
+        }
         // A block of a few bits that were read before counts as no progress.
     } while (result == Z_OK || (result == Z_BUF_ERROR && isAtBlockEnd));
     if (result == Z_STREAM_END) {
@@ -71,29 +76,29 @@ Outcome inflateCounting(ByteBuffer& bytes, ByteView deflated)
     return result == Z_BUF_ERROR && stream.avail_out == 0 ? Outcome::tooLong : Outcome::damaged;
 }
 
-Outcome inflateInto(ByteBuffer& bytes, std::int64_t room, ByteView deflated, Care care)
+Outcome inflateInto(ByteBuffer& bytes, std::int64_t room, ByteView deflated,
+                    std::int64_t* spareBlocks)
 {
     constexpr std::int64_t countable = std::numeric_limits<uInt>::max();
     bytes.resize(static_cast<std::size_t>(room));
     const bool canCount = std::ssize(deflated) <= countable && room <= countable;
-    return care == Care::taken && canCount ? inflateCounting(bytes, deflated)
-                                           : inflateFast(bytes, deflated);
+    return spareBlocks && canCount ? inflateCounting(bytes, deflated, *spareBlocks)
+                                   : inflateFast(bytes, deflated);
 }
 
 }
 
 std::optional<ByteBuffer> inflate(ByteView deflated, std::int64_t expectedBytes,
-                                  std::int64_t maxBytes, Care care)
+                                  std::int64_t maxBytes, std::int64_t* spareBlocks)
 {
     check(maxBytes >= 0, "a limit must not be negative");
-    // No stream says more than 258 bytes in two bits, so a false size can't ask for much memory.
-    constexpr std::int64_t mostPerByte = std::int64_t{258} * 4;
-    maxBytes = std::min(maxBytes, mostPerByte * std::ssize(deflated));
+    // A false size can't ask for much memory.
+    maxBytes = std::min(maxBytes, mostInflatedPerByte * std::ssize(deflated));
     const std::int64_t firstRoom = std::clamp<std::int64_t>(expectedBytes, 0, maxBytes);
     ByteBuffer bytes;
-    auto result = inflateInto(bytes, firstRoom, deflated, care);
+    auto result = inflateInto(bytes, firstRoom, deflated, spareBlocks);
     if (result == Outcome::tooLong && firstRoom < maxBytes)
-        result = inflateInto(bytes, maxBytes, deflated, care);
+        result = inflateInto(bytes, maxBytes, deflated, spareBlocks);
     if (result != Outcome::done)
         return std::nullopt;
 

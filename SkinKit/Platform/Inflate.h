@@ -7,17 +7,18 @@
 
 namespace SkinKit {
 
-// A stream may consist of blocks that hold nothing but tables to be built, which costs a hundred
-// times what its bytes would otherwise.
-enum class Care {
-    none,  // the fastest way
-    taken, // slower by half; a stream of far more blocks than what comes out of it needs is damaged
-};
+// The most bytes that a byte of a deflate stream can stand for: 258 in two bits.
+inline constexpr std::int64_t mostInflatedPerByte = std::int64_t{258} * 4;
 
 // Decompresses a raw deflate stream. `expectedBytes` is where to start; a stream that holds more is
 // tried again with all of `maxBytes`. Nothing when the stream is damaged, cut short, or longer than
 // `maxBytes`. What follows the stream's end is ignored.
+//
+// A stream may consist of blocks that hold nothing but tables to be built, which costs a hundred
+// times what its bytes would otherwise. So with `spareBlocks` they are counted, which is slower by
+// half: a stream that has more of them than one for each 128 bytes that come out, and 64, takes the
+// rest from there, and counts as damaged where they are not enough.
 std::optional<ByteBuffer> inflate(ByteView deflated, std::int64_t expectedBytes,
-                                  std::int64_t maxBytes, Care care = Care::none);
+                                  std::int64_t maxBytes, std::int64_t* spareBlocks = nullptr);
 
 }

@@ -35,7 +35,7 @@ void onWarning(png_structp, png_const_charp) {}
 png_voidp allocate(png_structp, png_alloc_size_t size)
 {
     void* const memory = std::malloc(size);
-    check(memory != nullptr, "no memory for a PNG file");
+    checkMemory(memory != nullptr, "no memory for a PNG file");
     return memory;
 }
 
@@ -45,7 +45,7 @@ struct Reader {
         png = png_create_read_struct_2(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning, nullptr,
                                        allocate, nullptr);
         info = png ? png_create_info_struct(png) : nullptr;
-        check(info != nullptr, "no memory for the PNG reader");
+        checkMemory(info != nullptr, "no memory for the PNG reader");
     }
     ~Reader() { png_destroy_read_struct(&png, &info, nullptr); }
     Reader(const Reader&) = delete;
@@ -155,7 +155,7 @@ struct Writer {
         png = png_create_write_struct_2(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning, nullptr,
                                         allocate, nullptr);
         info = png ? png_create_info_struct(png) : nullptr;
-        check(info != nullptr, "no memory for the PNG writer");
+        checkMemory(info != nullptr, "no memory for the PNG writer");
     }
     ~Writer() { png_destroy_write_struct(&png, &info); }
     Writer(const Writer&) = delete;
@@ -259,7 +259,7 @@ ByteBuffer compressed(ByteView bytes)
     constexpr int level = 3;
     thread_local const std::unique_ptr<libdeflate_compressor, FreeCompressor> compressor(
         libdeflate_alloc_compressor(level));
-    check(compressor != nullptr, "no memory for a compressor");
+    checkMemory(compressor != nullptr, "no memory for a compressor");
     ByteBuffer target(libdeflate_zlib_compress_bound(compressor.get(), bytes.size()));
     target.resize(libdeflate_zlib_compress(compressor.get(), bytes.data(), bytes.size(),
                                            target.data(), target.size()));

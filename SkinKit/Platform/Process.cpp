@@ -13,7 +13,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <initializer_list>
-#include <new>
 
 namespace SkinKit::Process {
 namespace {
@@ -29,7 +28,7 @@ void nameThread(const char* name)
 
 void endWithoutMemory()
 {
-    std::set_new_handler([] { fail("no memory"); });
+    whenOutOfMemory([] { fail("no memory"); });
 }
 
 void holdStandardStreams()

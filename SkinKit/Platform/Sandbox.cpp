@@ -1,5 +1,7 @@
 #include "SkinKit/Platform/Sandbox.h"
 
+#include "SkinKit/Platform/Check.h"
+
 #include <seccomp.h>
 #include <signal.h>
 #include <sys/mman.h>
@@ -13,7 +15,6 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
-#include <new>
 #include <string_view>
 #include <utility>
 
@@ -58,7 +59,7 @@ volatile sig_atomic_t outputFile = -1;
 
 bool setHandlers()
 {
-    std::set_new_handler([] { endSaying(lastWords->outOfMemory); });
+    whenOutOfMemory([] { endSaying(lastWords->outOfMemory); });
     struct ::sigaction action{};
     action.sa_handler = [](int) { endSaying(lastWords->outOfTime); };
     return ::sigaction(SIGXCPU, &action, nullptr) == 0;

@@ -37,7 +37,7 @@ PixelBuffer PixelBuffer::transparent(Size size)
 PixelBuffer::PixelBuffer(Size size, void* memory)
     : size_(size), pixels_(static_cast<Pixel*>(memory))
 {
-    check(memory != nullptr, "no memory for a raster");
+    checkMemory(memory != nullptr, "no memory for a raster");
 }
 
 std::shared_ptr<const Pixel[]> PixelBuffer::share() &&

@@ -439,7 +439,9 @@ static_assert(std::ranges::adjacent_find(sortedSprites, {}, [](const Placed& pla
                   return placed.sprite.name;
               }) == sortedSprites.end());
 static_assert(std::ranges::all_of(sortedSprites, [](const Placed& placed) {
-    return placed.sprite.x >= 0 && placed.sprite.y >= 0 && !placed.sprite.rect().isEmpty();
+    const auto& sprite = placed.sprite;
+    return sprite.x >= 0 && sprite.y >= 0 && !sprite.rect().isEmpty() &&
+           sprite.x + sprite.width <= extent.width && sprite.y + sprite.height <= extent.height;
 }));
 static_assert(std::ranges::all_of(fallbackTable, [](const Fallback& fallback) {
     return find(fallback.name) && find(fallback.substitute);

@@ -18,6 +18,9 @@ struct Sheet {
 
 inline constexpr std::size_t sheetCount = 16;
 
+// No sprite reaches farther right or down in its sheet.
+inline constexpr Size extent{512, 512};
+
 // All sheets, in ascending byte order of their names.
 std::span<const Sheet> sheets();
 // The sprites of one sheet in table order; none for an unknown name.

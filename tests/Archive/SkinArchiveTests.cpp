@@ -317,6 +317,40 @@ TEST(SkinArchive, GivesUpOnAnArchiveWhoseEntriesOnlyCostWork)
     EXPECT_TRUE(archive->files().empty());
 }
 
+TEST(SkinArchive, ReadsOnBehindAnyNumberOfEntriesThatCostNoWork)
+{
+    ZipWriter zip;
+    for (int i = 0; i < 500; ++i) {
+        const std::string name = std::to_string(i);
+        zip.add({.name = name + ".bmp", .data = {}, .method = 12, .stored = bytes("x")});
+        zip.add({.name = name + ".png", .data = {}, .stored = bytes("no stream")});
+    }
+    zip.add("last.txt", bytes("x"));
+    for (const std::int64_t most : {std::int64_t{8} << 20, INT64_MAX})
+        EXPECT_EQ(namesOf(opened(zip, {.maxEntryBytes = most, .maxTotalBytes = most})),
+                  Names{"last.txt"});
+}
+
+// Such as a writer makes that flushes its buffer all the time, far behind the archive's start.
+TEST(SkinArchive, ReadsStreamsOfManySmallBlocks)
+{
+    std::mt19937 random(1);
+    ByteBuffer noise(3 << 20);
+    std::ranges::generate(noise, [&] { return static_cast<std::uint8_t>(random()); });
+    ByteBuffer flushed;
+    for (int i = 0; i < 2000; ++i) // a stored block of 100 bytes, an empty one
+        for (const ByteBuffer& block : {
+                 ByteBuffer{0, 100, 0, 0x9B, 0xFF},
+                 ByteBuffer(100, 'a'),
+                 ByteBuffer{0, 0,   0, 0xFF, 0xFF}
+        })
+            support::append(flushed, block);
+    support::append(flushed, ByteBuffer{1, 0, 0, 0xFF, 0xFF});
+    ZipWriter zip;
+    zip.add("first.bmp", noise).add({.name = "flushed.txt", .data = {}, .stored = flushed});
+    EXPECT_EQ(opened(zip).files().at("flushed.txt"), ByteBuffer(200'000, 'a'));
+}
+
 TEST(SkinArchive, ReadsLargeEntriesThatDontCompressAndGivesUpOnThoseThatArePadded)
 {
     std::mt19937 random(1);

@@ -110,6 +110,7 @@ TEST_F(Surroundings, EndWithOneLineWhereMemoryRunsOut)
         GTEST_SKIP() << "the sanitizers take more address space than any limit leaves";
     fs::remove(path("a.png"));
     int ended = 0;
+    int thumbnailsEnded = 0;
     for (long limit = 16 * mebibyte; limit < 300 * mebibyte; limit += 19 * mebibyte) {
         const auto outcome = skintool(drawing, {.maxMemoryBytes = limit});
         if (outcome.status == 0)
@@ -119,8 +120,20 @@ TEST_F(Surroundings, EndWithOneLineWhereMemoryRunsOut)
         EXPECT_TRUE(outcome.err.starts_with("SkinKit: no memory") && hasLineAtATime(outcome.err))
             << limit << " " << outcome.err;
         EXPECT_FALSE(fs::exists(path("a.png")));
+
+        const auto thumbnail =
+            support::run(THUMBNAILER_PROGRAM, {"-s", "4096", path("skin.wsz"), path("b.png")},
+                         {.maxMemoryBytes = limit});
+        if (thumbnail.status != 0) {
+            EXPECT_EQ(thumbnail.status, 2) << limit;
+            EXPECT_EQ(thumbnail.err,
+                      "velmar-thumbnailer: " + path("skin.wsz") + ": takes too much memory\n");
+            EXPECT_EQ(support::readFile(path("b.png")), ByteBuffer()) << limit;
+            ++thumbnailsEnded;
+        }
     }
     EXPECT_GT(ended, 2);
+    EXPECT_GT(thumbnailsEnded, 0);
 }
 
 TEST_F(Surroundings, WriteNoTalkIntoFilesWhereStreamsAreClosed)
@@ -213,7 +226,9 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
 {
     folder_.write("secret.wsz", support::readFile(path("skin.wsz")));
     fs::create_directory(folder_ / "closed");
-    for (const auto* name : {"secret.wsz", "closed"})
+    fs::create_directory(folder_ / "skin");
+    folder_.write("skin/main.bmp", support::readFile(path("skin.wsz")));
+    for (const auto* name : {"secret.wsz", "closed", "skin/main.bmp"})
         fs::permissions(path(name), fs::perms::none);
     fs::permissions(folder_.path(),
                     fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec);
@@ -223,7 +238,7 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
             as=(setpriv --reuid=65534 --regid=65534 --clear-groups)
             "${as[@]}" test -x "$1" || exit 77
         fi
-        for input in "$2/secret.wsz" "$2/closed"; do
+        for input in "$2/secret.wsz" "$2/closed" "$2/skin"; do
             "${as[@]}" "$1" info "$input" && exit 1
         done
         "${as[@]}" "$1" --png "$2/closed/a.png" "$2/skin.wsz"
@@ -236,6 +251,7 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
     EXPECT_EQ(outcome.err,
               "skintool: " + path("secret.wsz") + ": Unreadable archive: Permission denied\n" +
                   "skintool: " + path("closed") + ": Unreadable archive: Permission denied\n" +
+                  "skintool: " + path("skin") + ": Unreadable archive: Permission denied\n" +
                   "skintool: " + path("closed/a.png") + ": Permission denied\n");
 }
 
