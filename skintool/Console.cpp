@@ -21,7 +21,7 @@ void printLine(std::FILE* stream, std::string_view line)
 void print(std::string_view line)
 {
     printLine(stdout, line);
-    if (std::ferror(stdout) && outputError == 0)
+    if (std::ferror(stdout) != 0 && outputError == 0)
         outputError = errno;
 }
 

@@ -1,28 +1,21 @@
 #include "SkinKit/Display/MediaInfoText.h"
 
+#include "SkinKit/Platform/Numbers.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace SkinKit::MediaInfoText {
-namespace {
-
-std::string padded(const std::string& text, std::size_t width)
-{
-    return std::string(width - std::min(width, text.size()), ' ') + text;
-}
-
-}
-
 std::string kbps(std::optional<int> bitrateKbps)
 {
     constexpr std::size_t width = 3;
     const int rate = std::max(0, bitrateKbps.value_or(0));
     const std::string digits = std::to_string(rate);
     if (rate >= 10'000)
-        return padded(digits.substr(0, 1) + "C", width);
+        return Numbers::padded(digits.substr(0, 1) + "C", width);
     if (rate >= 1000)
         return digits.substr(0, 2) + "H";
-    return padded(digits, width);
+    return Numbers::padded(digits, width);
 }
 
 std::string khz(std::optional<double> sampleRate)
@@ -37,7 +30,7 @@ std::string khz(std::optional<double> sampleRate)
     if (rate >= 100)
         return digits.substr(1, width);
     if (rate <= 10)
-        return padded(digits.substr(0, 1), width);
+        return Numbers::padded(digits.substr(0, 1), width);
     return digits;
 }
 

@@ -65,4 +65,9 @@ std::string oneDecimal(double value)
                               .ptr);
 }
 
+std::string padded(const std::string& text, std::size_t width)
+{
+    return std::string(width - std::min(width, text.size()), ' ') + text;
+}
+
 }

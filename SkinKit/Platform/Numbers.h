@@ -38,4 +38,7 @@ std::string shortest(double value);
 // One digit behind the point, to nearest: 99.5.
 std::string oneDecimal(double value);
 
+// The number's text behind blanks, at least so wide.
+std::string padded(const std::string& text, std::size_t width);
+
 }

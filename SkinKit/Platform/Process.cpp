@@ -5,11 +5,11 @@
 #include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
+#include <signal.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <initializer_list>

@@ -3,6 +3,7 @@
 #include "SkinKit/Platform/Numbers.h"
 #include "SkinKit/Platform/Process.h"
 
+#include <tuple>
 #include <utility>
 
 namespace SkinKit {
@@ -133,7 +134,7 @@ std::error_code CorpusWatchdog::answerLocked(CorpusRecord& result)
     result.t = CorpusRecord::now();
     const auto error = writeLocked(result);
     if (error)
-        handle_.cut(current_->place);
+        std::ignore = handle_.cut(current_->place); // the first error is the one to tell
     current_.reset();
     return error;
 }

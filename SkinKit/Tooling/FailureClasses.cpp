@@ -40,7 +40,7 @@ std::string errorClassKey(std::string_view error)
 
 std::string warningClassKey(std::string_view warning)
 {
-    std::string key = Unicode::lowercased(warning);
+    const std::string key = Unicode::lowercased(warning);
     if (key.starts_with("missing ") || key.starts_with("undecodable "))
         return without(key, ".bmp");
     return key.contains("viscolor") ? "viscolor" : key;

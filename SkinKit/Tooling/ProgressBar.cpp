@@ -11,11 +11,6 @@
 namespace SkinKit::ProgressBar {
 namespace {
 
-std::string padded(std::string text, std::size_t width)
-{
-    return std::string(width - std::min(width, text.size()), ' ') + text;
-}
-
 // "0:07", "12:34", "1:02:03".
 std::string duration(double seconds)
 {
@@ -54,8 +49,9 @@ std::string line(const Numbers& numbers, double seconds, int columns)
             : std::clamp(static_cast<double>(answered) / static_cast<double>(numbers.total), 0.0,
                          1.0);
 
-    std::string text = padded(SkinKit::Numbers::oneDecimal(share * 100), widestShare) + "%  " +
-                       std::to_string(answered) + "/" + std::to_string(numbers.total) + " ";
+    std::string text =
+        SkinKit::Numbers::padded(SkinKit::Numbers::oneDecimal(share * 100), widestShare) + "%  " +
+        std::to_string(answered) + "/" + std::to_string(numbers.total) + " ";
     text += numbers.what;
     if (numbers.done > 0) {
         const auto left = static_cast<double>(numbers.total - answered);

@@ -64,7 +64,7 @@ struct RegionBounds {
 
     std::string text() const
     {
-        const std::string counts = counted(polygons, "polygon") + ", " + counted(points, "point");
+        std::string counts = counted(polygons, "polygon") + ", " + counted(points, "point");
         if (points == 0)
             return counts;
         return counts + ", from " + std::to_string(left) + ", " + std::to_string(top) + " to " +
