@@ -1,5 +1,6 @@
 #include "SkinKit/Platform/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
