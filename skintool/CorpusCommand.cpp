@@ -75,7 +75,7 @@ const std::string_view help = R"(Examples:
 Parses and renders every different .wsz and .zip file below <dir>, one at a time,
 and adds what came of each to results.jsonl in the output folder, a JSON object a
 line. A skin that takes too long or too much memory ends the process, and so may
-one that crashes it; run again with --resume until the status is 0 or 2.
+one that crashes it; run again with --resume after 124, 125 or a signal's status.
 
 Options:
   --out <dir>           the folder for the results, made if it is missing

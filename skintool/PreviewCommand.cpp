@@ -63,7 +63,9 @@ ExitStatus run(const PreviewOptions& options)
         return write(*page, *output, options.mhtml);
 
     Console::sayError(options.input, page.error());
-    write(SkinPreviewPage::failure(options.input, page.error()), *output, options.mhtml);
+    // A name that is mistyped needs no page.
+    if (Files::kind(options.input))
+        write(SkinPreviewPage::failure(options.input, page.error()), *output, options.mhtml);
     return trouble;
 }
 
@@ -76,7 +78,7 @@ const std::string_view help = R"(Examples:
 
 The page shows the skin's name, its main window, the loader's warnings and the skin's
 read-me text. It is one file that needs nothing else, and holds no script. A skin that
-is refused gives a page that says why, and status 2.
+is refused gives a page that says why, and status 2; a file that is not there gives none.
 
 Options:
   --out <file>   where to write (default: the skin's name with ".html" or ".mhtml", in

@@ -2,6 +2,8 @@
 
 #include "SkinKit/Display/HTMLText.h"
 
+#include <algorithm>
+
 namespace SkinKit::SkinGalleryPage {
 namespace {
 
@@ -23,11 +25,13 @@ img, .refused { display: block; max-width: 100%; height: auto; image-rendering: 
 h2 { font-size: 14px; margin: 8px 0 0; }
 h2 a { color: inherit; }
 .path { color: var(--dim); font-size: 12px; margin: 0; }
-details { color: var(--warn); font-size: 12px; margin-top: 4px; }
+details { color: var(--dim); font-size: 12px; margin-top: 4px; }
+.warning { color: var(--warn); }
 ul { margin: 4px 0 0; padding-left: 18px; }
 )";
 
 constexpr std::string_view script = R"(
+const all = document.querySelector("#count").textContent;
 const cards = [...document.querySelectorAll("article")];
 const main = document.querySelector("main");
 const filter = document.querySelector("#filter");
@@ -50,8 +54,7 @@ function show() {
     card.hidden = !words.every(word => texts.get(card).includes(word));
     shown += !card.hidden;
   }
-  document.querySelector("#count").textContent =
-    shown === cards.length ? cards.length + " skins" : shown + " of " + cards.length + " skins";
+  document.querySelector("#count").textContent = shown === cards.length ? all : shown + " of " + all;
 }
 filter.addEventListener("input", show);
 sort.addEventListener("change", () => main.append(...[...cards].sort(orders[sort.value])));
@@ -77,15 +80,32 @@ std::string escaped(std::string_view text)
     return HTMLText::escaped(text, HTMLText::Apostrophe::kept);
 }
 
-std::string noteList(const std::vector<std::string>& notes)
+std::size_t noteCount(const Card& card)
 {
-    if (notes.empty())
+    return card.warnings.size() + card.fallbacks.size();
+}
+
+std::string noteList(const Card& card)
+{
+    const std::size_t count = noteCount(card);
+    if (count == 0)
         return {};
-    std::string list = "<details><summary>" + std::to_string(notes.size()) +
-                       (notes.size() == 1 ? " note" : " notes") + "</summary>\n<ul>\n";
-    for (const auto& note : notes)
-        list += "<li>" + escaped(note) + "</li>\n";
+    std::string list = card.warnings.empty() ? "<details>" : "<details class=\"warning\">";
+    list += "<summary>" + std::to_string(count) + (count == 1 ? " note" : " notes");
+    list += "</summary>\n<ul>\n";
+    for (const auto* const notes : {&card.warnings, &card.fallbacks})
+        for (const auto& note : *notes)
+            list += "<li>" + escaped(note) + "</li>\n";
     return list += "</ul></details>\n";
+}
+
+std::string countOf(const std::vector<Card>& cards)
+{
+    std::string text = std::to_string(cards.size()) + (cards.size() == 1 ? " skin" : " skins");
+    if (const auto refused =
+            std::ranges::count_if(cards, [](const Card& card) { return card.error.has_value(); }))
+        text += ", " + std::to_string(refused) + " refused";
+    return text;
 }
 
 std::string picture(const Card& card, Size size)
@@ -104,11 +124,11 @@ std::string article(const Card& card, Size size)
 {
     std::string html = "<article data-state=\"";
     html += card.error ? "refused" : "drawn";
-    html += "\" data-notes=\"" + std::to_string(card.notes.size()) + "\">\n";
+    html += "\" data-notes=\"" + std::to_string(noteCount(card)) + "\">\n";
     html += picture(card, size);
     html += "<h2><a href=\"" + escaped(card.preview) + "\">" + escaped(card.name) + "</a></h2>\n";
     html += "<p class=\"path\">" + escaped(card.path) + "</p>\n";
-    html += noteList(card.notes);
+    html += noteList(card);
     return html += "</article>\n";
 }
 
@@ -124,8 +144,8 @@ std::string html(std::string_view title, const std::vector<Card>& cards, Size pi
     page += style;
     page += "main { grid-template-columns: repeat(auto-fill, min(100%, " +
             std::to_string(pictureSize.width + cardBorders) + "px)); }\n</style></head><body>\n";
-    page += "<header><h1>" + escaped(title) + "</h1><span id=\"count\">" +
-            std::to_string(cards.size()) + " skins</span>\n";
+    page +=
+        "<header><h1>" + escaped(title) + "</h1><span id=\"count\">" + countOf(cards) + "</span>\n";
     page += controls;
     page += "</header>\n<main>\n";
     for (const Card& card : cards)

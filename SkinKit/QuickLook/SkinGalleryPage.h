@@ -13,11 +13,12 @@ namespace SkinKit::SkinGalleryPage {
 // A skin on the page. All texts are UTF-8 and shown as they are, whatever they hold.
 struct Card {
     std::string name;
-    std::string path;                 // of its file, below the folder of the skins
-    std::optional<std::string> error; // why there is no picture
-    std::string picture;              // the address of its PNG file
-    std::string preview;              // the address of its own page
-    std::vector<std::string> notes;   // what the loader noticed
+    std::string path;                   // of its file, below the folder of the skins
+    std::optional<std::string> error;   // why there is no picture
+    std::string picture;                // the address of its PNG file
+    std::string preview;                // the address of its own page
+    std::vector<std::string> warnings;  // what is missing or broken
+    std::vector<std::string> fallbacks; // what was taken in its stead
 };
 
 // The page, with its style and the script that sorts and filters it; without script it shows all

@@ -58,8 +58,8 @@ public:
                                                        scale_, MainWindowRenderer::Clip::toRegion));
         if (const auto error = write(card.picture, picture.value_or(ByteBuffer())))
             return std::unexpected(*error);
-        card.notes = skin->warnings;
-        card.notes.insert(card.notes.end(), skin->fallbacks.begin(), skin->fallbacks.end());
+        card.warnings = skin->warnings;
+        card.fallbacks = skin->fallbacks;
         return card;
     }
 

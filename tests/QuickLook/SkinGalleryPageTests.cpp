@@ -12,7 +12,8 @@ TEST(SkinGalleryPage, ShowsEachCardWithItsTextsAsText)
                                                  .path = "a/<one>.wsz",
                                                  .picture = "p/1.png",
                                                  .preview = "v/1.html",
-                                                 .notes = {"<i>", "b"}},
+                                                 .warnings = {"<i>"},
+                                                 .fallbacks = {"b"}},
                                                 {.name = "two",
                                                  .path = "two.zip",
                                                  .error = "not <it>",
@@ -21,7 +22,8 @@ TEST(SkinGalleryPage, ShowsEachCardWithItsTextsAsText)
     },
                                             {550, 232});
     EXPECT_TRUE(page.contains("<title>&lt;b&gt;&amp;</title>"));
-    EXPECT_TRUE(page.contains("<h1>&lt;b&gt;&amp;</h1><span id=\"count\">2 skins</span>"));
+    EXPECT_TRUE(
+        page.contains("<h1>&lt;b&gt;&amp;</h1><span id=\"count\">2 skins, 1 refused</span>"));
     EXPECT_TRUE(page.contains(
         "<main>\n"
         "<article data-state=\"drawn\" data-notes=\"2\">\n"
@@ -29,7 +31,7 @@ TEST(SkinGalleryPage, ShowsEachCardWithItsTextsAsText)
         "alt=\"&quot;one&quot;\"></a>\n"
         "<h2><a href=\"v/1.html\">&quot;one&quot;</a></h2>\n"
         "<p class=\"path\">a/&lt;one&gt;.wsz</p>\n"
-        "<details><summary>2 "
+        "<details class=\"warning\"><summary>2 "
         "notes</summary>\n<ul>\n<li>&lt;i&gt;</li>\n<li>b</li>\n</ul></details>\n"
         "</article>\n"
         "<article data-state=\"refused\" data-notes=\"0\">\n"

@@ -370,6 +370,9 @@ TEST_F(Skintool, WritesAPageEvenOfASkinThatItRefusesAndSaysWhereItCannot)
     EXPECT_EQ(skintool({"preview", modern, "--out", path("page.html")}),
               trouble(modern + ": " + error));
     EXPECT_EQ(read("page.html"), bytes(SkinPreviewPage::failure(modern, error).html));
+    EXPECT_EQ(skintool({"preview", path("typo.wsz"), "--out", path("typo.html")}),
+              trouble(path("typo.wsz") + ": Unreadable archive: No such file or directory"));
+    EXPECT_FALSE(std::filesystem::exists(path("typo.html")));
     EXPECT_EQ(skintool({"preview", "/"}),
               trouble("/: has no name; --out says where the page goes"));
     EXPECT_EQ(skintool({"preview", skin, "--out", path("none/page.html")}),
