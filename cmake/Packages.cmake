@@ -74,6 +74,12 @@ endfunction()
 skinkit_papers(programs skintool)
 skinkit_papers(library ${libraryPackage})
 skinkit_papers(development libskinkit-dev)
+install(DIRECTORY examples/corpus USE_SOURCE_PERMISSIONS
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/skintool/examples
+  COMPONENT programs-papers EXCLUDE_FROM_ALL)
+install(DIRECTORY examples/player
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libskinkit-dev/examples
+  COMPONENT development-papers EXCLUDE_FROM_ALL)
 
 set(CPACK_COMPONENTS_ALL
   skintool thumbnailer programs-papers library library-papers development development-papers)
