@@ -90,7 +90,7 @@ public:
     std::int64_t* spareBlocksFor(std::int64_t compressedBytes)
     {
         constexpr std::int64_t mostTrusted = 2 << 20;
-        compressed_ += std::min(compressedBytes, mostTrusted);
+        compressed_ += std::min(compressedBytes, mostTrusted + 1);
         return compressed_ > mostTrusted ? &spareBlocks_ : nullptr;
     }
 
@@ -121,7 +121,7 @@ private:
     std::int64_t lost_ = 0; // bytes of room offered to what could not be kept
     std::int64_t padding_ = 0;
     std::int64_t compressed_ = 0; // bytes inflated so far, as far as they matter
-    std::int64_t spareBlocks_ = 65'536;
+    std::int64_t spareBlocks_ = 8192;
 };
 
 // The decompressed bytes of an entry, or nothing when it cannot be extracted within `room`.

@@ -43,7 +43,7 @@ Outcome inflateFast(ByteBuffer& bytes, ByteView deflated)
 Outcome inflateCounting(ByteBuffer& bytes, ByteView deflated, std::int64_t& spareBlocks)
 {
     constexpr int rawWindow = -15;
-    constexpr std::int64_t smallestBlock = 128; // bytes that a block yields, in the mean
+    constexpr std::int64_t smallestBlock = 2048; // bytes that a block yields, in the mean
     constexpr std::int64_t fewBlocks = 64;
     constexpr int atBlockEnd = 128;
     z_stream stream{};
