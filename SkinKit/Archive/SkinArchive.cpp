@@ -112,10 +112,9 @@ private:
 
     const SkinArchive::Limits& limits_;
     // A gigabyte at the default limits.
-    std::int64_t mostLost_ = limits_.maxEntryBytes >
-                                     std::numeric_limits<std::int64_t>::max() / mostTries
-                                 ? std::numeric_limits<std::int64_t>::max()
-                                 : mostTries* limits_.maxEntryBytes;
+    std::int64_t mostLost_ =
+        mostTries *
+        std::min(limits_.maxEntryBytes, std::numeric_limits<std::int64_t>::max() / mostTries);
     SkinArchive::Table files_;
     std::int64_t total_ = 0;
     std::int64_t lost_ = 0; // bytes of room offered to what could not be kept
