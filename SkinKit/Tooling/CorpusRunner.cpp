@@ -1,6 +1,7 @@
 #include "SkinKit/Tooling/CorpusRunner.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Platform/Check.h"
 #include "SkinKit/Platform/Files.h"
 #include "SkinKit/Platform/Journal.h"
 #include "SkinKit/Platform/Numbers.h"
@@ -123,6 +124,7 @@ CorpusRunner::CorpusRunner(fs::path corpus, fs::path out, Config config, Hooks h
           callbacks.isCancelled ? std::move(callbacks.isCancelled) : [] { return false; },
       }
 {
+    check(config_.skinsBetweenLines > 0, "lines of progress need skins between them");
 }
 
 // One run, step by step.

@@ -46,8 +46,8 @@ public:
         std::uint64_t seed = 1;
         bool resume = false;
         std::optional<std::filesystem::path> manifest;
-        double pollInterval = 0.25; // seconds between the watchdog's looks
-        std::int64_t skinsBetweenLines = 1000;
+        double pollInterval = 0.25;            // seconds between the watchdog's looks
+        std::int64_t skinsBetweenLines = 1000; // of progress; at least 1
 
         bool operator==(const Config&) const = default;
 
