@@ -1,7 +1,6 @@
 #include "SkinKit/Skin.h"
 
-#include "SkinKit/Layout/EQLayout.h"
-#include "SkinKit/Layout/MainSliders.h"
+#include "SkinKit/Sprites/SliderFrames.h"
 
 namespace SkinKit {
 
@@ -23,10 +22,10 @@ std::optional<Image> Skin::image(std::string_view sprite, Frame frame) const
 {
     const auto resolved = resolve(sprite);
     if (!resolved || frame.number < 0 ||
-        frame.number > resolved->rect.height / MainSliders::frameHeight)
+        frame.number > resolved->rect.height / SliderFrames::frameHeight)
         return std::nullopt;
     const Image& sheet = sheets.find(resolved->sheet)->second;
-    const Rect rect = MainSliders::frameRect(resolved->rect, frame.number);
+    const Rect rect = SliderFrames::frameRect(resolved->rect, frame.number);
     if (rect.bottom() > sheet.height() || rect.bottom() > resolved->rect.bottom())
         return std::nullopt;
     return sheet.crop(rect);
@@ -35,10 +34,10 @@ std::optional<Image> Skin::image(std::string_view sprite, Frame frame) const
 std::optional<Image> Skin::image(std::string_view sprite, BandFrame frame) const
 {
     const auto resolved = resolve(sprite);
-    if (!resolved || frame.number < 0 || frame.number >= EQLayout::frameCount)
+    if (!resolved || frame.number < 0 || frame.number >= SliderFrames::frameCount)
         return std::nullopt;
     const Image& sheet = sheets.find(resolved->sheet)->second;
-    const Rect rect = EQLayout::bandFrameRect(resolved->rect, frame.number);
+    const Rect rect = SliderFrames::bandFrameRect(resolved->rect, frame.number);
     if (rect.right() > sheet.width() || rect.bottom() > sheet.height())
         return std::nullopt;
     return sheet.crop(rect);

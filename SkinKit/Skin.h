@@ -1,10 +1,10 @@
 #pragma once
 
-#include "SkinKit/Cursors/SkinCursors.h"
-#include "SkinKit/Parsers/PlaylistStyle.h"
-#include "SkinKit/Parsers/VisColorParser.h"
-#include "SkinKit/Raster/Image.h"
-#include "SkinKit/SkinRegion.h"
+#include "SkinKit/Formats/PlaylistStyle.h"
+#include "SkinKit/Formats/SkinCursors.h"
+#include "SkinKit/Formats/SkinRegion.h"
+#include "SkinKit/Formats/VisColorParser.h"
+#include "SkinKit/Graphics/Image.h"
 #include "SkinKit/Sprites/SpriteFallbacks.h"
 
 #include <map>

@@ -1,17 +1,17 @@
 #include "SkinKit/SkinParser.h"
 
-#include "SkinKit/Parsers/BMPDecoder.h"
-#include "SkinKit/Parsers/PlaylistStyleParser.h"
-#include "SkinKit/Parsers/RegionParser.h"
-#include "SkinKit/Parsers/VisColorParser.h"
-#include "SkinKit/Platform/Inflate.h"
-#include "SkinKit/Platform/PNGCodec.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/LoadMeter.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Formats/PlaylistStyleParser.h"
+#include "SkinKit/Formats/RegionParser.h"
+#include "SkinKit/Formats/VisColorParser.h"
+#include "SkinKit/Graphics/BMPDecoder.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
+#include "SkinKit/System/Process.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
@@ -27,39 +27,12 @@ std::string bitmapName(std::string_view sheet)
     return Unicode::lowercased(sheet) + ".bmp";
 }
 
-// Decodes sheets. Those that are PNG files share a budget, from which each takes its part before it
-// is decoded: a hundred thousand bytes of PNG may take as long as all honest sheets together.
-class SheetDecoder {
-public:
-    // Files are taken for what they hold, not for what they are called.
-    std::optional<Image> decode(ByteView bytes)
-    {
-        auto image = decodePNG(bytes);
-        return image ? image : BMPDecoder::decode(bytes);
-    }
-
-private:
-    std::optional<Image> decodePNG(ByteView bytes)
-    {
-        const auto size = PNGCodec::size(bytes);
-        if (!size)
-            return std::nullopt;
-        const std::int64_t pixels = std::int64_t{size->width} * size->height;
-        const auto count = std::ssize(bytes);
-        if (size->width > BMPDecoder::maxSide || size->height > BMPDecoder::maxSide ||
-            pixels > BMPDecoder::maxPixels || pixels > pixels_ || count > bytes_)
-            return std::nullopt;
-        // What it costs is what it can hold, not what it claims: a false size must not take the
-        // part of the sheets that follow.
-        constexpr std::int64_t mostPixelsPerByte = 8 * mostInflatedPerByte;
-        pixels_ -= std::min(pixels, mostPixelsPerByte * count);
-        bytes_ -= count;
-        return PNGCodec::decode(bytes, {BMPDecoder::maxSide, BMPDecoder::maxPixels});
-    }
-
-    std::int64_t pixels_ = 32 << 20;
-    std::int64_t bytes_ = 16 << 20;
-};
+// Files are taken for what they hold, not for what they are called.
+std::optional<Image> decodeSheet(ByteView bytes, LoadMeter& meter)
+{
+    auto image = PNGCodec::decode(bytes, {BMPDecoder::maxSide, BMPDecoder::maxPixels}, meter);
+    return image ? image : BMPDecoder::decode(bytes);
+}
 
 // The corner of the image that sprites can lie in, in memory of its own.
 Image drawnPart(Image image)
@@ -79,16 +52,20 @@ Image drawnPart(Image image)
 // the steps.
 class Assembly {
 public:
-    explicit Assembly(const SkinArchive& archive) : archive_(archive) {}
+    explicit Assembly(const SkinArchive& archive)
+        : archive_(archive), meter_(Process::threadTime, archive.timeLeft())
+    {
+    }
+
+    bool isOutOfTime() const { return meter_.isOutOfTime(); }
 
     void loadSheets(Sheets sheets)
     {
-        SheetDecoder decoder;
         for (const auto& sheet : SkinSprites::sheets()) {
             const auto bytes = archive_.file(sheet.name, {"bmp", "png"});
             if (!bytes) {
                 missing_.insert(sheet.name);
-            } else if (auto image = decoder.decode(*bytes)) {
+            } else if (auto image = decodeSheet(*bytes, meter_)) {
                 skin_.sheets.emplace(sheet.name, sheets == Sheets::whole
                                                      ? std::move(*image)
                                                      : drawnPart(std::move(*image)));
@@ -146,7 +123,7 @@ public:
         const auto bytes = archive_.file("viscolor", {"txt"});
         if (!bytes)
             return addFallback("viscolor.txt missing; Webamp defaults");
-        const auto [colors, count] = VisColorParser::parseCounted(*bytes);
+        const auto [colors, count] = VisColorParser::parseCounted(*bytes, meter_);
         skin_.visColors = colors;
         if (count == VisColorParser::colorCount)
             return;
@@ -159,7 +136,7 @@ public:
     void readRegion()
     {
         if (const auto bytes = archive_.file("region", {"txt"}))
-            skin_.region = RegionParser::parse(*bytes);
+            skin_.region = RegionParser::parse(*bytes, meter_);
     }
 
     void readPlaylistStyle()
@@ -167,13 +144,13 @@ public:
         const auto bytes = archive_.file("pledit", {"txt"});
         if (!bytes)
             return addFallback("pledit.txt missing; Webamp default playlist colours");
-        auto [style, notes] = PlaylistStyleParser::parse(*bytes);
+        auto [style, notes] = PlaylistStyleParser::parse(*bytes, meter_);
         skin_.playlistStyle = std::move(style);
         for (auto& note : notes)
             addFallback(std::move(note));
     }
 
-    void readCursors() { skin_.cursors = SkinCursors::load(archive_); }
+    void readCursors() { skin_.cursors = SkinCursors::load(archive_, meter_); }
 
     Skin take() { return std::move(skin_); }
 
@@ -183,6 +160,7 @@ private:
     void addFallback(std::string note) { skin_.fallbacks.push_back(std::move(note)); }
 
     const SkinArchive& archive_;
+    LoadMeter meter_;
     Skin skin_;
     Names missing_;
     Names undecodable_;
@@ -191,12 +169,12 @@ private:
 }
 
 std::expected<Skin, SkinError> parse(const std::filesystem::path& path,
-                                     const SkinArchive::Limits& limits)
+                                     const SkinArchive::Limits& limits, Sheets sheets)
 {
     const auto archive = SkinArchive::open(path, limits);
     if (!archive)
         return std::unexpected(archive.error());
-    return parse(*archive);
+    return parse(*archive, sheets);
 }
 
 std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets)
@@ -205,16 +183,18 @@ std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets)
         return std::unexpected(SkinError::modernSkin());
 
     Assembly assembly(archive);
-    assembly.readRegion(); // before the sheets, which leave least memory for what reading takes
     assembly.loadSheets(sheets);
-    if (!assembly.hasSheets())
+    if (!assembly.hasSheets() && !assembly.isOutOfTime())
         return std::unexpected(SkinError::noBitmaps());
     assembly.generateSheets();
     assembly.noteMissingSheets();
     assembly.noteOptionalSheets();
     assembly.readVisColors();
+    assembly.readRegion();
     assembly.readPlaylistStyle();
     assembly.readCursors();
+    if (assembly.isOutOfTime())
+        return std::unexpected(SkinError::takesTooLong());
     return assembly.take();
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Archive/SkinError.h"
 #include "SkinKit/Skin.h"
-#include "SkinKit/SkinError.h"
 
 #include <expected>
 #include <filesystem>
@@ -21,7 +21,8 @@ enum class Sheets {
 
 // Reads an archive or a folder (see SkinArchive::open).
 std::expected<Skin, SkinError> parse(const std::filesystem::path& path,
-                                     const SkinArchive::Limits& limits = {});
+                                     const SkinArchive::Limits& limits = {},
+                                     Sheets sheets = Sheets::whole);
 std::expected<Skin, SkinError> parse(const SkinArchive& archive, Sheets sheets = Sheets::whole);
 
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/SkinError.h"
+#include "SkinKit/Archive/SkinError.h"
 
 #include <string>
 #include <string_view>

@@ -1,9 +1,9 @@
 #include "VelmarThumbnail/ThumbnailProvider.h"
 
-#include "SkinKit/QuickLook/ThumbnailFit.h"
-#include "SkinKit/Raster/AreaFilter.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Graphics/AreaFilter.h"
+#include "SkinKit/Pages/ThumbnailFit.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,6 +69,11 @@ bool draw(const DrawingContext& context, const Image& image, const ThumbnailFit:
 
 }
 
+SkinArchive::Limits limits()
+{
+    return {.maxProcessorTime = std::chrono::milliseconds(2500)};
+}
+
 void provideThumbnail(const ThumbnailRequest& request, const Completion& completion,
                       const OpenArchive& open)
 {
@@ -88,8 +93,9 @@ void provideThumbnail(const ThumbnailRequest& request, const Completion& complet
 
 void provideThumbnail(const ThumbnailRequest& request, const Completion& completion)
 {
-    provideThumbnail(request, completion,
-                     [](const std::filesystem::path& file) { return SkinArchive::open(file); });
+    provideThumbnail(request, completion, [](const std::filesystem::path& file) {
+        return SkinArchive::open(file, limits());
+    });
 }
 
 }

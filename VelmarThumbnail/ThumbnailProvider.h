@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/SkinError.h"
+#include "SkinKit/Archive/SkinError.h"
 #include "VelmarThumbnail/ThumbnailError.h"
 #include "VelmarThumbnail/ThumbnailReply.h"
 #include "VelmarThumbnail/ThumbnailRequest.h"
@@ -26,6 +26,9 @@ using Completion =
 // How the file of a request becomes an archive.
 using OpenArchive = std::function<std::expected<SkinKit::SkinArchive, SkinKit::SkinError>(
     const std::filesystem::path&)>;
+
+// The library's limits, but with less processor time: the thumbnailer may take 3 seconds in all.
+SkinKit::SkinArchive::Limits limits();
 
 // Calls `completion` exactly once, before it returns: with the reply, or with why the skin was
 // refused. Nothing of the skin is drawn in its stead. Where the window must shrink below its own

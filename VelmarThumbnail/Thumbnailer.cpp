@@ -1,8 +1,9 @@
 #include "VelmarThumbnail/Thumbnailer.h"
 
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/Platform/PNGCodec.h"
-#include "SkinKit/Platform/Sandbox.h"
+#include "SkinKit/Graphics/PNGCodec.h"
+#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Sandbox.h"
+#include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
 
 #include <array>
@@ -23,7 +24,7 @@ std::expected<UnopenedSkin, SkinError> reach(const std::filesystem::path& path)
 {
     const auto kind = Files::kind(path);
     if (kind && *kind == Files::Kind::folder)
-        return SkinArchive::open(path);
+        return SkinArchive::open(path, ThumbnailProvider::limits());
     if (kind && *kind == Files::Kind::other)
         return std::unexpected(SkinError::unreadableArchive("Not a regular file"));
     auto file = Files::InputFile::open(path, Files::Links::followed);
@@ -38,7 +39,8 @@ std::expected<SkinArchive, SkinError> open(UnopenedSkin&& skin)
     UnopenedSkin taken = std::move(skin);
     if (auto* const folder = std::get_if<SkinArchive>(&taken))
         return std::move(*folder);
-    return SkinArchive::open(std::move(std::get<Files::InputFile>(taken)));
+    return SkinArchive::open(std::move(std::get<Files::InputFile>(taken)),
+                             ThumbnailProvider::limits());
 }
 
 std::expected<Image, std::string> thumbnail(const ThumbnailerOptions& options, UnopenedSkin&& skin)
@@ -81,15 +83,13 @@ std::optional<Failure> run(const ThumbnailerOptions& options)
     auto skin = reach(options.input);
     if (!skin)
         return Failure{options.input, skin.error().description()};
-    std::error_code ignored;
-    if (std::filesystem::equivalent(options.input, options.output, ignored))
-        return Failure{options.output, "is the skin itself"};
-    if (SkinArchive::isFileOfFolder(options.output, options.input))
-        return Failure{options.output, "is a file of the skin"};
+    if (auto conflict = OutputCheck::find({OutputCheck::skin(options.input)}, {options.output}))
+        return Failure{options.output, std::move(conflict->text)};
     auto output = Files::OutputFile::open(options.output);
     if (!output)
         return Failure{options.output, output.error().message()};
 
+    // Goes on with the locks that the system grants, as with the limits in main.
     const auto* const archive = std::get_if<Files::InputFile>(&*skin);
     Sandbox::lockDown({.output = output->descriptor(),
                        .input = archive ? std::optional(archive->descriptor()) : std::nullopt});

@@ -17,7 +17,7 @@ struct Failure {
 
 // Writes the thumbnail of a skin into a file, in place. A failure leaves that file empty, or as it
 // was when the skin could not even be opened. For a program's main: from when the skin is open, the
-// process is locked in (see SkinKit/Platform/Sandbox.h) and can't do anything else any more.
+// process is locked in (see SkinKit/System/Sandbox.h) and can't do anything else any more.
 //
 // An archive is locked in with the process before a byte of it is looked at, and may still be read.
 // The files of a folder have to be opened one by one, so up to there the process still can: by then

@@ -1,28 +1,32 @@
 #include "VelmarThumbnail/ThumbnailerOptions.h"
 
-#include "SkinKit/Platform/Numbers.h"
-#include "SkinKit/Tooling/Arguments.h"
 #include "VelmarThumbnail/FileURI.h"
 
 #include <optional>
-#include <utility>
-#include <vector>
 
 namespace VelmarThumbnail {
 namespace {
 
 using Options = ThumbnailerOptions;
+using Form = SkinKit::CommandLine<Options>;
+using SkinKit::takeText;
 
-std::unexpected<Options::UsageError> wrong(std::string description)
+bool takeSize(Options& options, const std::string& text)
 {
-    return std::unexpected(Options::UsageError{std::move(description)});
+    options.size = SkinKit::Numbers::parseInteger<int>(text).value_or(0);
+    return options.size >= Options::smallestSize && options.size <= Options::largestSize;
 }
 
-std::optional<int> parseSize(std::string_view text)
+std::optional<std::string> resolveURI(Options& options, const Form::Given&)
 {
-    const auto size = SkinKit::Numbers::parseInteger<int>(text);
-    const bool fits = size && *size >= Options::smallestSize && *size <= Options::largestSize;
-    return fits ? size : std::nullopt;
+    const std::string name = options.input.string();
+    if (!FileURI::isFileURI(name))
+        return std::nullopt;
+    const auto path = FileURI::path(name);
+    if (!path)
+        return "no file of this computer: " + name;
+    options.input = *path;
+    return std::nullopt;
 }
 
 }
@@ -30,36 +34,18 @@ std::optional<int> parseSize(std::string_view text)
 const std::string_view ThumbnailerOptions::usage =
     "usage: velmar-thumbnailer [-s SIZE] INPUT OUTPUT";
 
-std::expected<ThumbnailerOptions, ThumbnailerOptions::UsageError>
+std::expected<ThumbnailerOptions, SkinKit::UsageError>
 ThumbnailerOptions::parse(std::span<const std::string> arguments)
 {
-    ThumbnailerOptions options;
-    std::vector<std::string> files;
-    for (SkinKit::Arguments rest(arguments); !rest.isEmpty();) {
-        const std::string& argument = rest.next();
-        if (argument == "-s") {
-            const auto size = rest.value().and_then(parseSize);
-            if (!size)
-                return wrong("-s needs a size from 1 to 4096");
-            options.size = *size;
-        } else if (argument.starts_with('-')) {
-            return wrong("unknown option: " + argument);
-        } else {
-            files.push_back(argument);
-        }
+    return Form{
+        .operands = {{takeText<&Options::input>, "missing INPUT and OUTPUT"},
+                     {takeText<&Options::output>, "missing OUTPUT"}},
+        .tooMany = "only one INPUT and one OUTPUT are accepted",
+        .reportTooMany = Form::Report::atEnd,
+        .options = {{"-s", takeSize, "-s needs a size from 1 to 4096"}},
+        .check = resolveURI,
     }
-    if (files.size() != 2)
-        return wrong(files.empty()       ? "missing INPUT and OUTPUT"
-                     : files.size() == 1 ? "missing OUTPUT"
-                                         : "only one INPUT and one OUTPUT are accepted");
-
-    const auto input =
-        FileURI::isFileURI(files[0]) ? FileURI::path(files[0]) : std::filesystem::path(files[0]);
-    if (!input)
-        return wrong("no file of this computer: " + files[0]);
-    options.input = *input;
-    options.output = files[1];
-    return options;
+        .parse(arguments);
 }
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SkinKit/Tooling/CommandLine/CommandLine.h"
+
 #include <expected>
 #include <filesystem>
 #include <span>
@@ -10,12 +12,6 @@ namespace VelmarThumbnail {
 
 // The command line `velmar-thumbnailer [-s SIZE] INPUT OUTPUT`.
 struct ThumbnailerOptions {
-    struct UsageError {
-        std::string description;
-
-        bool operator==(const UsageError&) const = default;
-    };
-
     static constexpr int smallestSize = 1;
     static constexpr int largestSize = 4096;
 
@@ -28,7 +24,7 @@ struct ThumbnailerOptions {
     static const std::string_view usage;
 
     // Pure: prints nothing, never exits.
-    static std::expected<ThumbnailerOptions, UsageError>
+    static std::expected<ThumbnailerOptions, SkinKit::UsageError>
     parse(std::span<const std::string> arguments);
 };
 

@@ -1,6 +1,6 @@
-#include "SkinKit/Platform/Process.h"
-#include "SkinKit/Platform/Sandbox.h"
-#include "SkinKit/Tooling/TerminalText.h"
+#include "SkinKit/Base/TerminalText.h"
+#include "SkinKit/System/Process.h"
+#include "SkinKit/System/Sandbox.h"
 #include "SkinKit/Version.h"
 #include "VelmarThumbnail/Thumbnailer.h"
 #include "VelmarThumbnail/ThumbnailerOptions.h"
@@ -47,7 +47,11 @@ void say(const std::string& line)
     std::fputs(spoken(line).c_str(), stderr);
 }
 
-// Before anything is read, since the names in a folder are read, too.
+// Before anything is read, since the names in a folder are read, too. What the system does not
+// allow is done without: inside a container or a desktop's own sandbox some of it may be forbidden,
+// and a user there wants thumbnails as well. The library bounds what a skin costs and is what keeps
+// its bytes harmless; these limits are the second barrier, and each of them holds without the
+// others.
 void limitCosts(const ThumbnailerOptions& options)
 {
     namespace Sandbox = SkinKit::Sandbox;

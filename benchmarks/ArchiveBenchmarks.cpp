@@ -25,9 +25,10 @@ std::vector<Packed> packedEntries(const SkinFile& skin)
     const auto zip = SkinKit::ZipFile::open(SkinKit::ByteView(skin.bytes));
     std::vector<Packed> entries;
     for (const auto& entry : zip->entries()) {
-        const auto dot = entry.path.rfind('.');
-        if (entry.method != SkinKit::ZipFile::Method::deflated || dot == entry.path.npos ||
-            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(entry.path.substr(dot + 1)))
+        const std::string path = entry.path();
+        const auto dot = path.rfind('.');
+        if (entry.method != SkinKit::ZipFile::Method::deflated || dot == path.npos ||
+            !SkinKit::SkinArchive::Limits{}.allowedExtensions.contains(path.substr(dot + 1)))
             continue;
         SkinKit::ByteBuffer buffer;
         const auto deflated = *zip->rawBytes(entry, buffer);

@@ -1,7 +1,7 @@
-#include "SkinKit/Raster/Canvas.h"
-#include "SkinKit/Rendering/ImageDiff.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Graphics/Canvas.h"
+#include "SkinKit/Graphics/ImageDiff.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-#include "SkinKit/Platform/MD5.h"
-#include "SkinKit/Tooling/CorpusRunner.h"
+#include "SkinKit/Base/MD5.h"
+#include "SkinKit/Tooling/Corpus/CorpusRunner.h"
 #include "tests/support/Collection.h"
 #include "tests/support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
-#include "SkinKit/Display/EQGraph.h"
-#include "SkinKit/Raster/PixelBuffer.h"
+#include "SkinKit/Graphics/PixelBuffer.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Equalizer/EQGraph.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
-#include "SkinKit/Rendering/MainWindowRenderer.h"
-#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>

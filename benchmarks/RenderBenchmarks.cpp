@@ -1,5 +1,5 @@
-#include "SkinKit/Rendering/MainWindowRenderer.h"
 #include "SkinKit/SkinParser.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "benchmarks/Cases.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/Platform/Process.h"
+#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Process.h"
 #include "benchmarks/Cases.h"
 #include "benchmarks/RatioReporter.h"
 

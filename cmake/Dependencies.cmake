@@ -1,4 +1,4 @@
-# The libraries behind SkinKit/Platform. Each is linked statically where the system has it so, since
+# The libraries that SkinKit uses. Each is linked statically where the system has it so, since
 # every shared one costs each start of a program a part of a millisecond.
 
 function(skinkit_find_library target header)

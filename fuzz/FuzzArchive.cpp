@@ -1,6 +1,6 @@
 #include "SkinKit/Archive/SkinArchive.h"
 #include "SkinKit/Archive/ZipFile.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "fuzz/Fuzzing.h"
 
 namespace {

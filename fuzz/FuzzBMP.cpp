@@ -1,4 +1,4 @@
-#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Graphics/BMPDecoder.h"
 #include "fuzz/Fuzzing.h"
 
 #include <cstdlib>

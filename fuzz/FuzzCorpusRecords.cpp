@@ -1,5 +1,5 @@
-#include "SkinKit/Tooling/CorpusPlan.h"
-#include "SkinKit/Tooling/CorpusReport.h"
+#include "SkinKit/Tooling/Corpus/CorpusPlan.h"
+#include "SkinKit/Tooling/Report/CorpusReport.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>

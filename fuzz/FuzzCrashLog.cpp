@@ -1,4 +1,4 @@
-#include "SkinKit/Tooling/CrashedSkins.h"
+#include "SkinKit/Tooling/CrashLogs/CrashedSkins.h"
 #include "fuzz/Fuzzing.h"
 
 #include <array>

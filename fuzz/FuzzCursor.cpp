@@ -1,5 +1,5 @@
-#include "SkinKit/Cursors/CursorPicture.h"
-#include "SkinKit/Cursors/SkinCursors.h"
+#include "SkinKit/Formats/CursorPicture.h"
+#include "SkinKit/Formats/SkinCursors.h"
 #include "fuzz/Fuzzing.h"
 #include "fuzz/PNGChecksums.h"
 
@@ -69,7 +69,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         return 0;
     std::visit([](const auto& kind) { requireSound(kind); }, *cursor);
     const auto pixels = std::visit([](const auto& kind) { return pixelsOf(kind); }, *cursor);
-    fuzzing::require(pixels <= CursorPicture::Budget(file).pixels);
+    fuzzing::require(pixels * std::int64_t{sizeof(Pixel)} <= LoadMeter::defaultMemory);
     // Many large pictures show nothing that few small ones do not, only more slowly.
     constexpr std::int64_t largeEnough = 16'384;
     return pixels > largeEnough ? fuzzing::notKept : 0;

@@ -1,5 +1,5 @@
-#include "SkinKit/Parsers/IniParser.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Formats/IniParser.h"
 #include "fuzz/Fuzzing.h"
 
 #include <string>

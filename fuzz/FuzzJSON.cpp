@@ -1,5 +1,5 @@
-#include "SkinKit/Platform/JSON.h"
-#include "SkinKit/Tooling/CorpusReport.h"
+#include "SkinKit/Base/JSON.h"
+#include "SkinKit/Tooling/Report/CorpusReport.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-#include "SkinKit/Tooling/CorpusListing.h"
-#include "SkinKit/Tooling/CorpusPlan.h"
+#include "SkinKit/Tooling/Corpus/CorpusListing.h"
+#include "SkinKit/Tooling/Corpus/CorpusPlan.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "SkinKit/Platform/JSON.h"
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Tooling/CorpusManifest.h"
+#include "SkinKit/Base/JSON.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Tooling/Corpus/CorpusManifest.h"
 #include "fuzz/Fuzzing.h"
 
 namespace {

@@ -1,11 +1,6 @@
-#include "SkinKit/Platform/Numbers.h"
-#include "SkinKit/Tooling/CorpusOptions.h"
-#include "SkinKit/Tooling/CorpusReportOptions.h"
-#include "SkinKit/Tooling/GalleryOptions.h"
-#include "SkinKit/Tooling/InfoOptions.h"
-#include "SkinKit/Tooling/PreviewOptions.h"
-#include "SkinKit/Tooling/SkintoolOptions.h"
-#include "SkinKit/Tooling/WindowsOptions.h"
+#include "SkinKit/Base/Numbers.h"
+#include "SkinKit/Tooling/CommandLine/CorpusOptions.h"
+#include "SkinKit/Tooling/CommandLine/SkintoolOptions.h"
 #include "VelmarThumbnail/ThumbnailerOptions.h"
 #include "fuzz/Fuzzing.h"
 
@@ -48,94 +43,73 @@ std::string text(double seconds)
     return std::isinf(seconds) ? "inf" : Numbers::shortest(seconds);
 }
 
+// clang-format off
 Arguments argumentsOf(const SkintoolOptions& o)
 {
     if (!o.png) {
-        fuzzing::require(!o.compare && !o.noRegion &&
-                         o == SkintoolOptions{.verbose = o.verbose, .input = o.input});
-        return line(o.input,
-                    {
-        },
-                    {{"-v", o.verbose}});
+        fuzzing::require(o == SkintoolOptions{.verbose = o.verbose, .input = o.input});
+        return line(o.input, {}, {{"-v", o.verbose}});
     }
     fuzzing::require(o.scale >= 1 && (!o.compare || o.scale == 1));
     return line(o.input,
-                {
-                    {"--png",     o.png                  },
-                    {"--state",   text(o.state)          },
-                    {"--scale",   std::to_string(o.scale)},
-                    {"--compare", o.compare              }
-    },
+                {{"--png",     o.png},
+                 {"--state",   text(o.state)},
+                 {"--scale",   std::to_string(o.scale)},
+                 {"--compare", o.compare}},
                 {{"-v", o.verbose}, {"--no-region", o.noRegion}});
 }
 
 Arguments argumentsOf(const WindowsOptions& o)
 {
     fuzzing::require(o.scale >= 1);
-    return line(
-        o.input,
-        {
-            {"--out",   o.out                  },
-            {"--scale", std::to_string(o.scale)},
-            {"--state", text(o.state)          }
-    },
-        {{"--no-region", o.noRegion}});
+    return line(o.input,
+                {{"--out",   o.out},
+                 {"--scale", std::to_string(o.scale)},
+                 {"--state", text(o.state)}},
+                {{"--no-region", o.noRegion}});
 }
 
 Arguments argumentsOf(const InfoOptions& o)
 {
-    return line(o.input,
-                {
-    },
-                {{"--json", o.json}});
+    return line(o.input, {}, {{"--json", o.json}});
 }
 
 Arguments argumentsOf(const PreviewOptions& o)
 {
-    return line(o.input,
-                {
-                    {"--out", o.out}
-    },
-                {{"--mhtml", o.mhtml}});
+    return line(o.input, {{"--out", o.out}}, {{"--mhtml", o.mhtml}});
 }
 
 Arguments argumentsOf(const GalleryOptions& o)
 {
     fuzzing::require(o.scale >= 1);
-    return line(o.input, {
-                             {"--out",   o.out                  },
-                             {"--scale", std::to_string(o.scale)}
-    });
+    return line(o.input, {{"--out", o.out}, {"--scale", std::to_string(o.scale)}});
 }
 
 Arguments argumentsOf(const CorpusOptions& o)
 {
     fuzzing::require(o.timeout > 0 && o.maxMemoryMiB >= 1 && o.sample.value_or(1) >= 1);
-    return line(
-        o.input,
-        {
-            {"--out",        o.out                                                               },
-            {"--timeout",    text(o.timeout)                                                     },
-            {"--max-memory", std::to_string(o.maxMemoryMiB)                                      },
-            {"--sample",     o.sample.transform([](auto count) { return std::to_string(count); })},
-            {"--seed",       std::to_string(o.seed)                                              },
-            {"--manifest",   o.manifest                                                          }
-    },
-        {{"--resume", o.resume}});
+    return line(o.input,
+                {{"--out",        o.out},
+                 {"--timeout",    text(o.timeout)},
+                 {"--max-memory", std::to_string(o.maxMemoryMiB)},
+                 {"--sample",     o.sample.transform([](auto count) { return std::to_string(count); })},
+                 {"--seed",       std::to_string(o.seed)},
+                 {"--manifest",   o.manifest}},
+                {{"--resume", o.resume}});
 }
 
 Arguments argumentsOf(const CorpusReportOptions& o)
 {
     fuzzing::require(o.sample >= 1);
-    return line(o.input, {
-                             {"--markdown", o.markdown              },
-                             {"--json",     o.json                  },
-                             {"--env",      o.env                   },
-                             {"--sample",   std::to_string(o.sample)},
-                             {"--seed",     std::to_string(o.seed)  },
-                             {"--crashes",  o.crashes               }
-    });
+    return line(o.input,
+                {{"--markdown", o.markdown},
+                 {"--json",     o.json},
+                 {"--env",      o.env},
+                 {"--sample",   std::to_string(o.sample)},
+                 {"--seed",     std::to_string(o.seed)},
+                 {"--crashes",  o.crashes}});
 }
+// clang-format on
 
 Arguments argumentsOf(const ThumbnailerOptions& o)
 {

@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "fuzz/Fuzzing.h"
 #include "fuzz/PNGChecksums.h"
 
@@ -12,9 +12,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const auto image = PNGCodec::decode(file, limits);
     if (!image)
         return 0;
-    // The header is the first chunk; its sides begin behind the signature and the chunk's frame.
-    const auto side = [&](std::size_t at) { return file[at + 2] << 8 | file[at + 3]; };
-    fuzzing::require(image->size() == Size{side(16), side(20)});
+    fuzzing::require(image->size() == PNGCodec::size(file));
     fuzzing::require(image->width() <= limits.maxSide && image->height() <= limits.maxSide &&
                      image->width() * image->height() <= limits.maxPixels);
     for (int y = 0; y < image->height(); ++y)

@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "fuzz/Fuzzing.h"
 
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "SkinKit/Parsers/PlaylistStyleParser.h"
+#include "SkinKit/Formats/PlaylistStyleParser.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ bool isKnown(std::string_view note)
 // A playlist's style. What was read is written and read again.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto [style, notes] = PlaylistStyleParser::parse(ByteView(data, size));
+    const auto [style, notes] = PlaylistStyleParser::parse(asText({data, size}));
     fuzzing::require(!style.font.empty() && notes.size() <= 4);
     fuzzing::require(std::ranges::all_of(notes, isKnown));
 

@@ -1,5 +1,5 @@
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/QuickLook/SkinPreviewPage.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Pages/SkinPreviewPage.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "SkinKit/Parsers/RegionParser.h"
+#include "SkinKit/Formats/RegionParser.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>
@@ -44,7 +44,7 @@ void requireSound(const SkinRegion::Polygons& polygons)
 // A region file. What was read of it is written and read again, and its shapes are drawn.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const SkinRegion region = RegionParser::parse(ByteView(data, size));
+    const SkinRegion region = RegionParser::parse(asText({data, size}));
     fuzzing::require(RegionParser::parse(textOf(region)) == region);
     constexpr int mostDrawn = 4;
     int drawn = 0;

@@ -1,7 +1,7 @@
-#include "SkinKit/Display/HTMLText.h"
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Tooling/Markdown.h"
-#include "SkinKit/Tooling/TerminalText.h"
+#include "SkinKit/Base/HTMLText.h"
+#include "SkinKit/Base/Markdown.h"
+#include "SkinKit/Base/TerminalText.h"
+#include "SkinKit/Base/Unicode.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>
@@ -12,15 +12,10 @@ namespace {
 
 using namespace SkinKit;
 
-bool isControl(char32_t c)
-{
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
-}
-
-bool hasControls(std::string_view text)
+bool hasInvisibles(std::string_view text)
 {
     while (!text.empty())
-        if (isControl(Unicode::takeFirst(text)))
+        if (Unicode::isInvisible(Unicode::takeFirst(text)))
             return true;
     return false;
 }
@@ -60,7 +55,7 @@ std::string unescaped(std::string_view html)
 // No bar that would end the cell, nor a bracket that would start a link.
 void requireCell(const std::string& cell)
 {
-    fuzzing::require(isWellFormed(cell) && !hasControls(cell));
+    fuzzing::require(isWellFormed(cell) && !hasInvisibles(cell));
     fuzzing::require(cell.find_first_of("<>") == cell.npos);
     for (std::size_t i = 0; i < cell.size(); ++i) {
         if (cell[i] == '\\')
@@ -79,8 +74,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const std::string text = Unicode::repaired(bytes);
 
     const std::string visible = TerminalText::visible(asText(bytes));
-    fuzzing::require(isWellFormed(visible) && !hasControls(visible));
-    fuzzing::require(visible == text || hasControls(text));
+    fuzzing::require(isWellFormed(visible) && !hasInvisibles(visible));
+    fuzzing::require(visible == text || hasInvisibles(text));
 
     const std::string html = HTMLText::escaped(asText(bytes), HTMLText::Apostrophe::escaped);
     fuzzing::require(html.find_first_of("<>\"'") == html.npos && unescaped(html) == text);

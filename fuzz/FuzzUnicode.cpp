@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "fuzz/Fuzzing.h"
 
 #include <optional>

@@ -1,4 +1,4 @@
-#include "SkinKit/Parsers/VisColorParser.h"
+#include "SkinKit/Formats/VisColorParser.h"
 #include "fuzz/Fuzzing.h"
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     namespace Parser = SkinKit::VisColorParser;
-    const auto [colors, count] = Parser::parseCounted(SkinKit::ByteView(data, size));
+    const auto [colors, count] = Parser::parseCounted(SkinKit::asText({data, size}));
     fuzzing::require(count >= 0 && count <= Parser::colorCount);
     fuzzing::require(
         std::equal(colors.begin() + count, colors.end(), Parser::defaults.begin() + count));

@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/PNGCodec.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "tests/support/BMPWriter.h"
 #include "tests/support/CursorWriter.h"

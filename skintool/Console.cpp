@@ -40,13 +40,6 @@ void sayError(std::string_view text)
     say("skintool: " + visible(text));
 }
 
-ExitStatus sayUsageError(std::string_view description, std::string_view usage)
-{
-    sayError(description);
-    say(usage);
-    return trouble;
-}
-
 ExitStatus finish(ExitStatus status)
 {
     const bool flushed = std::fflush(stdout) == 0;

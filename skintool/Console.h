@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Tooling/TerminalText.h"
+#include "SkinKit/Base/TerminalText.h"
 
 #include <string_view>
 
@@ -25,8 +25,6 @@ void say(std::string_view line);
 // "skintool: NAME: TEXT" to standard error, or without the name.
 void sayError(std::string_view name, std::string_view text);
 void sayError(std::string_view text);
-// What is wrong with the command line, and the usage text. The status to end with.
-ExitStatus sayUsageError(std::string_view description, std::string_view usage);
 
 // Flushes standard output. The status to end with: `status`, or trouble when output was lost.
 ExitStatus finish(ExitStatus status);

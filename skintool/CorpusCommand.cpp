@@ -1,8 +1,7 @@
-#include "skintool/CorpusCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Platform/Process.h"
-#include "SkinKit/Tooling/CorpusOptions.h"
-#include "SkinKit/Tooling/CorpusRunner.h"
+#include "SkinKit/System/Process.h"
+#include "SkinKit/Tooling/Corpus/CorpusRunner.h"
 #include "skintool/ProgressDisplay.h"
 
 #include <chrono>
@@ -35,6 +34,33 @@ void printTotals(const CorpusRunner::Totals& totals, const std::string& results)
     Console::print("results:   " + Console::visible(results));
 }
 
+}
+
+const std::string_view help = R"(Examples:
+  skintool corpus skins --out run1             every skin below a folder, once
+  skintool corpus skins --out run1 --resume    go on where a run ended
+
+Parses and renders every different .wsz and .zip file below <dir>, one at a time,
+and adds what came of each to results.jsonl in the output folder, a JSON object a
+line. A skin that takes too long or too much memory ends the process, and so may
+one that crashes it; run again with --resume after 124, 125 or a signal's status.
+Without --resume, earlier results are kept as results.jsonl~.
+
+Options:
+  --out <dir>           the folder for the results, made if it is missing
+  --resume              keep the results that are there and do what is left
+  --timeout <s>         the most seconds that a skin may take (default 10, "inf" for any)
+  --max-memory <MiB>    the most memory the process may hold (default 4096)
+  --sample <N>          only N skins, drawn by chance
+  --seed <n>            the chance: the same number draws the same skins (default 1)
+  --manifest <file>     a JSON array of objects with "md5", "museum_url" and "nsfw",
+                        to go with the results
+  -h, --help            this text
+  --version             the version
+
+Exit status: 0 done; 2 trouble; 124 a skin took too long, 125 too much memory;
+130 or 143 interrupted, as a shell reports it.)";
+
 ExitStatus run(const CorpusOptions& options)
 {
     // A run loses nothing by ending at any time; but who ends it in order is spared a skin that
@@ -61,42 +87,11 @@ ExitStatus run(const CorpusOptions& options)
     printTotals(*totals, runner.resultsURL().string());
     if (totals->cancelled) {
         Console::finish(done);
+        Console::sayError("interrupted, " + std::to_string(totals->left) +
+                          " left, continue with --resume");
         Process::endByHeldInterrupt();
     }
     return done;
-}
-
-}
-
-const std::string_view help = R"(Examples:
-  skintool corpus skins --out run1             every skin below a folder, once
-  skintool corpus skins --out run1 --resume    go on where a run ended
-
-Parses and renders every different .wsz and .zip file below <dir>, one at a time,
-and adds what came of each to results.jsonl in the output folder, a JSON object a
-line. A skin that takes too long or too much memory ends the process, and so may
-one that crashes it; run again with --resume after 124, 125 or a signal's status.
-
-Options:
-  --out <dir>           the folder for the results, made if it is missing
-  --resume              keep the results that are there and do what is left
-  --timeout <s>         the most seconds that a skin may take (default 10, "inf" for any)
-  --max-memory <MiB>    the most memory the process may hold (default 4096)
-  --sample <N>          only N skins, drawn by chance
-  --seed <n>            the chance: the same number draws the same skins (default 1)
-  --manifest <file>     a JSON array of objects with "md5", "museum_url" and "nsfw",
-                        to go with the results
-  -h, --help            this text
-  --version             the version
-
-Exit status: 0 done; 2 trouble; 124 a skin took too long, 125 too much memory.)";
-
-ExitStatus run(std::span<const std::string> arguments)
-{
-    const auto options = CorpusOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, CorpusOptions::usage);
-    return run(*options);
 }
 
 }

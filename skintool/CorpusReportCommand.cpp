@@ -1,10 +1,9 @@
-#include "skintool/CorpusReportCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/Tooling/CorpusRecords.h"
-#include "SkinKit/Tooling/CorpusReport.h"
-#include "SkinKit/Tooling/CorpusReportOptions.h"
-#include "skintool/Paths.h"
+#include "SkinKit/System/Files.h"
+#include "SkinKit/Tooling/CommandLine/OutputCheck.h"
+#include "SkinKit/Tooling/Corpus/CorpusRecords.h"
+#include "SkinKit/Tooling/Report/CorpusReport.h"
 
 #include <expected>
 #include <filesystem>
@@ -20,30 +19,30 @@ using namespace SkinKit;
 
 // Which file is the trouble, and what is wrong with it.
 struct Trouble {
-    std::string file;
+    std::string file; // empty when `text` names it
     std::string text;
 };
 
+// A device or the like takes several.
 bool wouldMakeOneFile(const std::filesystem::path& a, const std::filesystem::path& b)
 {
     std::error_code ignored;
-    const bool exists = std::filesystem::exists(a, ignored);
-    return exists ? Paths::isSame(a, b) && std::filesystem::is_regular_file(a, ignored)
-                  : Paths::written(a) == Paths::written(b);
+    return OutputCheck::isSame(a, b) &&
+           (!std::filesystem::exists(a, ignored) || std::filesystem::is_regular_file(a, ignored));
 }
 
 // Why the files named can't be used together, before any is written.
 std::optional<Trouble> conflict(const CorpusReportOptions& options)
 {
-    for (const auto& output : {options.markdown, options.json}) {
-        if (Paths::isSame(output, options.input))
-            return Trouble{output, "is the results file itself"};
-        if (options.env && Paths::isSame(output, *options.env))
-            return Trouble{output, "is the environment's description itself"};
-        if (options.crashes &&
-            Paths::isSame(Paths::written(output).parent_path(), *options.crashes))
-            return Trouble{output, "would stand among the crash logs"};
-    }
+    std::vector<OutputCheck::Input> inputs{
+        {options.input, "the results file"}
+    };
+    if (options.env)
+        inputs.push_back({*options.env, "the environment's description"});
+    if (options.crashes)
+        inputs.push_back(OutputCheck::crashLogs(*options.crashes));
+    if (const auto found = OutputCheck::find(inputs, {options.markdown, options.json}))
+        return Trouble{found->output.string(), found->text};
     if (wouldMakeOneFile(options.markdown, options.json))
         return Trouble{options.json, "is named for both the report and the summary"};
     return std::nullopt;
@@ -67,10 +66,28 @@ std::expected<std::vector<CrashLog>, Trouble> readCrashLogs(const CorpusReportOp
 {
     if (!options.crashes)
         return {};
-    auto logs = CrashLog::readFolder(*options.crashes);
-    if (!logs)
-        return std::unexpected(Trouble{*options.crashes, logs.error().message()});
-    return std::move(*logs);
+    auto found = CrashLog::readFolder(*options.crashes);
+    if (!found)
+        return std::unexpected(Trouble{*options.crashes, found.error().message()});
+    for (const auto& [file, error] : found->unreadFiles)
+        Console::sayError(file.string(), "crash log skipped: " + error.message());
+    return std::move(found->logs);
+}
+
+// Fails for a file without a record: it is no file of results, or of a run that was ended at once.
+std::expected<CorpusSkins, Trouble> readSkins(const CorpusReportOptions& options)
+{
+    CorpusSkins skins;
+    bool hasRecords = false;
+    const auto take = [&](CorpusRecord record) {
+        skins.add(std::move(record));
+        hasRecords = true;
+    };
+    if (const auto error = CorpusRecords::read(options.input, take))
+        return std::unexpected(Trouble{options.input, error.message()});
+    if (!hasRecords)
+        return std::unexpected(Trouble{"", "no results in " + options.input});
+    return skins;
 }
 
 std::expected<CorpusSummary, Trouble> summarize(const CorpusReportOptions& options)
@@ -83,35 +100,20 @@ std::expected<CorpusSummary, Trouble> summarize(const CorpusReportOptions& optio
     const auto crashLogs = readCrashLogs(options);
     if (!crashLogs)
         return std::unexpected(crashLogs.error());
-    CorpusSkins skins;
-    const auto take = [&](CorpusRecord record) { skins.add(std::move(record)); };
-    if (const auto error = CorpusRecords::read(options.input, take))
-        return std::unexpected(Trouble{options.input, error.message()});
-    return CorpusReport::summarize(skins, std::move(*environment), options.sample, options.seed,
+    const auto skins = readSkins(options);
+    if (!skins)
+        return std::unexpected(skins.error());
+    return CorpusReport::summarize(*skins, std::move(*environment), options.sample, options.seed,
                                    *crashLogs);
 }
 
 ExitStatus say(const Trouble& trouble)
 {
-    Console::sayError(trouble.file, trouble.text);
+    if (trouble.file.empty())
+        Console::sayError(trouble.text);
+    else
+        Console::sayError(trouble.file, trouble.text);
     return ExitStatus::trouble;
-}
-
-ExitStatus run(const CorpusReportOptions& options)
-{
-    const auto summary = summarize(options);
-    if (!summary)
-        return say(summary.error());
-
-    constexpr int indent = 2;
-    const std::string markdown = CorpusReport::markdown(*summary);
-    const std::string json = summary->json().text(indent) + "\n";
-    for (const auto& [path, text] :
-         {std::pair(&options.markdown, &markdown), std::pair(&options.json, &json)})
-        if (const auto error = Files::write(*path, asBytes(*text)))
-            return say({*path, error.message()});
-    Console::print(summary->gate);
-    return summary->gatePass ? done : answerIsNo;
 }
 
 }
@@ -139,12 +141,21 @@ Options:
 
 Exit status: 0 the gate passes; 1 it fails; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const CorpusReportOptions& options)
 {
-    const auto options = CorpusReportOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, CorpusReportOptions::usage);
-    return run(*options);
+    const auto summary = summarize(options);
+    if (!summary)
+        return say(summary.error());
+
+    constexpr int indent = 2;
+    const std::string markdown = CorpusReport::markdown(*summary);
+    const std::string json = summary->json().text(indent) + "\n";
+    for (const auto& [path, text] :
+         {std::pair(&options.markdown, &markdown), std::pair(&options.json, &json)})
+        if (const auto error = Files::write(*path, asBytes(*text)))
+            return say({*path, error.message()});
+    Console::print(summary->gate);
+    return summary->gatePass ? done : answerIsNo;
 }
 
 }

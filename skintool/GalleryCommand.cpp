@@ -1,14 +1,11 @@
-#include "skintool/GalleryCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Tooling/GalleryOptions.h"
-#include "SkinKit/Tooling/SkinGallery.h"
+#include "SkinKit/Tooling/Gallery/SkinGallery.h"
 #include "skintool/ProgressDisplay.h"
 
 #include <filesystem>
 
 namespace skintool::GalleryCommand {
-
-using SkinKit::GalleryOptions;
 
 const std::string_view help = R"(Examples:
   skintool gallery skins --out gallery              gallery/index.html, all skins
@@ -16,7 +13,8 @@ const std::string_view help = R"(Examples:
 
 The page shows every .wsz and .zip file below <dir> with its picture, its name and
 what the loader noticed; each leads to a page of its own. It needs no server. Skins
-that are refused stand in their place with the reason.
+that are rejected are shown with the reason. Files in the output folder that an
+earlier gallery made are replaced or deleted; no others are touched.
 
 Options:
   --out <dir>   the folder of the page, made if it is missing
@@ -26,23 +24,22 @@ Options:
 
 Exit status: 0 done, whatever the skins are like; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const SkinKit::GalleryOptions& options)
 {
-    const auto options = GalleryOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, GalleryOptions::usage);
-
     ProgressDisplay display;
     const auto totals = SkinKit::SkinGallery::make(
-        options->input, options->out, options->scale, [&](std::int64_t done, std::int64_t total) {
-            display.advance({.done = done, .total = total, .what = "skins"});
-        });
+        options.input, options.out, options.scale,
+        {.advance =
+             [&](std::int64_t done, std::int64_t total) {
+                 display.advance({.done = done, .total = total, .what = "skins"});
+             },
+         .note = [&](const std::string& text) { display.note(text); }});
     display.end();
     if (!totals) {
         Console::sayError(totals.error().description);
         return trouble;
     }
-    const auto page = std::filesystem::path(options->out) / "index.html";
+    const auto page = std::filesystem::path(options.out) / "index.html";
     Console::print(Console::visible(page.string()) + ": " + std::to_string(totals->skins) +
                    " skins, " + std::to_string(totals->refused) + " refused");
     return done;

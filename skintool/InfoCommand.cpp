@@ -1,7 +1,9 @@
-#include "skintool/InfoCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Tooling/InfoOptions.h"
 #include "skintool/Loading.h"
+
+#include <optional>
+#include <utility>
 
 namespace skintool::InfoCommand {
 
@@ -16,20 +18,18 @@ Options:
 
 Exit status: 0 done; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const SkinKit::InfoOptions& options)
 {
-    const auto options = SkinKit::InfoOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, SkinKit::InfoOptions::usage);
-    const auto info = loadOrSayWhyNot(options->input);
-    if (!info)
+    auto loaded = loadOrSayWhyNot(options.input, SkinKit::SkinParser::Sheets::whole);
+    if (!loaded)
         return trouble;
+    const auto info = std::exchange(loaded, std::nullopt)->info; // the largest skins' pixels go
 
     constexpr int indent = 2;
-    if (options->json)
-        Console::print(info->json().text(indent));
+    if (options.json)
+        Console::print(info.json().text(indent));
     else
-        for (const auto& line : info->lines())
+        for (const auto& line : info.lines())
             Console::print(Console::visible(line));
     return done;
 }

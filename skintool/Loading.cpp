@@ -1,7 +1,6 @@
 #include "skintool/Loading.h"
 
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/SkinParser.h"
+#include "SkinKit/System/Files.h"
 #include "skintool/Console.h"
 
 #include <system_error>
@@ -9,21 +8,42 @@
 
 namespace skintool {
 
-std::optional<SkinKit::SkinInfo> loadOrSayWhyNot(const std::string& input)
+namespace {
+
+using namespace SkinKit;
+
+// Why an archive may seem to have no sheets.
+void sayUnreadableFiles(const SkinArchive::Unreadable& files)
 {
-    const auto archive = SkinKit::SkinArchive::open(std::filesystem::path(input));
-    auto skin = archive ? SkinKit::SkinParser::parse(*archive) : std::unexpected(archive.error());
+    const auto say = [](std::int64_t count, const std::string& what) {
+        if (count > 0)
+            Console::say("skintool: files left out because they are " + what + ": " +
+                         std::to_string(count));
+    };
+    say(files.encrypted, "encrypted");
+    say(files.otherMethod, "compressed by another method than deflate");
+}
+
+}
+
+std::optional<LoadedSkin> loadOrSayWhyNot(const std::string& input, SkinParser::Sheets sheets)
+{
+    const auto archive = SkinArchive::open(std::filesystem::path(input));
+    auto skin = archive ? SkinParser::parse(*archive, sheets) : std::unexpected(archive.error());
     if (!skin) {
         Console::sayError(input, skin.error().description());
+        if (archive)
+            sayUnreadableFiles(archive->unreadable());
         return std::nullopt;
     }
-    return SkinKit::SkinInfo::of(input, *archive, std::move(*skin));
+    auto info = SkinInfo::of(input, *archive, *skin);
+    return LoadedSkin{std::move(info), std::move(*skin)};
 }
 
 std::string skinName(const std::filesystem::path& input)
 {
     std::error_code ignored;
-    const auto path = SkinKit::Files::named(input);
+    const auto path = Files::named(input);
     const bool isFolder = std::filesystem::is_directory(path, ignored);
     return (isFolder ? path.filename() : path.stem()).string();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/SkinInfo.h"
 
 #include <filesystem>
@@ -8,9 +9,16 @@
 
 namespace skintool {
 
-// The skin at `input`, archive or folder. When it is refused, says so on standard error and gives
-// nothing.
-std::optional<SkinKit::SkinInfo> loadOrSayWhyNot(const std::string& input);
+// A skin, and the facts of it and of its archive, which is closed again.
+struct LoadedSkin {
+    SkinKit::SkinInfo info;
+    SkinKit::Skin skin;
+};
+
+// The skin at `input`, archive or folder. Where it is rejected, prints why on standard error and
+// gives nothing.
+std::optional<LoadedSkin> loadOrSayWhyNot(const std::string& input,
+                                          SkinKit::SkinParser::Sheets sheets);
 
 // The skin's name as the user gave it, without its extension; a folder has none. Empty for a path
 // without a name, such as the root.

@@ -1,6 +1,6 @@
 #include "skintool/Pictures.h"
 
-#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Graphics/PNGWriter.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SkinKit/Raster/Image.h"
-#include "SkinKit/Rendering/WindowDrawing.h"
+#include "SkinKit/Graphics/Image.h"
+#include "SkinKit/Windows/WindowDrawing.h"
 #include "skintool/Console.h"
 
 #include <cstdint>

@@ -1,11 +1,10 @@
-#include "skintool/PreviewCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/QuickLook/PreviewDocument.h"
-#include "SkinKit/Tooling/PreviewOptions.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Pages/PreviewDocument.h"
+#include "SkinKit/System/Files.h"
+#include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "skintool/Loading.h"
-#include "skintool/Paths.h"
 
 #include <filesystem>
 #include <optional>
@@ -27,16 +26,6 @@ std::optional<std::filesystem::path> outputPath(const PreviewOptions& options)
     return name + (options.mhtml ? ".mhtml" : ".html");
 }
 
-// Why the page can't go where it should; nothing when it can.
-std::optional<std::string> conflict(const std::filesystem::path& output, const std::string& input)
-{
-    if (Paths::isSame(output, input))
-        return "is the skin itself";
-    if (SkinArchive::isFileOfFolder(output, input))
-        return "is a file of the skin";
-    return std::nullopt;
-}
-
 ExitStatus write(const SkinPreviewPage& page, const std::filesystem::path& output, bool mhtml)
 {
     const auto document = mhtml ? PreviewDocument::mhtml(page) : PreviewDocument::html(page);
@@ -45,28 +34,6 @@ ExitStatus write(const SkinPreviewPage& page, const std::filesystem::path& outpu
         return trouble;
     }
     return done;
-}
-
-ExitStatus run(const PreviewOptions& options)
-{
-    const auto output = outputPath(options);
-    if (!output) {
-        Console::sayError(options.input, "has no name; --out says where the page goes");
-        return trouble;
-    }
-    if (const auto reason = conflict(*output, options.input)) {
-        Console::sayError(output->string(), *reason);
-        return trouble;
-    }
-    const auto page = SkinPreviewPage::tryMake(options.input, SkinArchive::Limits());
-    if (page)
-        return write(*page, *output, options.mhtml);
-
-    Console::sayError(options.input, page.error());
-    // A name that is mistyped needs no page.
-    if (Files::kind(options.input))
-        write(SkinPreviewPage::failure(options.input, page.error()), *output, options.mhtml);
-    return trouble;
 }
 
 }
@@ -90,12 +57,26 @@ Options:
 
 Exit status: 0 done; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const PreviewOptions& options)
 {
-    const auto options = PreviewOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, PreviewOptions::usage);
-    return run(*options);
+    const auto output = outputPath(options);
+    if (!output) {
+        Console::sayError(options.input, "has no name; --out says where the page goes");
+        return trouble;
+    }
+    if (const auto conflict = OutputCheck::find({OutputCheck::skin(options.input)}, {*output})) {
+        Console::sayError(output->string(), conflict->text);
+        return trouble;
+    }
+    const auto page = SkinPreviewPage::tryMake(options.input, SkinArchive::Limits());
+    if (page)
+        return write(*page, *output, options.mhtml);
+
+    Console::sayError(options.input, page.error());
+    // A name that is mistyped needs no page.
+    if (Files::kind(options.input))
+        write(SkinPreviewPage::failure(options.input, page.error()), *output, options.mhtml);
+    return trouble;
 }
 
 }

@@ -1,6 +1,6 @@
 #include "skintool/ProgressDisplay.h"
 
-#include "SkinKit/Platform/Terminal.h"
+#include "SkinKit/System/Terminal.h"
 #include "skintool/Console.h"
 
 namespace skintool {

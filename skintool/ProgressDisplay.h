@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Tooling/ProgressBar.h"
+#include "SkinKit/Tooling/CommandLine/ProgressBar.h"
 #include "skintool/LiveLine.h"
 
 #include <chrono>

@@ -1,11 +1,10 @@
-#include "skintool/RenderCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Rendering/ImageDiff.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
-#include "SkinKit/Rendering/PNGWriter.h"
-#include "SkinKit/Tooling/SkintoolOptions.h"
+#include "SkinKit/Graphics/ImageDiff.h"
+#include "SkinKit/Graphics/PNGWriter.h"
+#include "SkinKit/Tooling/CommandLine/OutputCheck.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "skintool/Loading.h"
-#include "skintool/Paths.h"
 #include "skintool/Pictures.h"
 
 #include <optional>
@@ -78,30 +77,30 @@ ExitStatus compare(const Image& image, const Image& reference, const SkintoolOpt
 }
 
 // Why the files named can't be used together, before any is written; nothing when they can.
-std::optional<std::string> conflict(const SkintoolOptions& options)
+std::optional<OutputCheck::Conflict> conflict(const SkintoolOptions& options)
 {
-    using Paths::isSame;
-    if (isSame(*options.png, options.input))
-        return "is the skin itself";
+    const OutputCheck::Input skin = OutputCheck::skin(options.input);
     if (!options.compare)
-        return std::nullopt;
+        return OutputCheck::find({skin}, {*options.png});
 
-    const auto reference = referencePath(options);
-    if (isSame(*options.png, reference) || isSame(markedPath(*options.png), reference))
-        return "would overwrite the reference picture";
     std::error_code ignored;
     const bool isInPlace = options.png->starts_with("/dev/") ||
                            (std::filesystem::exists(*options.png, ignored) &&
                             !std::filesystem::is_regular_file(*options.png, ignored));
     if (isInPlace)
-        return "--compare needs a file to put the marked picture beside";
-    return std::nullopt;
+        return OutputCheck::Conflict{*options.png,
+                                     "--compare needs a file to put the marked picture beside"};
+    return OutputCheck::find(
+        {
+            skin, {referencePath(options), "the reference picture"}
+    },
+        {*options.png, markedPath(*options.png)});
 }
 
 ExitStatus renderAndCompare(const Skin& skin, const SkintoolOptions& options)
 {
-    if (const auto reason = conflict(options)) {
-        Console::sayError(*options.png, *reason);
+    if (const auto found = conflict(options)) {
+        Console::sayError(found->output.string(), found->text);
         return trouble;
     }
     const Image image = render(skin, options);
@@ -115,22 +114,6 @@ ExitStatus renderAndCompare(const Skin& skin, const SkintoolOptions& options)
         return trouble;
     }
     return compare(image, *reference, options);
-}
-
-ExitStatus run(const SkintoolOptions& options)
-{
-    if (options.png && !Pictures::canWrite(MainWindowRenderer::size(options.scale)))
-        return Pictures::sayScaleIsTooLarge(options.scale);
-    const auto info = loadOrSayWhyNot(options.input);
-    if (!info)
-        return trouble;
-    // Beside a picture, which may itself go to standard output, the notes are talk; without one
-    // they are what was asked for.
-    if (!options.png)
-        Console::print(Console::visible(options.input) + ": " + info->summary());
-    if (options.verbose)
-        tellNotes(info->skin, options.png ? Console::say : Console::print);
-    return options.png ? renderAndCompare(info->skin, options) : done;
 }
 
 }
@@ -163,12 +146,21 @@ its pixels in memory: 4 bytes each, 275 x 116 of them times the scale squared.
 
 Exit status: 0 done; 1 the pictures differ; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const SkintoolOptions& options)
 {
-    const auto options = SkintoolOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, SkintoolOptions::usage);
-    return run(*options);
+    if (options.png && !Pictures::canWrite(MainWindowRenderer::size(options.scale)))
+        return Pictures::sayScaleIsTooLarge(options.scale);
+    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::asFarAsDrawn);
+    if (!loaded)
+        return trouble;
+    const auto& [info, skin] = *loaded;
+    // Beside a picture, which may itself go to standard output, the notes are talk; without one
+    // they are what was asked for.
+    if (!options.png)
+        Console::print(Console::visible(options.input) + ": " + info.summary());
+    if (options.verbose)
+        tellNotes(skin, options.png ? Console::say : Console::print);
+    return options.png ? renderAndCompare(skin, options) : done;
 }
 
 }

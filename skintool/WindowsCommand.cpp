@@ -1,18 +1,18 @@
-#include "skintool/WindowsCommand.h"
+#include "skintool/Commands.h"
 
-#include "SkinKit/Rendering/DesktopRenderer.h"
-#include "SkinKit/Rendering/EQWindowRenderer.h"
-#include "SkinKit/Rendering/MainShadeRenderer.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
-#include "SkinKit/Rendering/PlaylistWindowRenderer.h"
-#include "SkinKit/Tooling/WindowsOptions.h"
+#include "SkinKit/Tooling/CommandLine/OutputCheck.h"
+#include "SkinKit/Windows/Desktop/DesktopRenderer.h"
+#include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
+#include "SkinKit/Windows/Main/MainShadeRenderer.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
+#include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "skintool/Loading.h"
-#include "skintool/Paths.h"
 #include "skintool/Pictures.h"
 
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace skintool::WindowsCommand {
 namespace {
@@ -80,17 +80,12 @@ constexpr Picture pictures[] = {
 };
 // clang-format on
 
-// Why the pictures can't go where they should; nothing when they can. A folder that is the skin may
-// hold files of these names itself.
-std::optional<std::string> conflict(const WindowsOptions& options)
+std::vector<std::filesystem::path> paths(const std::filesystem::path& folder)
 {
-    if (Paths::isSame(options.out, options.input))
-        return options.out;
+    std::vector<std::filesystem::path> paths;
     for (const Picture& picture : pictures)
-        if (const auto path = std::filesystem::path(options.out) / picture.file;
-            Paths::isSame(path, options.input))
-            return path.string();
-    return std::nullopt;
+        paths.push_back(folder / picture.file);
+    return paths;
 }
 
 ExitStatus write(const Scene& scene, const std::string& out)
@@ -107,27 +102,6 @@ ExitStatus write(const Scene& scene, const std::string& out)
             return status;
     }
     return done;
-}
-
-ExitStatus run(const WindowsOptions& options)
-{
-    auto state = options.state == WindowsOptions::State::idle ? DesktopState::idle()
-                                                              : DesktopState::webampScreenshot();
-    // All windows together are larger than each.
-    if (!Pictures::canWrite(DesktopRenderer::size(state, options.scale)))
-        return Pictures::sayScaleIsTooLarge(options.scale);
-    const auto info = loadOrSayWhyNot(options.input);
-    if (!info)
-        return trouble;
-    if (const auto path = conflict(options)) {
-        Console::sayError(*path, "is the skin itself");
-        return trouble;
-    }
-    return write({.skin = info->skin,
-                  .state = std::move(state),
-                  .scale = static_cast<int>(options.scale),
-                  .clip = Pictures::clip(options.noRegion)},
-                 options.out);
 }
 
 }
@@ -151,12 +125,26 @@ Options:
 
 Exit status: 0 done; 2 trouble.)";
 
-ExitStatus run(std::span<const std::string> arguments)
+ExitStatus run(const WindowsOptions& options)
 {
-    const auto options = WindowsOptions::parse(arguments);
-    if (!options)
-        return Console::sayUsageError(options.error().description, WindowsOptions::usage);
-    return run(*options);
+    auto state = options.state == WindowsOptions::State::idle ? DesktopState::idle()
+                                                              : DesktopState::webampScreenshot();
+    // All windows together are larger than each.
+    if (!Pictures::canWrite(DesktopRenderer::size(state, options.scale)))
+        return Pictures::sayScaleIsTooLarge(options.scale);
+    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::asFarAsDrawn);
+    if (!loaded)
+        return trouble;
+    if (const auto conflict =
+            OutputCheck::find({OutputCheck::skin(options.input)}, paths(options.out))) {
+        Console::sayError(conflict->output.string(), conflict->text);
+        return trouble;
+    }
+    return write({.skin = loaded->skin,
+                  .state = std::move(state),
+                  .scale = static_cast<int>(options.scale),
+                  .clip = Pictures::clip(options.noRegion)},
+                 options.out);
 }
 
 }

@@ -1,20 +1,7 @@
-#include "SkinKit/Platform/Process.h"
-#include "SkinKit/Tooling/CorpusOptions.h"
-#include "SkinKit/Tooling/CorpusReportOptions.h"
-#include "SkinKit/Tooling/GalleryOptions.h"
-#include "SkinKit/Tooling/InfoOptions.h"
-#include "SkinKit/Tooling/PreviewOptions.h"
-#include "SkinKit/Tooling/SkintoolOptions.h"
-#include "SkinKit/Tooling/WindowsOptions.h"
+#include "SkinKit/System/Process.h"
 #include "SkinKit/Version.h"
+#include "skintool/Commands.h"
 #include "skintool/Console.h"
-#include "skintool/CorpusCommand.h"
-#include "skintool/CorpusReportCommand.h"
-#include "skintool/GalleryCommand.h"
-#include "skintool/InfoCommand.h"
-#include "skintool/PreviewCommand.h"
-#include "skintool/RenderCommand.h"
-#include "skintool/WindowsCommand.h"
 
 #include <cstddef>
 #include <span>
@@ -36,22 +23,40 @@ struct Form {
     ExitStatus (*run)(Arguments);
 };
 
+template <typename Options, ExitStatus (*command)(const Options&)>
+ExitStatus parseAndRun(Arguments arguments)
+{
+    const auto options = Options::parse(arguments);
+    if (options)
+        return command(*options);
+    Console::sayError(options.error().description);
+    Console::say(Options::usage);
+    return trouble;
+}
+
+template <typename Options, ExitStatus (*command)(const Options&)>
+Form formOf(std::string_view word, std::string_view help, std::string_view summary = {})
+{
+    return {word, summary, Options::usage, help, parseAndRun<Options, command>};
+}
+
 std::span<const Form> subCommands()
 {
+    using namespace SkinKit;
     // clang-format off
     static const Form forms[] = {
-        {"info", "tell everything about a skin, or print it as JSON",
-         SkinKit::InfoOptions::usage, InfoCommand::help, InfoCommand::run},
-        {"windows", "write pictures of all windows of a skin",
-         SkinKit::WindowsOptions::usage, WindowsCommand::help, WindowsCommand::run},
-        {"preview", "write an HTML page that shows a skin",
-         SkinKit::PreviewOptions::usage, PreviewCommand::help, PreviewCommand::run},
-        {"gallery", "make a page of all skins of a folder",
-         SkinKit::GalleryOptions::usage, GalleryCommand::help, GalleryCommand::run},
-        {"corpus", "try every skin of a collection, and note what came of each",
-         SkinKit::CorpusOptions::usage, CorpusCommand::help, CorpusCommand::run},
-        {"corpus-report", "sum up what such a run found",
-         SkinKit::CorpusReportOptions::usage, CorpusReportCommand::help, CorpusReportCommand::run},
+        formOf<InfoOptions, InfoCommand::run>("info", InfoCommand::help,
+            "tell everything about a skin, or print it as JSON"),
+        formOf<WindowsOptions, WindowsCommand::run>("windows", WindowsCommand::help,
+            "write pictures of all windows of a skin"),
+        formOf<PreviewOptions, PreviewCommand::run>("preview", PreviewCommand::help,
+            "write an HTML page that shows a skin"),
+        formOf<GalleryOptions, GalleryCommand::run>("gallery", GalleryCommand::help,
+            "make a page of all skins of a folder"),
+        formOf<CorpusOptions, CorpusCommand::run>("corpus", CorpusCommand::help,
+            "try every skin of a collection, and note what came of each"),
+        formOf<CorpusReportOptions, CorpusReportCommand::run>("corpus-report", CorpusReportCommand::help,
+            "sum up what such a run found"),
     };
     // clang-format on
     return forms;
@@ -91,7 +96,7 @@ ExitStatus run(Arguments arguments)
     for (const Form& form : subCommands())
         if (!arguments.empty() && arguments.front() == form.word)
             return run(form, arguments.subspan(1));
-    return run({"", "", SkinKit::SkintoolOptions::usage, RenderCommand::help, RenderCommand::run},
+    return run(formOf<SkinKit::SkintoolOptions, RenderCommand::run>("", RenderCommand::help),
                arguments);
 }
 

@@ -1,11 +1,12 @@
-#include "SkinKit/Platform/PNGCodec.h"
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/ZipWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -256,11 +257,16 @@ TEST(SkinParser, DecodesPNGSheetsBehindDamagedOnesThatClaimTheLargestSizes)
     }
 }
 
-TEST(SkinParser, TakesPNGSheetsForUndecodableThatExceedWhatTheyShare)
+TEST(SkinParser, RejectsASkinThatTakesTooLong)
 {
     const auto largest = *PNGCodec::encode(support::solidImage({4096, 2048}, {1, 2, 3}));
-    SkinBuilder builder = complete();
+    support::ZipWriter zip;
     for (const char* const name : {"cbuttons", "eqmain", "gen", "main", "posbar"})
-        builder.without(std::string(name) + ".bmp").file(std::string(name) + ".png", largest);
-    EXPECT_EQ(builder.parse()->warnings, Notes{"Undecodable posbar.bmp"});
+        zip.add({.name = std::string(name) + ".png", .data = largest, .method = 0});
+    const auto archive =
+        SkinArchive::open(zip.bytes(), {.maxProcessorTime = std::chrono::milliseconds(30)});
+    ASSERT_TRUE(archive);
+    const auto skin = SkinParser::parse(*archive);
+    ASSERT_FALSE(skin);
+    EXPECT_EQ(skin.error(), SkinError::takesTooLong());
 }

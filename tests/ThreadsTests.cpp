@@ -1,4 +1,4 @@
-#include "SkinKit/SkinKit.h"
+#include "SkinKit/Player.h"
 
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SkinKit/Platform/Bytes.h"
-#include "SkinKit/Platform/Files.h"
+#include "SkinKit/Base/Bytes.h"
+#include "SkinKit/System/Files.h"
 
 #include <cstdint>
 #include <optional>

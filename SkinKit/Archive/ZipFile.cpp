@@ -1,7 +1,7 @@
 #include "SkinKit/Archive/ZipFile.h"
 
-#include "SkinKit/Parsers/ByteReader.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/ByteReader.h"
+#include "SkinKit/Base/Unicode.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -119,13 +119,42 @@ std::expected<Directory, std::string> readEnd(const ByteSource& source, ByteView
     return *directory;
 }
 
+// What a file without a directory seems to be instead.
+std::string describeOther(const ByteSource& source)
+{
+    struct Kind {
+        std::string_view start;
+        const char* description;
+    };
+    // clang-format off
+    static constexpr Kind kinds[] = {
+        {"PK\x03\x04"sv,       "Truncated zip archive: no directory at its end"},
+        {"Rar!\x1A\x07"sv,     "A RAR archive, not a zip archive"},
+        {"7z\xBC\xAF\x27\x1C"sv, "A 7z archive, not a zip archive"},
+        {"\x1F\x8B"sv,         "A gzip file, not a zip archive"},
+        {"\xFF\xD8\xFF"sv,     "A JPEG image, not a zip archive"},
+        {"\x89PNG"sv,          "A PNG image, not a zip archive"},
+        {"GIF8"sv,             "A GIF image, not a zip archive"},
+        {"BM"sv,               "A BMP image, not a zip archive"},
+        {"<"sv,                "An HTML or XML page, not a zip archive"},
+    };
+    // clang-format on
+    if (source.size() == 0)
+        return "Empty file";
+    ByteBuffer buffer;
+    for (const Kind& kind : kinds)
+        if (readRecord(source, 0, std::ssize(kind.start), kind.start, buffer))
+            return kind.description;
+    return "Not a zip archive";
+}
+
 std::expected<Directory, std::string> findDirectory(const ByteSource& source)
 {
     ByteBuffer buffer;
     const std::int64_t tailBytes = std::min(source.size(), endBytes + maxCommentBytes);
     const std::int64_t tailStart = source.size() - tailBytes;
     const auto tail = source.read(tailStart, tailBytes, buffer);
-    std::expected<Directory, std::string> result = std::unexpected("Not a zip archive");
+    std::expected<Directory, std::string> result = std::unexpected(describeOther(source));
     if (!tail || tailBytes < endBytes)
         return result;
 
@@ -147,19 +176,17 @@ std::expected<Directory, std::string> findDirectory(const ByteSource& source)
 
 // The attributes' upper half holds the Unix mode, where the entry was made on a system that has
 // one.
-bool isRegularFile(std::string_view path, std::int64_t madeBy, std::int64_t attributes)
+void readType(Entry& entry, std::int64_t madeBy, std::int64_t attributes)
 {
     constexpr std::int64_t dos = 0, unixes = 3, macOS = 19;
     constexpr std::int64_t dosFolder = 0x10;
-    constexpr std::int64_t typeMask = 0170000, regular = 0100000;
-    if (path.ends_with('/'))
-        return false;
+    constexpr std::int64_t typeMask = 0170000, regular = 0100000, folder = 0040000;
     const std::int64_t system = madeBy >> 8;
-    if (system == unixes || system == macOS) {
-        const auto type = attributes >> 16 & typeMask;
-        return type == 0 || type == regular;
-    }
-    return system != dos || (attributes & dosFolder) == 0;
+    const bool hasMode = system == unixes || system == macOS;
+    const std::int64_t type = hasMode ? attributes >> 16 & typeMask : 0;
+    entry.isFolder = asText(entry.name).ends_with('/') || type == folder ||
+                     (system == dos && (attributes & dosFolder) != 0);
+    entry.isRegularFile = !entry.isFolder && (type == 0 || type == regular);
 }
 
 ZipFile::Method methodOf(std::int64_t number)
@@ -169,16 +196,6 @@ ZipFile::Method methodOf(std::int64_t number)
     case 8: return ZipFile::Method::deflated;
     default: return ZipFile::Method::other;
     }
-}
-
-// DOS has a sign for each control character, so that no name holds one that a terminal would obey.
-std::string decodeName(ByteView name)
-{
-    const bool hasControl = std::ranges::any_of(name, [](std::uint8_t byte) { return byte < ' '; });
-    if (!hasControl)
-        if (auto text = Unicode::fromUTF8(name))
-            return std::move(*text);
-    return Unicode::fromCodePage437(name);
 }
 
 // Numbers that 32 bits can't hold stand in an extra field, only those and in this order.
@@ -218,8 +235,8 @@ std::optional<Entry> readEntry(ByteReader& directory, std::int64_t bytesBefore)
 
     constexpr std::int64_t encrypted = 1;
     Entry entry;
-    entry.path = decodeName(*name);
-    entry.isRegularFile = isRegularFile(entry.path, field(*fixed, 4, 2), field(*fixed, 38, 4));
+    entry.name = *name;
+    readType(entry, field(*fixed, 4, 2), field(*fixed, 38, 4));
     entry.uncompressedBytes = field(*fixed, 24, 4);
     entry.compressedBytes = field(*fixed, 20, 4);
     entry.method = methodOf(field(*fixed, 10, 2));
@@ -230,27 +247,16 @@ std::optional<Entry> readEntry(ByteReader& directory, std::int64_t bytesBefore)
     return entry;
 }
 
-std::expected<std::vector<Entry>, std::string> readEntries(const ByteSource& source,
-                                                           const Directory& place)
-{
-    const std::int64_t size = place.end - place.start;
-    if (size > maxDirectoryBytes)
-        return std::unexpected("The zip archive's directory is too large");
-    ByteBuffer buffer;
-    const auto directory = source.read(place.start, size, buffer);
-    if (!directory)
-        return std::unexpected("Zip archive without its directory");
-
-    std::vector<Entry> entries;
-    ByteReader reader(*directory);
-    while (auto entry = readEntry(reader, place.before)) {
-        if (entries.size() == ZipFile::maxEntries)
-            return std::unexpected("Zip archive of more than 65535 entries");
-        entries.push_back(std::move(*entry));
-    }
-    return entries;
 }
 
+// DOS has a sign for each control character, so that no name holds one that a terminal would obey.
+std::string ZipFile::Entry::path() const
+{
+    const bool hasControl = std::ranges::any_of(name, [](std::uint8_t byte) { return byte < ' '; });
+    if (!hasControl)
+        if (auto text = Unicode::fromUTF8(name))
+            return std::move(*text);
+    return Unicode::fromCodePage437(name);
 }
 
 std::expected<ZipFile, std::string> ZipFile::open(const std::filesystem::path& path)
@@ -279,13 +285,34 @@ std::expected<ZipFile, std::string> ZipFile::open(ByteView bytes)
 
 std::expected<ZipFile, std::string> ZipFile::open(ByteSource source)
 {
-    const auto directory = findDirectory(source);
-    auto entries = directory ? readEntries(source, *directory) : std::unexpected(directory.error());
-    if (source.readError())
-        return std::unexpected(source.readError().message());
-    if (!entries)
-        return std::unexpected(std::move(entries.error()));
-    return ZipFile(std::move(source), std::move(*entries));
+    ZipFile zip(std::move(source));
+    const auto error = zip.readDirectory();
+    if (zip.readError())
+        return std::unexpected(zip.readError().message());
+    if (error)
+        return std::unexpected(*error);
+    return zip;
+}
+
+std::optional<std::string> ZipFile::readDirectory()
+{
+    const auto place = findDirectory(source_);
+    if (!place)
+        return place.error();
+    const std::int64_t size = place->end - place->start;
+    if (size > maxDirectoryBytes)
+        return "The zip archive's directory is too large";
+    const auto directory = source_.read(place->start, size, directory_);
+    if (!directory)
+        return "Zip archive without its directory";
+
+    ByteReader reader(*directory);
+    while (const auto entry = readEntry(reader, place->before)) {
+        if (std::ssize(entries_) == maxEntries)
+            return "Zip archive of more than 65535 entries";
+        entries_.push_back(*entry);
+    }
+    return std::nullopt;
 }
 
 std::optional<ByteView> ZipFile::rawBytes(const Entry& entry, ByteBuffer& buffer) const

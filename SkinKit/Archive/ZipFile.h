@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SkinKit/Archive/ByteSource.h"
+#include "SkinKit/Base/Bytes.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,8 +18,8 @@ namespace SkinKit {
 // after which the directory is damaged, headers that contradict the directory are no failure.
 class ZipFile {
 public:
-    // More entries are refused, and so is a directory of more than 16 MiB.
-    static constexpr std::size_t maxEntries = 65'535;
+    // An archive with more entries is rejected, and so is a directory of more than 16 MiB.
+    static constexpr std::int64_t maxEntries = 65'535;
 
     // Fails with a text that says why.
     static std::expected<ZipFile, std::string> open(const std::filesystem::path& path);
@@ -29,13 +30,17 @@ public:
     enum class Method { stored, deflated, other };
 
     struct Entry {
-        std::string path; // UTF-8; other encodings are taken for code page 437
+        ByteView name; // the path as stored, valid while the ZipFile lives
         bool isRegularFile = false;
+        bool isFolder = false;
         std::int64_t uncompressedBytes = 0; // as declared
         std::int64_t compressedBytes = 0;   // as declared
         Method method = Method::other;
         bool isEncrypted = false;
         std::int64_t offset = 0; // where it begins in the container, as declared
+
+        // The path in UTF-8; other encodings are read as code page 437.
+        std::string path() const;
     };
 
     const std::vector<Entry>& entries() const { return entries_; }
@@ -49,14 +54,14 @@ public:
     std::error_code readError() const { return source_.readError(); }
 
 private:
-    ZipFile(ByteSource source, std::vector<Entry> entries)
-        : source_(std::move(source)), entries_(std::move(entries))
-    {
-    }
+    explicit ZipFile(ByteSource source) : source_(std::move(source)) {}
 
     static std::expected<ZipFile, std::string> open(ByteSource source);
+    // Why the entries can't be read; nothing when they were.
+    std::optional<std::string> readDirectory();
 
     ByteSource source_;
+    ByteBuffer directory_; // where the source doesn't hold it in memory
     std::vector<Entry> entries_;
 };
 

@@ -1,7 +1,7 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 
-#include "SkinKit/Platform/Numbers.h"
-#include "SkinKit/Raster/Canvas.h"
+#include "SkinKit/Base/Numbers.h"
+#include "SkinKit/Graphics/Canvas.h"
 #include "SkinKit/Sprites/GlyphFont.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Raster/Geometry.h"
+#include "SkinKit/Graphics/Geometry.h"
 
 #include <cstddef>
 #include <functional>

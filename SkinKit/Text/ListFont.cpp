@@ -1,12 +1,13 @@
 #include "SkinKit/Text/ListFont.h"
 
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "SkinKit/Text/TextFont.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace SkinKit::ListFont {
 namespace {
@@ -204,11 +205,16 @@ char32_t withSameGlyph(char32_t character)
     return character;
 }
 
-std::optional<std::string_view> folded(char32_t character)
+// A mark, or a character outside the first plane, is shown as it is.
+std::string deburred(char32_t character)
 {
     constexpr char32_t endOfFirstPlane = 0x10000;
-    return character < endOfFirstPlane ? TextFont::deburr(static_cast<char16_t>(character))
-                                       : std::nullopt;
+    if (character < endOfFirstPlane)
+        if (auto letters = TextFont::deburr(static_cast<char16_t>(character)))
+            return std::move(*letters);
+    std::string itself;
+    Unicode::append(itself, character);
+    return itself;
 }
 
 // Shows what a reader takes for one character by the first code point of its composed form; marks
@@ -217,14 +223,12 @@ void append(std::vector<Glyph>& line, std::string_view character)
 {
     const std::string composed = Unicode::composed(character);
     std::string_view codePoints = composed;
-    const char32_t first = Unicode::takeFirst(codePoints);
-    if (const auto letters = folded(first)) {
-        for (const char letter : *letters)
-            line.push_back(glyph(static_cast<unsigned char>(letter)));
-        return;
+    const std::string letters = deburred(Unicode::takeFirst(codePoints));
+    for (std::string_view rest = letters; !rest.empty();) {
+        const char32_t letter = Unicode::takeFirst(rest);
+        const bool isSpace = letter != noBreakSpace && Unicode::isWhiteSpace(letter);
+        line.push_back(glyph(isSpace ? U' ' : letter));
     }
-    const bool isSpace = first != noBreakSpace && Unicode::isWhiteSpace(first);
-    line.push_back(glyph(isSpace ? U' ' : first));
 }
 
 }

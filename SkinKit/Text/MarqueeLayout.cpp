@@ -1,6 +1,6 @@
 #include "SkinKit/Text/MarqueeLayout.h"
 
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 
 #include <cstdint>
 

@@ -1,9 +1,8 @@
 #include "SkinKit/Text/TextFont.h"
 
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 
@@ -64,17 +63,10 @@ bool isSurrogate(char16_t unit)
 
 std::optional<Sprite> find(char16_t unit)
 {
-    if (isSurrogate(unit))
+    const auto letters = deburr(unit);
+    if (!letters)
         return std::nullopt;
-    std::string text;
-    if (const auto letters = deburr(unit))
-        text = *letters;
-    else if (isCombiningMark(unit))
-        return std::nullopt;
-    else
-        Unicode::append(text, unit);
-
-    const auto first = Unicode::toUTF16(Unicode::lowercased(text)).front();
+    const auto first = Unicode::toUTF16(Unicode::lowercased(*letters)).front();
     const auto placed =
         SkinSprites::byName("CHARACTER_" + std::to_string(static_cast<unsigned>(first)));
     return placed ? std::optional(placed->sprite) : std::nullopt;
@@ -93,14 +85,18 @@ std::array<std::optional<Sprite>, asciiCount> findASCII()
 
 }
 
-std::optional<std::string_view> deburr(char16_t unit)
+std::optional<std::string> deburr(char16_t unit)
 {
-    constexpr char16_t firstFolded = u'À';
-    if (unit < firstFolded)
+    if (isCombiningMark(unit) || isSurrogate(unit))
         return std::nullopt;
-    const auto fold = std::ranges::find_if(
-        folds, [unit](const Fold& candidate) { return candidate.units.contains(unit); });
-    return fold == std::end(folds) ? std::nullopt : std::optional(fold->letters);
+    constexpr char16_t firstFolded = u'À';
+    if (unit >= firstFolded)
+        for (const Fold& fold : folds)
+            if (fold.units.contains(unit))
+                return std::string(fold.letters);
+    std::string itself;
+    Unicode::append(itself, unit);
+    return itself;
 }
 
 std::optional<Sprite> sprite(char16_t unit)

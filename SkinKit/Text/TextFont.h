@@ -3,6 +3,7 @@
 #include "SkinKit/Sprites/Sprite.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,9 +14,10 @@ inline constexpr std::string_view sheet = "TEXT";
 inline constexpr int cellWidth = 5;
 inline constexpr int cellHeight = 6;
 
-// What a Latin letter with a diacritic is folded to, or nothing for any other unit. Some are folded
-// to two letters ("ss"), of which the font then shows the first.
-std::optional<std::string_view> deburr(char16_t unit);
+// A UTF-16 unit without diacritics, as UTF-8: what a Latin letter with a diacritic is folded to,
+// any other character itself. Nothing for a combining mark or a surrogate. Some letters are folded
+// to two ("ss"), of which the font shows the first.
+std::optional<std::string> deburr(char16_t unit);
 
 // The cell that shows a UTF-16 unit, or nothing when the font has none for it.
 std::optional<Sprite> sprite(char16_t unit);

@@ -1,7 +1,6 @@
 #include "SkinKit/Text/TextRenderer.h"
 
-#include "SkinKit/Layout/MainShadeLayout.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "SkinKit/Text/TextFont.h"
 
 #include <utility>
@@ -50,21 +49,6 @@ void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at)
 {
     if (const Image* const sheet = textSheet(skin))
         drawCells(canvas, *sheet, Unicode::toUTF16(Unicode::composed(text)), at);
-}
-
-std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters)
-{
-    const Image* const sheet = textSheet(skin);
-    if (!sheet)
-        return std::nullopt;
-
-    Canvas canvas({MainShadeLayout::miniTimeImageWidth, TextFont::cellHeight});
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        const auto units = Unicode::toUTF16(Unicode::composed(characters[i]));
-        if (!units.empty())
-            drawCell(canvas, *sheet, units.front(), {MainShadeLayout::miniTimeCellX[i], 0});
-    }
-    return std::move(canvas).image();
 }
 
 Rect minusFrame(const Skin& skin)

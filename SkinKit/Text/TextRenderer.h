@@ -1,8 +1,7 @@
 #pragma once
 
-#include "SkinKit/Display/MiniTime.h"
-#include "SkinKit/Raster/Canvas.h"
-#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Graphics/Canvas.h"
+#include "SkinKit/Graphics/Image.h"
 #include "SkinKit/Skin.h"
 
 #include <optional>
@@ -18,10 +17,6 @@ std::optional<Image> textImage(const Skin& skin, std::string_view text);
 // Draws such a text with its top left corner at `at`: what drawing its image would, but cell by
 // cell, so that a text far longer than the clip needs no raster of its own.
 void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at);
-
-// The shaded window's clock, 30 × 6 pixels, with a gap for the colon of the skin's own background.
-// Nothing without a text sheet.
-std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters);
 
 // Where the clock's sign stands: the extended digits have a full-sized one, the plain ones a dash.
 Rect minusFrame(const Skin& skin);

@@ -39,98 +39,102 @@ JSON::Object sizeFields(Size size)
     };
 }
 
-// The smallest box around all points of a section. Its corners, since the skin's numbers may lie
-// too far apart for a width.
-struct RegionBounds {
-    std::int64_t polygons = 0;
-    std::int64_t points = 0;
-    std::int64_t left = std::numeric_limits<std::int64_t>::max();
-    std::int64_t top = std::numeric_limits<std::int64_t>::max();
-    std::int64_t right = std::numeric_limits<std::int64_t>::min();
-    std::int64_t bottom = std::numeric_limits<std::int64_t>::min();
+using Region = SkinInfo::Region;
+using CursorFacts = SkinInfo::CursorFacts;
 
-    explicit RegionBounds(const SkinRegion::Polygons& section) : polygons(std::ssize(section))
-    {
-        for (const auto& polygon : section) {
-            points += std::ssize(polygon);
-            for (const auto& point : polygon) {
-                left = std::min(left, point.x);
-                top = std::min(top, point.y);
-                right = std::max(right, point.x);
-                bottom = std::max(bottom, point.y);
-            }
+Region regionOf(const SkinRegion::Polygons& section)
+{
+    constexpr auto least = std::numeric_limits<std::int64_t>::min();
+    constexpr auto most = std::numeric_limits<std::int64_t>::max();
+    Region region{std::ssize(section), 0, most, most, least, least};
+    for (const auto& polygon : section) {
+        region.points += std::ssize(polygon);
+        for (const auto& point : polygon) {
+            region.left = std::min(region.left, point.x);
+            region.top = std::min(region.top, point.y);
+            region.right = std::max(region.right, point.x);
+            region.bottom = std::max(region.bottom, point.y);
         }
     }
+    return region;
+}
 
-    std::string text() const
-    {
-        std::string counts = counted(polygons, "polygon") + ", " + counted(points, "point");
-        if (points == 0)
-            return counts;
-        return counts + ", from " + std::to_string(left) + ", " + std::to_string(top) + " to " +
-               std::to_string(right) + ", " + std::to_string(bottom);
-    }
+std::string textOf(const Region& region)
+{
+    std::string counts =
+        counted(region.polygons, "polygon") + ", " + counted(region.points, "point");
+    if (region.points == 0)
+        return counts;
+    return counts + ", from " + std::to_string(region.left) + ", " + std::to_string(region.top) +
+           " to " + std::to_string(region.right) + ", " + std::to_string(region.bottom);
+}
 
-    JSON json() const
-    {
-        JSON::Object object{
-            {"polygons", polygons},
-            {"points",   points  }
+JSON jsonOf(const Region& region)
+{
+    JSON::Object object{
+        {"polygons", region.polygons},
+        {"points",   region.points  }
+    };
+    if (region.points > 0)
+        object["bounds"] = JSON::Object{
+            {"left",   region.left  },
+            {"top",    region.top   },
+            {"right",  region.right },
+            {"bottom", region.bottom}
         };
-        if (points > 0)
-            object["bounds"] = JSON::Object{
-                {"left",   left  },
-                {"top",    top   },
-                {"right",  right },
-                {"bottom", bottom}
-            };
-        return object;
-    }
-};
+    return object;
+}
 
-// A cursor told by its best picture; of an animation, that of its first frame.
-struct CursorFacts {
-    const CursorImage& picture;
-    std::string_view kind;
-    std::int64_t images; // of a static cursor
-    std::int64_t frames; // of an animation; 0 for a static one
-    std::int64_t steps;
+CursorFacts factsOf(const CursorImage& image)
+{
+    return {.size = image.image.size(), .hotSpot = image.hotSpot, .bitCount = image.bitCount};
+}
 
-    static CursorFacts of(const Cursor& cursor)
-    {
-        if (const auto* still = std::get_if<StaticCursor>(&cursor))
-            return {still->best(), "static", std::ssize(still->images), 0, 0};
-        const auto& animated = std::get<AnimatedCursor>(cursor);
-        return {animated.frames.front().best(), "animated", 0, std::ssize(animated.frames),
-                std::ssize(animated.steps)};
+CursorFacts factsOf(const Cursor& cursor)
+{
+    if (const auto* still = std::get_if<StaticCursor>(&cursor)) {
+        auto facts = factsOf(still->best());
+        facts.images = std::ssize(still->images);
+        return facts;
     }
+    const auto& animated = std::get<AnimatedCursor>(cursor);
+    auto facts = factsOf(animated.frames.front().best());
+    facts.frames = std::ssize(animated.frames);
+    facts.steps = std::ssize(animated.steps);
+    return facts;
+}
 
-    std::string text() const
-    {
-        return std::string(kind) + ", " + sizeText(picture.image.size()) + ", hot spot " +
-               std::to_string(picture.hotSpot.x) + ", " + std::to_string(picture.hotSpot.y) + ", " +
-               (frames > 0 ? counted(frames, "frame") + " in " + counted(steps, "step")
-                           : counted(images, "image"));
-    }
+std::string_view kindOf(const CursorFacts& cursor)
+{
+    return cursor.frames > 0 ? "animated" : "static";
+}
 
-    JSON json() const
-    {
-        JSON::Object object = sizeFields(picture.image.size());
-        object["kind"] = kind;
-        object["hotSpot"] = JSON::Object{
-            {"x", picture.hotSpot.x},
-            {"y", picture.hotSpot.y}
-        };
-        object["bitCount"] = picture.bitCount;
-        if (frames > 0) {
-            object["frames"] = frames;
-            object["steps"] = steps;
-        } else {
-            object["images"] = images;
-        }
-        return object;
+std::string textOf(const CursorFacts& cursor)
+{
+    return std::string(kindOf(cursor)) + ", " + sizeText(cursor.size) + ", hot spot " +
+           std::to_string(cursor.hotSpot.x) + ", " + std::to_string(cursor.hotSpot.y) + ", " +
+           (cursor.frames > 0
+                ? counted(cursor.frames, "frame") + " in " + counted(cursor.steps, "step")
+                : counted(cursor.images, "image"));
+}
+
+JSON jsonOf(const CursorFacts& cursor)
+{
+    JSON::Object object = sizeFields(cursor.size);
+    object["kind"] = kindOf(cursor);
+    object["hotSpot"] = JSON::Object{
+        {"x", cursor.hotSpot.x},
+        {"y", cursor.hotSpot.y}
+    };
+    object["bitCount"] = cursor.bitCount;
+    if (cursor.frames > 0) {
+        object["frames"] = cursor.frames;
+        object["steps"] = cursor.steps;
+    } else {
+        object["images"] = cursor.images;
     }
-};
+    return object;
+}
 
 // Lines of a label and a value, the values one below the other.
 class Table {
@@ -162,13 +166,13 @@ JSON::Array textArray(const Texts& texts)
     return JSON::Array(texts.begin(), texts.end());
 }
 
-JSON::Object sheetsJSON(const Skin& skin)
+JSON::Object sheetsJSON(const std::map<std::string, SkinInfo::Sheet>& sheets)
 {
     JSON::Object object;
-    for (const auto& [name, image] : skin.sheets) {
-        JSON::Object sheet = sizeFields(image.size());
-        sheet["origin"] = skin.generatedSheets.contains(name) ? "generated" : "file";
-        sheet["hasAlpha"] = !image.isOpaque();
+    for (const auto& [name, facts] : sheets) {
+        JSON::Object sheet = sizeFields(facts.size);
+        sheet["origin"] = facts.isGenerated ? "generated" : "file";
+        sheet["hasAlpha"] = facts.hasAlpha;
         object[name] = sheet;
     }
     return object;
@@ -187,26 +191,42 @@ JSON::Object playlistStyleJSON(const PlaylistStyle& style)
 
 }
 
-SkinInfo SkinInfo::of(std::string_view name, const SkinArchive& archive, Skin skin)
+SkinInfo SkinInfo::of(std::string_view name, const SkinArchive& archive, const Skin& skin)
 {
-    return {std::string(name), std::move(skin), archive.entryCount(), archive.leftOutCount()};
+    SkinInfo info{.name = std::string(name),
+                  .entryCount = archive.entryCount(),
+                  .leftOutCount = archive.leftOutCount(),
+                  .missingSprites = RequiredSprites::missing(skin),
+                  .warnings = skin.warnings,
+                  .fallbacks = skin.fallbacks,
+                  .visColors = skin.visColors,
+                  .playlistStyle = skin.playlistStyle,
+                  .unreadableCursors = skin.cursors.unreadable};
+    for (const auto& [sheet, image] : skin.sheets)
+        info.sheets[sheet] = {image.size(), !image.isOpaque(),
+                              skin.generatedSheets.contains(sheet)};
+    for (const auto& [section, polygons] : skin.region.sections)
+        info.regions[section] = regionOf(polygons);
+    for (const auto& [cursor, value] : skin.cursors.byName)
+        info.cursors[cursor] = factsOf(value);
+    return info;
 }
 
 std::string_view SkinInfo::status() const
 {
-    return skin.warnings.empty() ? "ok" : "partial";
+    return warnings.empty() ? "ok" : "partial";
 }
 
 std::string SkinInfo::summary() const
 {
-    const std::int64_t generated = std::ssize(skin.generatedSheets);
-    const std::size_t lacking = RequiredSprites::missing(skin).size();
-    return counted(std::ssize(skin.sheets) - generated, "sheet") + " found, " +
+    const auto generated =
+        std::ranges::count_if(sheets, [](const auto& sheet) { return sheet.second.isGenerated; });
+    return counted(std::ssize(sheets) - generated, "sheet") + " found, " +
            std::to_string(generated) + " generated; " + std::to_string(entryCount - leftOutCount) +
            " of " + std::to_string(entryCount) + " entries kept; main window " +
-           (lacking == 0
+           (missingSprites.empty()
                 ? "complete"
-                : "incomplete (" + std::to_string(lacking) + " of " +
+                : "incomplete (" + std::to_string(missingSprites.size()) + " of " +
                       std::to_string(RequiredSprites::all().size()) + " required sprites missing)");
 }
 
@@ -217,77 +237,76 @@ std::vector<std::string> SkinInfo::lines() const
     table.line(summary());
 
     table.heading("Sheets");
-    for (const auto& [sheet, image] : skin.sheets)
-        table.row(sheet, sizeText(image.size()) + (image.isOpaque() ? "" : ", with alpha") +
-                             (skin.generatedSheets.contains(sheet) ? ", generated" : ""));
-    if (const auto missing = RequiredSprites::missing(skin); !missing.empty()) {
+    for (const auto& [sheet, facts] : sheets)
+        table.row(sheet, sizeText(facts.size) + (facts.hasAlpha ? ", with alpha" : "") +
+                             (facts.isGenerated ? ", generated" : ""));
+    if (!missingSprites.empty()) {
         table.heading("Required sprites missing");
-        for (const auto sprite : missing)
+        for (const auto sprite : missingSprites)
             table.line(std::string("  ").append(sprite));
     }
-    if (!skin.warnings.empty() || !skin.fallbacks.empty())
+    if (!warnings.empty() || !fallbacks.empty())
         table.heading("Notes");
-    for (const auto& note : skin.warnings)
+    for (const auto& note : warnings)
         table.row("warning", note);
-    for (const auto& note : skin.fallbacks)
+    for (const auto& note : fallbacks)
         table.row("fallback", note);
 
     table.heading("Visualizer colours");
     constexpr std::size_t colorsInRow = 8;
-    for (std::size_t first = 0; first < skin.visColors.size(); first += colorsInRow) {
+    for (std::size_t first = 0; first < visColors.size(); first += colorsInRow) {
         std::string colors;
         for (std::size_t i = first; i < first + colorsInRow; ++i)
-            colors.append(i == first ? "" : " ").append(hex(skin.visColors[i]));
+            colors.append(i == first ? "" : " ").append(hex(visColors[i]));
         table.row(std::to_string(first), colors);
     }
-    if (!skin.region.sections.empty())
+    if (!regions.empty())
         table.heading("Region");
-    for (const auto& [section, polygons] : skin.region.sections)
-        table.row(section, RegionBounds(polygons).text());
+    for (const auto& [section, region] : regions)
+        table.row(section, textOf(region));
 
-    const PlaylistStyle& style = skin.playlistStyle;
+    const PlaylistStyle& style = playlistStyle;
     table.heading("Playlist style");
     table.row("text", hex(style.normal) + " on " + hex(style.normalBackground));
     table.row("current", hex(style.current));
     table.row("selected", "on " + hex(style.selectedBackground));
     table.row("font", style.font);
 
-    if (!skin.cursors.byName.empty() || !skin.cursors.unreadable.empty())
+    if (!cursors.empty() || !unreadableCursors.empty())
         table.heading("Cursors");
-    for (const auto& [cursor, value] : skin.cursors.byName)
-        table.row(cursor, CursorFacts::of(value).text());
-    for (const auto& file : skin.cursors.unreadable)
+    for (const auto& [cursor, facts] : cursors)
+        table.row(cursor, textOf(facts));
+    for (const auto& file : unreadableCursors)
         table.row("unreadable", file);
     return table.take();
 }
 
 JSON SkinInfo::json() const
 {
-    JSON::Object regions;
-    for (const auto& [section, polygons] : skin.region.sections)
-        regions[section] = RegionBounds(polygons).json();
-    JSON::Object cursors;
-    for (const auto& [cursor, value] : skin.cursors.byName)
-        cursors[cursor] = CursorFacts::of(value).json();
+    JSON::Object regionFields;
+    for (const auto& [section, region] : regions)
+        regionFields[section] = jsonOf(region);
+    JSON::Object cursorFields;
+    for (const auto& [cursor, facts] : cursors)
+        cursorFields[cursor] = jsonOf(facts);
     JSON::Array colors;
-    for (const auto& color : skin.visColors)
+    for (const auto& color : visColors)
         colors.emplace_back(hex(color));
-    const auto missing = RequiredSprites::missing(skin);
 
     return JSON::Object{
         {"name",               name                                                                        },
         {"status",             status()                                                                    },
         {"entries",            JSON::Object{{"kept", entryCount - leftOutCount}, {"leftOut", leftOutCount}}},
-        {"mainWindowComplete", missing.empty()                                                             },
-        {"missingSprites",     textArray(missing)                                                          },
-        {"sheets",             sheetsJSON(skin)                                                            },
-        {"warnings",           textArray(skin.warnings)                                                    },
-        {"fallbacks",          textArray(skin.fallbacks)                                                   },
+        {"mainWindowComplete", missingSprites.empty()                                                      },
+        {"missingSprites",     textArray(missingSprites)                                                   },
+        {"sheets",             sheetsJSON(sheets)                                                          },
+        {"warnings",           textArray(warnings)                                                         },
+        {"fallbacks",          textArray(fallbacks)                                                        },
         {"visColors",          colors                                                                      },
-        {"region",             regions                                                                     },
-        {"playlistStyle",      playlistStyleJSON(skin.playlistStyle)                                       },
-        {"cursors",            cursors                                                                     },
-        {"unreadableCursors",  textArray(skin.cursors.unreadable)                                          },
+        {"region",             regionFields                                                                },
+        {"playlistStyle",      playlistStyleJSON(playlistStyle)                                            },
+        {"cursors",            cursorFields                                                                },
+        {"unreadableCursors",  textArray(unreadableCursors)                                                },
     };
 }
 

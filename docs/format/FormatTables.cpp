@@ -7,10 +7,15 @@
 // not say of itself in constants it is asked: skins with one flaw are parsed for the notes that it
 // makes, bitmaps of every kind are decoded.
 
-#include "SkinKit/SkinKit.h"
+#include "SkinKit/Player.h"
 
-#include "SkinKit/Parsers/BMPHeader.h"
-#include "SkinKit/Tooling/Markdown.h"
+#include "SkinKit/Base/Markdown.h"
+#include "SkinKit/Formats/CursorPicture.h"
+#include "SkinKit/Formats/PlaylistStyleParser.h"
+#include "SkinKit/Formats/RegionParser.h"
+#include "SkinKit/Graphics/BMPDecoder.h"
+#include "SkinKit/Graphics/BMPHeader.h"
+#include "SkinKit/Tooling/RequiredSprites.h"
 #include "docs/format/SpritePurposes.h"
 #include "tests/support/SkinBuilder.h"
 

@@ -1,7 +1,7 @@
 #include "docs/format/SpritePurposes.h"
 
-#include "SkinKit/Platform/Numbers.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Numbers.h"
+#include "SkinKit/Base/Unicode.h"
 
 #include <algorithm>
 #include <cstdint>

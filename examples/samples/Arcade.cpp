@@ -1,5 +1,5 @@
-#include "SkinKit/Platform/Unicode.h"
-#include "SkinKit/Raster/Canvas.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Graphics/Canvas.h"
 #include "examples/samples/CursorFiles.h"
 #include "examples/samples/SampleSkins.h"
 #include "examples/samples/Sheets.h"

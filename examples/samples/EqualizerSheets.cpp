@@ -1,6 +1,6 @@
-#include "SkinKit/Display/EQGraph.h"
-#include "SkinKit/Layout/EQLayout.h"
-#include "SkinKit/Layout/MainSliders.h"
+#include "SkinKit/Windows/Equalizer/EQGraph.h"
+#include "SkinKit/Windows/Equalizer/EQLayout.h"
+#include "SkinKit/Windows/Main/MainSliders.h"
 #include "examples/samples/Sheets.h"
 #include "examples/samples/WindowParts.h"
 

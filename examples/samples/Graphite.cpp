@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "examples/samples/Lettering.h"
 #include "examples/samples/SampleSkins.h"
 #include "examples/samples/Sheets.h"

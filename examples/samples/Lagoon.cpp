@@ -1,4 +1,4 @@
-#include "SkinKit/Rendering/MainWindowLayout.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 #include "examples/samples/Lettering.h"
 #include "examples/samples/SampleSkins.h"
 #include "examples/samples/Shape.h"

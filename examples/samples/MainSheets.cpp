@@ -1,8 +1,8 @@
-#include "SkinKit/Layout/MainShadeLayout.h"
-#include "SkinKit/Layout/MainSliders.h"
-#include "SkinKit/Platform/Numbers.h"
-#include "SkinKit/Rendering/MainWindowLayout.h"
+#include "SkinKit/Base/Numbers.h"
 #include "SkinKit/Sprites/SkinSprites.h"
+#include "SkinKit/Windows/Main/MainShadeLayout.h"
+#include "SkinKit/Windows/Main/MainSliders.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 #include "examples/samples/Sheets.h"
 #include "examples/samples/WindowParts.h"
 

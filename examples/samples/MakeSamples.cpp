@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/Files.h"
+#include "SkinKit/System/Files.h"
 #include "examples/samples/SampleSkins.h"
 
 #include <filesystem>

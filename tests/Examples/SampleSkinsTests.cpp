@@ -2,11 +2,11 @@
 
 #include "SkinKit/Archive/SkinArchive.h"
 #include "SkinKit/Archive/ZipFile.h"
-#include "SkinKit/Layout/MainSliders.h"
-#include "SkinKit/Platform/PNGCodec.h"
-#include "SkinKit/Rendering/MainWindowLayout.h"
+#include "SkinKit/Graphics/PNGCodec.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Windows/Main/MainSliders.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ std::vector<std::string> entryPaths(const ZipFile& zip)
 {
     std::vector<std::string> paths;
     for (const auto& entry : zip.entries())
-        paths.push_back(entry.path);
+        paths.push_back(entry.path());
     return paths;
 }
 
@@ -50,6 +50,11 @@ std::uint32_t numberAt(ByteView bytes, std::size_t offset, int width)
     for (int i = width - 1; i >= 0; --i)
         number = number << 8 | bytes[offset + static_cast<std::size_t>(i)];
     return number;
+}
+
+Image decodedPNG(ByteView bytes)
+{
+    return PNGCodec::decode(bytes, {.maxSide = 1024, .maxPixels = 1 << 20}).value();
 }
 
 // How many pixels of an image are of some kind.
@@ -85,8 +90,8 @@ TEST(SampleSkins, AreWhatTheProgramMakesToday)
         for (const auto& [name, bytes] : made.files()) {
             const auto& there = committed.files().at(name);
             // How a PNG file is packed depends on the library; what it shows does not.
-            if (const auto image = PNGCodec::decode(bytes, {}))
-                EXPECT_EQ(PNGCodec::decode(there, {}), image) << skin.name << ": " << name;
+            if (name.ends_with(".png"))
+                EXPECT_EQ(decodedPNG(there), decodedPNG(bytes)) << skin.name << ": " << name;
             else
                 EXPECT_EQ(there, bytes) << skin.name << ": " << name;
         }

@@ -1,5 +1,5 @@
-#include "SkinKit/Raster/AreaFilter.h"
-#include "SkinKit/Rendering/MainWindowRenderer.h"
+#include "SkinKit/Graphics/AreaFilter.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Graphics/PNGWriter.h"
 
 #include <algorithm>
 #include <cstdio>

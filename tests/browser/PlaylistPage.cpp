@@ -1,4 +1,4 @@
-#include "SkinKit/Display/PlaylistHTML.h"
+#include "SkinKit/Player/PlaylistHTML.h"
 
 #include <cstdio>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Graphics/BMPDecoder.h"
 
 #include "tests/differential/RandomBMP.h"
 #include "tests/differential/SlowBMPDecoder.h"

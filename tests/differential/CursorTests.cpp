@@ -1,6 +1,6 @@
-#include "SkinKit/Cursors/CurDecoder.h"
+#include "SkinKit/Formats/CurDecoder.h"
 
-#include "SkinKit/Parsers/BMPDecoder.h"
+#include "SkinKit/Graphics/BMPDecoder.h"
 #include "tests/differential/RandomBMP.h"
 #include "tests/support/CursorWriter.h"
 

@@ -1,5 +1,5 @@
-#include "SkinKit/Parsers/RegionParser.h"
-#include "SkinKit/SkinRegion.h"
+#include "SkinKit/Formats/RegionParser.h"
+#include "SkinKit/Formats/SkinRegion.h"
 
 #include "tests/differential/Random.h"
 #include "tests/support/Winding.h"
@@ -95,7 +95,7 @@ TEST(DifferentialRegion, MasksThePixelsWhoseCentresTheFilesPolygonsRunRound)
         SkinRegion::Polygons polygons;
         for (auto count = random.below(4) + 1; count > 0; --count)
             polygons.push_back(outline(random));
-        const auto region = RegionParser::parse(asBytes(regionFile(polygons)));
+        const auto region = RegionParser::parse(regionFile(polygons));
         ASSERT_TRUE(region.normal());
         ASSERT_EQ(*region.normal(), polygons) << round;
 

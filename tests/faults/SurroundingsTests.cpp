@@ -1,4 +1,4 @@
-#include "SkinKit/Platform/JSON.h"
+#include "SkinKit/Base/JSON.h"
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
@@ -228,7 +228,15 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
     fs::create_directory(folder_ / "closed");
     fs::create_directory(folder_ / "skin");
     folder_.write("skin/main.bmp", support::readFile(path("skin.wsz")));
-    for (const auto* name : {"secret.wsz", "closed", "skin/main.bmp"})
+    fs::create_directory(folder_ / "run");
+    fs::create_directory(folder_ / "logs");
+    fs::permissions(path("run"), fs::perms::all);
+    folder_.write("run/listing.json", support::bytes("[]"));
+    folder_.write("logs/secret.log", {});
+    folder_.write("results.jsonl",
+                  support::bytes(R"({"event":"result","path":"a","status":"crashed"})"));
+    for (const auto* name :
+         {"secret.wsz", "closed", "skin/main.bmp", "run/listing.json", "logs/secret.log"})
         fs::permissions(path(name), fs::perms::none);
     fs::permissions(folder_.path(),
                     fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec);
@@ -242,7 +250,13 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
             "${as[@]}" "$1" info "$input" && exit 1
         done
         "${as[@]}" "$1" --png "$2/closed/a.png" "$2/skin.wsz"
-        [ $? = 2 ])sh",
+        [ $? = 2 ] || exit 2
+        "${as[@]}" "$1" corpus "$2/skin" --out "$2/run" --resume
+        [ $? = 2 ] || exit 3
+        # A crash log is not needed for the report, whose gate fails here.
+        "${as[@]}" "$1" corpus-report "$2/results.jsonl" --crashes "$2/logs" \
+            --markdown /dev/null --json /dev/null
+        [ $? = 1 ])sh",
                                 {SKINTOOL_PROGRAM, folder_.path()});
     fs::permissions(path("closed"), fs::perms::owner_all);
     if (outcome.status == skipped)
@@ -252,7 +266,35 @@ TEST_F(Surroundings, SayWhichFileIsNotForThemToRead)
               "skintool: " + path("secret.wsz") + ": Unreadable archive: Permission denied\n" +
                   "skintool: " + path("closed") + ": Unreadable archive: Permission denied\n" +
                   "skintool: " + path("skin") + ": Unreadable archive: Permission denied\n" +
-                  "skintool: " + path("closed/a.png") + ": Permission denied\n");
+                  "skintool: " + path("closed/a.png") + ": Permission denied\n" +
+                  "skintool: " + path("run/listing.json") + ": Permission denied\n" + "skintool: " +
+                  path("logs/secret.log") + ": crash log skipped: Permission denied\n");
+}
+
+TEST_F(Surroundings, MakeAGalleryWhereNoThreadStartsAndAFolderIsClosed)
+{
+    fs::create_directories(folder_ / "skins/closed");
+    for (const auto* name : {"skins/a.wsz", "skins/b.wsz"})
+        folder_.write(name, support::readFile(path("skin.wsz")));
+    fs::create_directory(folder_ / "out");
+    fs::permissions(path("skins/closed"), fs::perms::none);
+    fs::permissions(path("out"), fs::perms::all);
+    fs::permissions(folder_.path(),
+                    fs::perms::owner_all | fs::perms::group_exec | fs::perms::others_exec);
+    const auto outcome = script(R"sh(
+        as=()
+        if [ "$(id -u)" = 0 ]; then
+            as=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+            "${as[@]}" test -x "$1" || exit 77
+        fi
+        ASAN_OPTIONS=detect_leaks=0 exec "${as[@]}" \
+            prlimit --nproc=1 "$1" gallery "$2/skins" --out "$2/out")sh",
+                                {SKINTOOL_PROGRAM, folder_.path()});
+    fs::permissions(path("skins/closed"), fs::perms::owner_all);
+    if (outcome.status == skipped)
+        GTEST_SKIP() << "no other user to be";
+    EXPECT_EQ(outcome, (Outcome{0, path("out/index.html") + ": 2 skins, 0 refused\n",
+                                "skintool: " + path("skins/closed") + ": Permission denied\n"}));
 }
 
 TEST_F(Surroundings, KeepWhatThereIsWhereADiskIsFull)

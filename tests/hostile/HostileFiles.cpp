@@ -1,7 +1,7 @@
 #include "tests/hostile/HostileFiles.h"
 
-#include "SkinKit/Cursors/SkinCursors.h"
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Formats/SkinCursors.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "tests/hostile/Streams.h"
 #include "tests/support/BMPWriter.h"

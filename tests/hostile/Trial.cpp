@@ -34,6 +34,8 @@ std::vector<Attempt> tryAll(const std::filesystem::path& program, const std::fil
         const auto outcome = support::run(program, form, {.maxProcessorSeconds = mostSeconds});
         attempts.push_back({what, outcome.status, withoutName(outcome.err, skin),
                             outcome.processorSeconds, outcome.peakMiB});
+        if (outcome.status != 0)
+            break; // the other forms load the skin alike
     }
     return attempts;
 }

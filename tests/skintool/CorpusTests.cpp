@@ -1,5 +1,5 @@
-#include "SkinKit/Tooling/CorpusOptions.h"
-#include "SkinKit/Tooling/CorpusRunner.h"
+#include "SkinKit/Tooling/CommandLine/CorpusOptions.h"
+#include "SkinKit/Tooling/Corpus/CorpusRunner.h"
 #include "tests/support/BMPWriter.h"
 #include "tests/support/Collection.h"
 #include "tests/support/Pictures.h"
@@ -191,6 +191,24 @@ TEST_F(Corpus, StopsWhenTheDiskIsFullAndKeepsWhatIsWritten)
     EXPECT_EQ(results().size(), 50U);
     for (const auto& [path, record] : results())
         EXPECT_EQ(record.status, "ok") << path; // none counts as crashed
+}
+
+TEST_F(Corpus, SaysThatItWasInterruptedAndEndsByTheSignal)
+{
+    addSlowSkins();
+    const auto outcome = support::run("/bin/bash", {"-c", R"sh(
+        "$1" corpus "$2" --out "$3" &
+        until [ -s "$3/results.jsonl" ]; do sleep 0.01; done
+        kill -TERM $!
+        wait $!)sh",
+                                                    "script", SKINTOOL_PROGRAM, skins, out});
+    EXPECT_EQ(outcome.status, 128 + SIGTERM);
+    const auto left = std::to_string(slowSkins - results().size());
+    EXPECT_TRUE(
+        outcome.err.ends_with("skintool: interrupted, " + left + " left, continue with --resume\n"))
+        << outcome.err;
+    EXPECT_EQ(run({"--resume"}).status, 0);
+    EXPECT_EQ(results().size(), slowSkins);
 }
 
 TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)

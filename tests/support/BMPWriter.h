@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SkinKit/Raster/Image.h"
-#include "SkinKit/Raster/RGBColor.h"
+#include "SkinKit/Graphics/Image.h"
+#include "SkinKit/Graphics/RGBColor.h"
 #include "tests/support/Bytes.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Platform/Bytes.h"
+#include "SkinKit/Base/Bytes.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Graphics/Image.h"
 #include "SkinKit/Skin.h"
 
 #include <initializer_list>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Raster/Geometry.h"
+#include "SkinKit/Graphics/Geometry.h"
 #include "tests/support/BMPWriter.h"
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SkinKit/Raster/Canvas.h"
-#include "SkinKit/Raster/Image.h"
+#include "SkinKit/Graphics/Canvas.h"
+#include "SkinKit/Graphics/Image.h"
 
 #include <functional>
 

@@ -1,9 +1,9 @@
 #include "tests/support/Golden.h"
 
-#include "SkinKit/Platform/Files.h"
-#include "SkinKit/Raster/Canvas.h"
-#include "SkinKit/Rendering/ImageDiff.h"
-#include "SkinKit/Rendering/PNGWriter.h"
+#include "SkinKit/Graphics/Canvas.h"
+#include "SkinKit/Graphics/ImageDiff.h"
+#include "SkinKit/Graphics/PNGWriter.h"
+#include "SkinKit/System/Files.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "tests/support/SkinBuilder.h"
 
-#include "SkinKit/Platform/Unicode.h"
+#include "SkinKit/Base/Unicode.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"

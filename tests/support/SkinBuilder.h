@@ -1,8 +1,8 @@
 #pragma once
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Archive/SkinError.h"
 #include "SkinKit/Skin.h"
-#include "SkinKit/SkinError.h"
 #include "tests/support/BMPWriter.h"
 
 #include <expected>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/Raster/Path.h"
+#include "SkinKit/Graphics/Geometry.h"
 
 #include <cstddef>
 

@@ -1,0 +1,92 @@
+#include "SkinKit/Formats/PlaylistStyleParser.h"
+
+#include "SkinKit/Base/TextLines.h"
+#include "SkinKit/Formats/IniParser.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace SkinKit::PlaylistStyleParser {
+namespace {
+
+struct ColorKey {
+    std::string_view key;
+    RGBColor PlaylistStyle::* field;
+};
+// clang-format off
+constexpr ColorKey colorKeys[] = {
+    {"normal",     &PlaylistStyle::normal},
+    {"current",    &PlaylistStyle::current},
+    {"normalbg",   &PlaylistStyle::normalBackground},
+    {"selectedbg", &PlaylistStyle::selectedBackground},
+};
+// clang-format on
+
+std::string_view trimmedBlanks(std::string_view text)
+{
+    constexpr std::string_view blanks = " \t";
+    const auto begin = text.find_first_not_of(blanks);
+    if (begin == text.npos)
+        return {};
+    return text.substr(begin, text.find_last_not_of(blanks) + 1 - begin);
+}
+
+// Six hexadecimal digits behind an optional "#"; what follows them is ignored.
+std::optional<RGBColor> hexColor(std::string_view text)
+{
+    constexpr std::size_t digitCount = 6;
+    text = trimmedBlanks(text);
+    if (text.starts_with('#'))
+        text.remove_prefix(1);
+    const auto digits = text.substr(0, digitCount);
+    const auto isHexDigit = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    };
+    if (digits.size() != digitCount || !std::ranges::all_of(digits, isHexDigit))
+        return std::nullopt;
+    std::uint32_t value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    return rgb(value);
+}
+
+}
+
+Result parse(ByteView bytes, LoadMeter& meter)
+{
+    Result result;
+    LoadMeter::Scratch memory(meter);
+    const auto sections = IniParser::parse(textOf(bytes, memory), memory);
+    const auto section = sections.find("text");
+    if (section == sections.end())
+        return result;
+
+    for (const auto& [key, field] : colorKeys) {
+        const auto property = section->second.find(key);
+        if (property == section->second.end())
+            continue;
+        const std::string& value = property->second;
+        if (const auto color = hexColor(value)) {
+            result.style.*field = *color;
+        } else {
+            memory.keep(std::ssize(value));
+            result.fallbacks.push_back("pledit.txt " + std::string(key) + " '" + value +
+                                       "' unusable; default");
+        }
+    }
+
+    const auto font = section->second.find("font");
+    if (font != section->second.end() && !trimmedBlanks(font->second).empty()) {
+        memory.keep(std::ssize(font->second));
+        result.style.font = trimmedBlanks(font->second);
+    }
+    return result;
+}
+
+Result parse(std::string_view text)
+{
+    LoadMeter meter;
+    return parse(asBytes(text), meter);
+}
+
+}

@@ -1,0 +1,60 @@
+#include "SkinKit/Graphics/Pixel.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace SkinKit;
+
+namespace {
+
+unsigned nearest(double value)
+{
+    return static_cast<unsigned>(std::floor(value + 0.5));
+}
+
+}
+
+TEST(Pixel, PacksItsChannelsInMemoryOrder)
+{
+    const Pixel pixel = packPixel(1, 2, 3, 4);
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(&pixel);
+    for (unsigned i = 0; i < 4; ++i)
+        EXPECT_EQ(bytes[i], i + 1);
+    EXPECT_EQ(opaquePixel({1, 2, 3}), packPixel(1, 2, 3, 255));
+    EXPECT_EQ(redOf(pixel) * 1000 + greenOf(pixel) * 100 + blueOf(pixel) * 10 + alphaOf(pixel),
+              1234U);
+}
+
+TEST(Pixel, RoundsEveryProductToTheNearest)
+{
+    for (unsigned alpha = 0; alpha <= 255; ++alpha)
+        for (unsigned channel = 0; channel <= 255; ++channel) {
+            const Pixel straight = packPixel(channel, 255 - channel, 7, alpha);
+            EXPECT_EQ(premultiply(straight), packPixel(nearest(channel * alpha / 255.0),
+                                                       nearest((255 - channel) * alpha / 255.0),
+                                                       nearest(7 * alpha / 255.0), alpha));
+            if (channel > alpha)
+                continue;
+            const Pixel premultiplied = packPixel(channel, alpha - channel, alpha, alpha);
+            const auto divided = [alpha](unsigned value) {
+                return alpha == 0 ? 0 : nearest(value * 255.0 / alpha);
+            };
+            EXPECT_EQ(unpremultiply(premultiplied),
+                      packPixel(divided(channel), divided(alpha - channel), divided(alpha), alpha));
+            EXPECT_EQ(premultiply(unpremultiply(premultiplied)), premultiplied);
+        }
+}
+
+TEST(Pixel, BlendsSourceOverDestination)
+{
+    for (unsigned alpha = 0; alpha <= 255; ++alpha)
+        for (unsigned under = 0; under <= 255; ++under) {
+            const unsigned ink = alpha / 3;
+            const double rest = (255 - alpha) / 255.0;
+            EXPECT_EQ(blend(packPixel(ink, 0, alpha, alpha), packPixel(under, 255, 0, under)),
+                      packPixel(ink + nearest(under * rest), nearest(255 * rest), alpha,
+                                alpha + nearest(under * rest)))
+                << alpha << " over " << under;
+        }
+}

@@ -1,0 +1,124 @@
+#include "SkinKit/Tooling/Corpus/CorpusListing.h"
+
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+using namespace SkinKit;
+namespace fs = std::filesystem;
+using support::bytes;
+using support::TemporaryFolder;
+
+namespace {
+
+std::vector<std::string> paths(const std::vector<CorpusFile>& files)
+{
+    std::vector<std::string> result;
+    for (const CorpusFile& file : files)
+        result.push_back(file.path);
+    return result;
+}
+
+std::vector<CorpusFile> scanned(const fs::path& folder)
+{
+    auto scan = CorpusListing::scan(folder);
+    EXPECT_TRUE(scan);
+    return scan.value_or(CorpusListing::Scan()).files;
+}
+
+}
+
+TEST(CorpusListing, FindsTheSkinsBelowAFolderInByteOrder)
+{
+    const TemporaryFolder folder;
+    for (const auto* name :
+         {"b.zip", "a.WSZ", ".hidden.wsz", "c.txt", "wsz", "d.wsz.txt", "e.tar.Zip", "B.wsz",
+          "sub/z.wsz", "sub/.git/no.wsz", "sub.wsz/inner.zip", "sub-/x.wsz"}) {
+        fs::create_directories((folder / name).parent_path());
+        folder.write(name, bytes(name));
+    }
+    fs::create_symlink(folder / "b.zip", folder / "link.wsz");
+    fs::create_directory_symlink(folder / "sub", folder / "loop");
+    ASSERT_EQ(::mkfifo((folder / "pipe.wsz").c_str(), 0600), 0);
+
+    const auto files = scanned(folder.path());
+    EXPECT_EQ(paths(files),
+              (std::vector<std::string>{"B.wsz", "a.WSZ", "b.zip", "e.tar.Zip", "sub-/x.wsz",
+                                        "sub.wsz/inner.zip", "sub/z.wsz"}));
+    EXPECT_EQ(files[1], (CorpusFile{.path = "a.WSZ", .size = 5}));
+    EXPECT_EQ(files[3].name(), "e.tar");
+    EXPECT_EQ(files[5].name(), "inner");
+
+    fs::create_directory_symlink(folder.path(), folder / "root");
+    EXPECT_EQ(scanned(folder / "root"), files); // links to the folder itself are followed
+}
+
+TEST(CorpusListing, FailsForAFolderThatCantBeReadAndGoesOnBesideOneTooDeep)
+{
+    const TemporaryFolder folder;
+    const auto skin = folder.write("a.wsz", {});
+    EXPECT_EQ(CorpusListing::scan(folder / "missing").error(),
+              std::errc::no_such_file_or_directory);
+    EXPECT_EQ(CorpusListing::scan(skin).error(), std::errc::not_a_directory);
+    // Deeper than any path that the system takes in one piece, so it is made step by step.
+    const std::string name(250, 'd');
+    const auto start = fs::current_path();
+    fs::current_path(folder.path());
+    for (int i = 0; i < 20; ++i) {
+        fs::create_directory(name);
+        fs::current_path(name);
+    }
+    fs::current_path(start);
+
+    const auto scan = CorpusListing::scan(folder.path());
+    ASSERT_TRUE(scan);
+    EXPECT_EQ(paths(scan->files), std::vector<std::string>{"a.wsz"});
+    ASSERT_EQ(scan->unreadFolders.size(), 1U);
+    EXPECT_EQ(scan->unreadFolders.front().error, std::errc::filename_too_long);
+}
+
+TEST(CorpusListing, TellsFilesApartWhoseNamesAreNotText)
+{
+    const TemporaryFolder folder;
+    for (const std::string name : {"x\xFE.wsz", "x\xFF.wsz", "x\uFFFD.wsz", "y\xFF.wsz"})
+        folder.write(name, bytes(name));
+    const auto files = scanned(folder.path());
+    EXPECT_EQ(paths(files), (std::vector<std::string>{"x\uFFFD.wsz", "x\uFFFD (2).wsz",
+                                                      "x\uFFFD (3).wsz", "y\uFFFD.wsz"}));
+    EXPECT_EQ(files[0].pathBytes, std::nullopt);
+    for (const CorpusFile& file : files)
+        EXPECT_EQ(support::readFile(folder.path() / file.location()),
+                  bytes(file.location().native()));
+    EXPECT_EQ(CorpusListing::parse(CorpusListing::json(files)), files);
+}
+
+TEST(CorpusListing, FingerprintsWholeFiles)
+{
+    const TemporaryFolder folder;
+    EXPECT_EQ(CorpusListing::md5Hex(folder.write("a", bytes("abc"))),
+              "900150983cd24fb0d6963f7d28e17f72");
+    // Longer than what is read at a time.
+    EXPECT_EQ(CorpusListing::md5Hex(folder.write("b", ByteBuffer(1'000'000, 'a'))),
+              "7707d6ae4e027c70eea2a935c2296f21");
+    EXPECT_EQ(CorpusListing::md5Hex(folder / "missing"), std::nullopt);
+    EXPECT_EQ(CorpusListing::md5Hex(folder.path()), std::nullopt);
+}
+
+TEST(CorpusListing, IsKeptAsJSON)
+{
+    const std::vector<CorpusFile> files{
+        {.path = "a/b.wsz", .md5 = "00", .size = 5},
+        {.path = "c"}
+    };
+    EXPECT_EQ(CorpusListing::json(files),
+              "[\n{\"md5\":\"00\",\"path\":\"a/b.wsz\",\"size\":5},\n{\"path\":\"c\"}\n]\n");
+    EXPECT_EQ(CorpusListing::parse(CorpusListing::json(files)), files);
+    EXPECT_EQ(CorpusListing::parse(CorpusListing::json({})), std::vector<CorpusFile>{});
+    for (const std::string_view text :
+         {"", "[", "{}", R"([{"path":1}])", R"([{"md5":"0"}])", R"([{"path":"a","md5":7}])",
+          R"([{"path":"a","size":"7"}])", R"([{"path":"a"},7])",
+          R"([{"path":"a","pathBytes":"6"}])", R"([{"path":"a","pathBytes":"6x"}])"})
+        EXPECT_EQ(CorpusListing::parse(text), std::nullopt) << text;
+}

@@ -1,0 +1,83 @@
+#include "SkinKit/Tooling/Corpus/CorpusRecord.h"
+
+#include <gtest/gtest.h>
+
+using namespace SkinKit;
+
+namespace {
+
+// clang-format off
+const CorpusRecord whole{
+    .event = "result", .i = 3, .path = "a/b\n\"c\".wsz", .name = "b", .md5 = "00ff", .size = 1234,
+    .entries = 20,
+    .status = "partial", .mainWindowComplete = false,
+    .warnings = std::vector<std::string>{"Missing gen.bmp", "\xE2\x82\xAC"},
+    .fallbacks = std::vector<std::string>{},
+    .error = "e", .parseMs = 0.1, .renderMs = 2, .ms = 1e-7, .of = "o", .restart = 1,
+    .footprintMiB = 9,
+    .t = 1700000000.123456, .museumUrl = "https://example.org/x", .nsfw = true,
+};
+// clang-format on
+
+}
+
+TEST(CorpusRecord, IsOneLineWithSortedKeysAndPlainSlashes)
+{
+    EXPECT_EQ(
+        whole.line(),
+        R"({"entries":20,"error":"e","event":"result","fallbacks":[],"footprintMiB":9,"i":3,)"
+        R"("mainWindowComplete":false,"md5":"00ff","ms":1e-07,"museumUrl":"https://example.org/x",)"
+        R"("name":"b","nsfw":true,"of":"o","parseMs":0.1,"path":"a/b\n\"c\".wsz","renderMs":2.0,)"
+        R"("restart":1,"size":1234,"status":"partial","t":1700000000.123456,)"
+        R"("warnings":["Missing gen.bmp","€"]})");
+    EXPECT_EQ(CorpusRecord{.event = "end"}.line(), R"({"event":"end"})");
+}
+
+TEST(CorpusRecord, ReadsWhatItWroteAndLinesWrittenInAnotherWay)
+{
+    // clang-format off
+    const std::pair<std::string, CorpusRecord> rows[] = {
+        {whole.line(),                                  whole},
+        {R"({"event":"x","i":null,"size":5.0,"ms":7,"other":[{}]})",
+         {.event = "x", .size = 5, .ms = 7}},
+        {R"( { "event" : "x" } )",                      {.event = "x"}},
+        {R"({"event":"\u00e9\/","i":-1})",              {.event = "é/", .i = -1}},
+        {R"({"t":1E2,"event":"x","ms":-0.5})",          {.event = "x", .ms = -0.5, .t = 100}},
+        {R"({"event":"x","event":"y","i":1,"i":null})", {.event = "y"}},
+        {R"({"event":"x","ms":1e+2})",                  {.event = "x", .ms = 100}},
+    };
+    // clang-format on
+    for (const auto& [line, expected] : rows)
+        EXPECT_EQ(CorpusRecord::parse(line), expected) << line;
+}
+
+TEST(CorpusRecord, RefusesALineThatIsNoRecord)
+{
+    for (const std::string_view line : {"",
+                                        "{",
+                                        "[]",
+                                        "7",
+                                        "{}",
+                                        R"({"event":1})",
+                                        R"({"event":null})",
+                                        R"({"event":"x","i":"1"})",
+                                        R"({"event":"x","i":1.5})",
+                                        R"({"event":"x","i":01})",
+                                        R"({"event":"x","i":9223372036854775808})",
+                                        R"({"event":"x","size":1e30})",
+                                        R"({"event":"x","ms":00.5})",
+                                        R"({"event":"x","ms":1.})",
+                                        R"({"event":"x","ms":1e})",
+                                        R"({"event":"x","ms":1e999})",
+                                        R"({"event":"x","nsfw":0})",
+                                        R"({"event":"x","nsfw":tru})",
+                                        R"({"event":"x","warnings":["a",1]})",
+                                        R"({"event":"x","warnings":["a",]})",
+                                        R"({"event":"x",})",
+                                        R"({"event":"x"} y)",
+                                        R"({"event":"result","path":"cut sh)",
+                                        "{\"event\":\"\x01\"}",
+                                        "{\"event\":\"\xFF\"}",
+                                        "{\"event\":\"\xED\xA0\x80\"}"}) // a surrogate
+        EXPECT_EQ(CorpusRecord::parse(line), std::nullopt) << line;
+}

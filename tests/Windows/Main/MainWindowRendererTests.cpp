@@ -1,0 +1,292 @@
+#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
+#include "SkinKit/Windows/VisRenderer.h"
+#include "tests/support/BMPWriter.h"
+#include "tests/support/Collage.h"
+#include "tests/support/Drawing.h"
+
+#include <gtest/gtest.h>
+
+using namespace SkinKit;
+using MainWindowRenderer::Clip;
+using support::Collage;
+using support::expectSame;
+using support::firstDifference;
+using support::noisySkin;
+
+namespace {
+
+void addBase(Collage& collage, bool focused = true)
+{
+    collage.add({
+        {"MAIN_WINDOW_BACKGROUND", {0, 0}},
+        {focused ? "MAIN_TITLE_BAR_SELECTED" : "MAIN_TITLE_BAR", {0, 0}},
+        {"MAIN_CLUTTER_BAR_BACKGROUND", {10, 22}},
+        {"MAIN_PREVIOUS_BUTTON", {16, 88}},
+        {"MAIN_PLAY_BUTTON", {39, 88}},
+        {"MAIN_PAUSE_BUTTON", {62, 88}},
+        {"MAIN_STOP_BUTTON", {85, 88}},
+        {"MAIN_NEXT_BUTTON", {108, 88}, Rect{108, 88, 22, 18}},
+        {"MAIN_EJECT_BUTTON", {136, 89}}
+    });
+}
+
+// A window that shows something of everything, none of it where the presets have it.
+MainWindowState busyState()
+{
+    MainWindowState state = MainWindowState::webampScreenshot();
+    state.status.timeMode = TimeMode::remaining;
+    state.marqueeStep = 7;
+    state.marqueePixels = 3;
+    state.balance = -0.4F;
+    state.visualizer = MainWindowState::Oscilloscope{std::vector(75, 0.3F)};
+    return state;
+}
+
+}
+
+TEST(MainWindowRenderer, DrawsThePlayerOfTheReferenceScreenshots)
+{
+    const Skin skin = noisySkin();
+    const auto state = MainWindowState::webampScreenshot();
+    Collage expected(skin);
+    addBase(expected);
+    expected.add({
+        {"MAIN_PLAYING_INDICATOR", {26, 28}},
+        {"MAIN_NOT_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}},
+        {"NO_MINUS_SIGN", {38, 26}},
+        {"DIGIT_0", {48, 26}},
+        {"DIGIT_0", {60, 26}},
+        {"DIGIT_0", {78, 26}},
+        {"DIGIT_3", {90, 26}}
+    });
+    // A spectrum without columns still paints its background and its dots.
+    expected.add(VisRenderer(skin.visColors, VisLayout::main()).makeImage(), {24, 43});
+    expected.add(textImage(skin, state.marqueeText), {111, 27}, Rect{111, 27, 154, 6});
+    expected.add(textImage(skin, "128"), {111, 43});
+    expected.add(textImage(skin, "44"), {156, 43});
+    expected.add({
+        {"MAIN_MONO", {212, 41}},
+        {"MAIN_STEREO_SELECTED", {239, 41}},
+        {"MAIN_VOLUME_BACKGROUND", {107, 57}, {}, 21},
+        {"MAIN_VOLUME_THUMB", {147, 58}},
+        {"MAIN_BALANCE_BACKGROUND", {177, 57}, {}, 0},
+        {"MAIN_BALANCE_THUMB", {189, 58}},
+        {"MAIN_EQ_BUTTON_SELECTED", {219, 58}},
+        {"MAIN_PLAYLIST_BUTTON_SELECTED", {242, 58}},
+        {"MAIN_POSITION_SLIDER_BACKGROUND", {16, 72}},
+        {"MAIN_POSITION_SLIDER_THUMB", {147, 72}},
+        {"MAIN_SHUFFLE_BUTTON_SELECTED", {164, 89}},
+        {"MAIN_REPEAT_BUTTON_SELECTED", {210, 89}}
+    });
+    expectSame(MainWindowRenderer::render(skin, state, 1, Clip::none), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, FollowsEachPartOfTheState)
+{
+    const auto with = [](auto change) {
+        MainWindowState state = MainWindowState::webampScreenshot();
+        change(state);
+        return state;
+    };
+    const auto channels = [&](std::optional<int> count) {
+        return with([=](auto& s) { s.status.channels = count; });
+    };
+    const auto volume = [&](float value) { return with([=](auto& s) { s.volume = value; }); };
+    const auto balance = [&](float value) { return with([=](auto& s) { s.balance = value; }); };
+    const auto position = [&](double value) { return with([=](auto& s) { s.position = value; }); };
+    const auto transport = [&](Transport value) {
+        return with([=](auto& s) { s.status.transport = value; });
+    };
+    const auto left = with([](auto& s) { s.status.timeMode = TimeMode::remaining; });
+    const auto tenMinutes = with([](auto& s) { s.status.elapsed = 754; });
+    // clang-format off
+    const std::pair<MainWindowState, Collage::Piece> rows[] = {
+        {transport(Transport::paused),             {"MAIN_PAUSED_INDICATOR", {26, 28}}},
+        {transport(Transport::loading), {"MAIN_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}}},
+        {with([](auto& s) { s.focused = false; }), {"MAIN_TITLE_BAR", {0, 0}}},
+        {left,                                     {"MINUS_SIGN", {38, 26}}},
+        {left,                                     {"DIGIT_2", {90, 26}}},
+        {tenMinutes,                               {"DIGIT_1", {48, 26}}},
+        {channels(1),                              {"MAIN_MONO_SELECTED", {212, 41}}},
+        {channels(1),                              {"MAIN_STEREO", {239, 41}}},
+        {channels(6),                              {"MAIN_MONO", {212, 41}}},
+        {channels(6),                              {"MAIN_STEREO", {239, 41}}},
+        {channels({}),                             {"MAIN_STEREO", {239, 41}}},
+        {volume(-3),                               {"MAIN_VOLUME_THUMB", {107, 58}}},
+        {volume(0), {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{121, 57, 54, 13}, 0}},
+        {volume(3),                                {"MAIN_VOLUME_THUMB", {158, 58}}},
+        {volume(3), {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{107, 57, 51, 13}, 27}},
+        {balance(-1),                              {"MAIN_BALANCE_THUMB", {177, 58}}},
+        {balance(-9), {"MAIN_BALANCE_BACKGROUND", {177, 57}, Rect{191, 57, 24, 13}, 27}},
+        {balance(9),                               {"MAIN_BALANCE_THUMB", {201, 58}}},
+        {position(-1),                             {"MAIN_POSITION_SLIDER_THUMB", {16, 72}}},
+        {position(2),                              {"MAIN_POSITION_SLIDER_THUMB", {235, 72}}},
+    };
+    // clang-format on
+    const Skin skin = noisySkin();
+    for (const auto& [state, shown] : rows) {
+        const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+        Collage changed(skin);
+        changed.add(window, {0, 0});
+        changed.add(shown);
+        const auto different = firstDifference(window, std::move(changed).image());
+        EXPECT_FALSE(different) << shown.sprite << ", first at " << different->x << ", "
+                                << different->y;
+    }
+}
+
+TEST(MainWindowRenderer, ScrollsTheMarqueeInsideItsArea)
+{
+    const Skin skin = noisySkin();
+    const Rect area{111, 27, 154, 6};
+    auto state = MainWindowState::webampScreenshot();
+    const std::string loop = state.marqueeText + "  ***  " + state.marqueeText;
+    for (const auto& [step, pixels, offset] : {
+             std::tuple{0,  0,  0  },
+             {3,  2,  17 },
+             {50, 0,  250},
+             {53, 0,  0  },
+             {0,  -1, 264}
+    }) {
+        state.marqueeStep = step;
+        state.marqueePixels = pixels;
+        const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+        Collage expected(skin);
+        addBase(expected);
+        expected.add(textImage(skin, loop), {111 - offset, 27}, area);
+        expectSame(*window.crop(area), *std::move(expected).image().crop(area));
+        // The row above and the column beyond stay as they were.
+        EXPECT_EQ(*window.crop({111, 26, 164, 1}), *skin.sheets.at("MAIN").crop({111, 26, 164, 1}));
+        EXPECT_EQ(*window.crop({265, 27, 9, 6}), *skin.sheets.at("MAIN").crop({265, 27, 9, 6}));
+    }
+}
+
+TEST(MainWindowRenderer, PutsTheMinusOfPlainDigitsLower)
+{
+    const Skin skin = noisySkin({"NUMS_EX"});
+    const Image window = MainWindowRenderer::render(skin, busyState(), 1, Clip::none);
+    EXPECT_EQ(*window.crop({38, 32, 5, 1}), *skin.sheets.at("NUMBERS").crop({20, 6, 5, 1}));
+    EXPECT_EQ(*window.crop({38, 26, 9, 6}), *skin.sheets.at("MAIN").crop({38, 26, 9, 6}));
+    EXPECT_EQ(*window.crop({48, 26, 9, 13}), *skin.sheets.at("NUMBERS").crop({0, 0, 9, 13}));
+}
+
+TEST(MainWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
+{
+    const Skin skin = noisySkin();
+    auto state = busyState();
+    // The visualizer is drawn two rows lower at scale 1 only.
+    state.visualizer = MainWindowState::Off{};
+    Collage expected(skin);
+    expected.add(MainWindowRenderer::render(skin, state, 1, Clip::none), {0, 0});
+    VisRenderer vis(skin.visColors, VisLayout::main());
+    vis.drawOscilloscope(std::vector(75, 0.3F), 0);
+    expected.add(vis.makeImage(), {24, 43});
+    const Image window = std::move(expected).image();
+    for (const int scale : {2, 3, 5})
+        support::expectMagnified(MainWindowRenderer::render(skin, busyState(), scale, Clip::none),
+                                 window, scale);
+    support::expectDrawsAt(
+        {20, 30}, MainWindowRenderer::render(skin, state, 2, Clip::none), [&](Canvas& canvas) {
+            MainWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
+        });
+}
+
+TEST(MainWindowRenderer, PushesTheVisualizerDownAtScaleOneOnly)
+{
+    const Skin skin = noisySkin();
+    auto state = MainWindowState::idle();
+    state.visualizer = MainWindowState::Spectrum{{16}, {}};
+    for (const int scale : {1, 2}) {
+        VisRenderer vis(skin.visColors, VisLayout::main());
+        vis.drawBars(std::vector{16}, {}, scale == 1 ? 2 : 0);
+        const Image window = MainWindowRenderer::render(skin, state, scale, Clip::none);
+        for (int y = 0; y < 16; ++y)
+            EXPECT_EQ(window.pixel({24 * scale, (43 + y) * scale}), vis.makeImage().pixel({0, y}))
+                << "scale " << scale << ", row " << y;
+    }
+}
+
+TEST(MainWindowRenderer, TakesAScaleBelowOneForOne)
+{
+    const Skin skin = noisySkin();
+    const auto state = busyState();
+    const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
+    const Image base = MainWindowRenderer::renderBase(skin, true, 1);
+    for (const int scale : {0, -1, INT_MIN}) {
+        expectSame(MainWindowRenderer::render(skin, state, scale, Clip::none), window);
+        expectSame(MainWindowRenderer::renderBase(skin, true, scale), base);
+        expectSame(MainWindowRenderer::renderDynamic(base, skin, state, scale), window);
+    }
+    EXPECT_EQ(MainWindowRenderer::size(3), (Size{825, 348}));
+    EXPECT_EQ(MainWindowRenderer::size(INT64_MIN), (Size{275, 116}));
+    EXPECT_EQ(MainWindowRenderer::size(INT64_MAX), std::nullopt);
+    EXPECT_DEATH(MainWindowRenderer::render(skin, state, INT_MAX, Clip::none), "scale");
+}
+
+TEST(MainWindowRenderer, DrawsTheSameInTwoLayersAsInOne)
+{
+    const Skin skin = noisySkin();
+    for (const int scale : {1, 3})
+        for (const bool focused : {false, true}) {
+            auto state = busyState();
+            state.focused = focused;
+            const Image base = MainWindowRenderer::renderBase(skin, focused, scale);
+            expectSame(MainWindowRenderer::renderDynamic(base, skin, state, scale),
+                       MainWindowRenderer::render(skin, state, scale, Clip::none));
+        }
+    Collage expected(skin);
+    addBase(expected, false);
+    expectSame(MainWindowRenderer::renderBase(skin, false, 1), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, ClipsToTheNormalRegionWhenAsked)
+{
+    Skin skin = noisySkin();
+    const auto state = busyState();
+    const Image whole = MainWindowRenderer::render(skin, state, 2, Clip::none);
+    const SkinRegion::Polygons polygons{
+        {{5, 5},   {270, 20}, {100, 110}},
+        {{0, 100}, {9, 100},  {9, 116}  }
+    };
+    skin.region.sections["normal"] = polygons;
+    const auto mask = SkinRegion::maskImage(polygons, {275, 116}, 2);
+    const Image clipped = MainWindowRenderer::render(skin, state, 2, Clip::toRegion);
+    support::expectCut(clipped, whole, *mask);
+    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::none), whole);
+
+    // A section without polygons clips everything away; another section clips nothing.
+    skin.region.sections["normal"] = {};
+    EXPECT_EQ(MainWindowRenderer::render(skin, state, 1, Clip::toRegion),
+              Image(PixelBuffer::transparent({275, 116}), Image::Alpha::any));
+    skin.region.sections.erase("normal");
+    skin.region.sections["equalizer"] = {};
+    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::toRegion), whole);
+}
+
+TEST(MainWindowRenderer, LeavesOutWhatASkinLacks)
+{
+    // No background at all: a dark grey one.
+    const Image bare = MainWindowRenderer::render(Skin{}, busyState(), 1, Clip::none);
+    for (const Point at : {
+             Point{0,   0  },
+             Point{274, 115},
+             Point{120, 29 }
+    })
+        EXPECT_EQ(bare.pixel(at), packPixel(26, 26, 26));
+    // A narrow one leaves the rest transparent.
+    Skin narrow;
+    narrow.sheets.emplace("MAIN", support::solidImage({200, 116}, {1, 2, 3}));
+    const Image window = MainWindowRenderer::render(narrow, MainWindowState::idle(), 1, Clip::none);
+    EXPECT_EQ(window.pixel({199, 115}), packPixel(1, 2, 3));
+    EXPECT_EQ(window.pixel({200, 115}), transparentPixel);
+    // Without the text sheet the fields stay as the background paints them.
+    const Skin mute = noisySkin({"TEXT"});
+    const Image silent = MainWindowRenderer::render(mute, busyState(), 1, Clip::none);
+    for (const Rect& field : {
+             Rect{111, 27, 154, 6},
+             Rect{111, 43, 15,  6},
+             Rect{156, 43, 10,  6}
+    })
+        EXPECT_EQ(silent.crop(field), mute.sheets.at("MAIN").crop(field));
+}
