@@ -41,7 +41,7 @@ Image drawnPart(Image image)
         return image;
     const Size size{std::min(image.width(), SkinSprites::extent.width),
                     std::min(image.height(), SkinSprites::extent.height)};
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (int y = 0; y < size.height; ++y)
         std::ranges::copy(image.row(y).first(static_cast<std::size_t>(size.width)),
                           pixels.row(y).begin());

@@ -16,7 +16,8 @@ namespace SkinKit::SkinParser {
 // How much of the sheets a skin keeps.
 enum class Sheets {
     whole,
-    asFarAsDrawn, // cut where no sprite can reach: the same pictures in a fraction of the memory
+    croppedToSprites, // cut where no sprite can reach: the same pictures in a fraction of the
+                      // memory
 };
 
 // Reads an archive or a folder (see SkinArchive::open).

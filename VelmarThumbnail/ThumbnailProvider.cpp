@@ -18,7 +18,7 @@ using namespace SkinKit;
 std::expected<Skin, SkinError> load(const std::filesystem::path& file, const OpenArchive& open)
 {
     const auto archive = open(file);
-    return archive ? SkinParser::parse(*archive, SkinParser::Sheets::asFarAsDrawn)
+    return archive ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
                    : std::unexpected(archive.error());
 }
 

@@ -97,7 +97,7 @@ void copyPixels(benchmark::State& state, const Files& files)
         pictures.push_back(*SkinKit::BMPDecoder::decode(file));
     for (auto _ : state)
         for (const auto& picture : pictures) {
-            auto copy = SkinKit::PixelBuffer::uncleared({picture.width(), picture.height()});
+            auto copy = SkinKit::PixelBuffer::uninitialized({picture.width(), picture.height()});
             std::memcpy(copy.data(), picture.row(0).data(), copy.count() * sizeof(SkinKit::Pixel));
             benchmark::DoNotOptimize(copy.data());
             benchmark::ClobberMemory();

@@ -18,7 +18,7 @@ using namespace SkinKit;
 
 Image withDifferences(const Image& image)
 {
-    auto pixels = PixelBuffer::uncleared(image.size());
+    auto pixels = PixelBuffer::uninitialized(image.size());
     std::memcpy(pixels.data(), image.row(0).data(), pixels.count() * sizeof(Pixel));
     for (std::size_t i = 0; i < pixels.count(); i += 100)
         pixels.data()[i] ^= 0x010101;

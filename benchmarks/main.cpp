@@ -39,7 +39,7 @@ std::vector<std::filesystem::path> skinPaths(int argc, char** argv)
 // Usage: SkinKitBenchmarks [--benchmark_…] [skin …]
 int main(int argc, char** argv)
 {
-    SkinKit::Process::takeMemoryAtOnce(); // as skintool does
+    SkinKit::Process::preallocateMemory(); // as skintool does
     // Many short repetitions in random order, of which the fastest counts: what else runs on the
     // machine slows some of them down, never all.
     std::string interleave = "--benchmark_enable_random_interleaving=true";

@@ -8,7 +8,7 @@
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace SkinKit;
-    const auto sections = IniParser::parse(Unicode::repaired({data, size}));
+    const auto sections = IniParser::parse(Unicode::toValidUTF8({data, size}));
     std::string text;
     for (const auto& [name, section] : sections) {
         fuzzing::require(Unicode::lowercased(Unicode::trimmed(name)) == name);

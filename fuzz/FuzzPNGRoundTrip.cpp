@@ -13,7 +13,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const Size imageSize{1 + data[0] % 32, static_cast<int>((size - 1) / 4) / (1 + data[0] % 32)};
     if (imageSize.isEmpty())
         return 0;
-    auto pixels = PixelBuffer::uncleared(imageSize);
+    auto pixels = PixelBuffer::uninitialized(imageSize);
     std::memcpy(pixels.data(), data + 1, pixels.count() * sizeof(Pixel));
     for (Pixel& pixel : std::span(pixels.data(), pixels.count()))
         pixel = premultiply(pixel);

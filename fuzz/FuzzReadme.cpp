@@ -36,7 +36,7 @@ void requireSound(const ByteBuffer& content)
     // Nothing is lost but what the cut went through, and replacement characters before it.
     for (std::string_view lost = std::string_view(*whole).substr(start.size());
          lost.size() > whole->size() - limit;)
-        fuzzing::require(Unicode::takeFirst(lost) == Unicode::replacementCharacter ||
+        fuzzing::require(Unicode::takeCodePoint(lost) == Unicode::replacementCharacter ||
                          lost.size() < whole->size() - limit);
 }
 

@@ -46,12 +46,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const SkinRegion region = RegionParser::parse(asText({data, size}));
     fuzzing::require(RegionParser::parse(textOf(region)) == region);
-    constexpr int mostDrawn = 4;
+    constexpr int maxDrawn = 4;
     int drawn = 0;
     for (const auto& [name, polygons] : region.sections) {
         for (const auto& polygon : polygons)
             fuzzing::require(!polygon.empty());
-        if (drawn++ < mostDrawn)
+        if (drawn++ < maxDrawn)
             requireSound(polygons);
     }
     return 0;

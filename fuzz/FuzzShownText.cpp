@@ -15,7 +15,7 @@ using namespace SkinKit;
 bool hasInvisibles(std::string_view text)
 {
     while (!text.empty())
-        if (Unicode::isInvisible(Unicode::takeFirst(text)))
+        if (Unicode::isInvisible(Unicode::takeCodePoint(text)))
             return true;
     return false;
 }
@@ -71,7 +71,7 @@ void requireCell(const std::string& cell)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ByteView bytes(data, size);
-    const std::string text = Unicode::repaired(bytes);
+    const std::string text = Unicode::toValidUTF8(bytes);
 
     const std::string visible = TerminalText::visible(asText(bytes));
     fuzzing::require(isWellFormed(visible) && !hasInvisibles(visible));

@@ -29,10 +29,10 @@ std::string fromUTF16(std::u16string_view units)
 // One after the other the characters are the text.
 void requireCharacters(std::string_view text)
 {
-    const std::string_view first = Unicode::firstCharacters(text, 3);
+    const std::string_view first = Unicode::firstGraphemes(text, 3);
     std::string_view rest = text;
     for (std::size_t count = 0, taken = 0; !rest.empty(); ++count) {
-        const auto character = Unicode::takeFirstCharacter(rest);
+        const auto character = Unicode::takeGrapheme(rest);
         fuzzing::require(!character.empty() && character.data() == text.data() + taken &&
                          isWellFormed(character));
         taken += character.size();
@@ -47,7 +47,7 @@ void requireTrimmed(std::string_view text)
                      Unicode::trimmedFront(text).starts_with(trimmed) && text.contains(trimmed));
     if (!trimmed.empty()) {
         std::string_view rest = trimmed;
-        fuzzing::require(!Unicode::isWhiteSpace(Unicode::takeFirst(rest)));
+        fuzzing::require(!Unicode::isWhiteSpace(Unicode::takeCodePoint(rest)));
     }
 }
 
@@ -64,9 +64,9 @@ void requireSettled(const std::string& text, Map map)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const ByteView bytes(data, size);
-    const std::string text = Unicode::repaired(bytes);
+    const std::string text = Unicode::toValidUTF8(bytes);
     const auto strict = Unicode::fromUTF8(bytes);
-    fuzzing::require(isWellFormed(text) && Unicode::repaired(asBytes(text)) == text);
+    fuzzing::require(isWellFormed(text) && Unicode::toValidUTF8(asBytes(text)) == text);
     fuzzing::require(strict == (text == asText(bytes) ? std::optional(text) : std::nullopt));
     fuzzing::require(isWellFormed(Unicode::fromCodePage437(bytes)));
     if (const auto windows = Unicode::fromWindows1252(bytes))
@@ -74,11 +74,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 
     std::string appended;
     for (std::string_view rest = text; !rest.empty();)
-        Unicode::append(appended, Unicode::takeFirst(rest));
+        Unicode::append(appended, Unicode::takeCodePoint(rest));
     fuzzing::require(appended == text && fromUTF16(Unicode::toUTF16(text)) == text);
     requireCharacters(text);
     requireTrimmed(text);
     requireSettled(text, Unicode::lowercased);
-    requireSettled(text, Unicode::composed);
+    requireSettled(text, Unicode::toNFC);
     return 0;
 }

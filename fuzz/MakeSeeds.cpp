@@ -44,7 +44,7 @@ private:
 // Few colours, flat stretches and lone pixels: something for every compression.
 Image smallPicture()
 {
-    auto pixels = SkinKit::PixelBuffer::uncleared({13, 7});
+    auto pixels = SkinKit::PixelBuffer::uninitialized({13, 7});
     for (int y = 0; y < 7; ++y)
         for (int x = 0; x < 13; ++x)
             pixels.row(y)[static_cast<std::size_t>(x)] =

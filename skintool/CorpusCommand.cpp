@@ -65,15 +65,15 @@ ExitStatus run(const CorpusOptions& options)
 {
     // A run loses nothing by ending at any time; but who ends it in order is spared a skin that
     // counts as crashed.
-    Process::holdInterrupts();
-    Process::reportBrokenPipes();
+    Process::deferInterrupts();
+    Process::ignorePipeSignal();
     ProgressDisplay display;
     const CorpusRunner runner(
         options.input, options.out, CorpusRunner::Config::of(options), CorpusRunner::Hooks::live(),
         [&](const std::string& line) { display.printLine(line); },
         {.advance = [&](const Progress& progress) { display.advance(numbersOf(progress)); },
          .note = [&](const std::string& text) { display.note(text); },
-         .isCancelled = [] { return Process::heldInterrupt() != 0; }});
+         .isCancelled = [] { return Process::deferredInterrupt() != 0; }});
     const auto totals = runner.run();
     // The watchdog is about to end the process with a status of its own.
     while (totals && totals->aborted)
@@ -89,7 +89,7 @@ ExitStatus run(const CorpusOptions& options)
         Console::finish(done);
         Console::sayError("interrupted, " + std::to_string(totals->left) +
                           " left, continue with --resume");
-        Process::endByHeldInterrupt();
+        Process::raiseDeferredInterrupt();
     }
     return done;
 }

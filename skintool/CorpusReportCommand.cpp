@@ -50,10 +50,10 @@ std::optional<Trouble> conflict(const CorpusReportOptions& options)
 
 std::expected<std::optional<JSON>, Trouble> readEnvironment(const CorpusReportOptions& options)
 {
-    constexpr std::int64_t mostBytes = 16 << 20;
+    constexpr std::int64_t maxBytes = 16 << 20;
     if (!options.env)
         return std::nullopt;
-    const auto bytes = Files::read(*options.env, mostBytes);
+    const auto bytes = Files::read(*options.env, maxBytes);
     if (!bytes)
         return std::unexpected(Trouble{*options.env, bytes.error().message()});
     auto json = JSON::parse(asText(*bytes));

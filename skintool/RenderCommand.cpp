@@ -150,7 +150,7 @@ ExitStatus run(const SkintoolOptions& options)
 {
     if (options.png && !Pictures::canWrite(MainWindowRenderer::size(options.scale)))
         return Pictures::sayScaleIsTooLarge(options.scale);
-    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::asFarAsDrawn);
+    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::croppedToSprites);
     if (!loaded)
         return trouble;
     const auto& [info, skin] = *loaded;

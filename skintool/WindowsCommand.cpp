@@ -132,7 +132,7 @@ ExitStatus run(const WindowsOptions& options)
     // All windows together are larger than each.
     if (!Pictures::canWrite(DesktopRenderer::size(state, options.scale)))
         return Pictures::sayScaleIsTooLarge(options.scale);
-    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::asFarAsDrawn);
+    const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::croppedToSprites);
     if (!loaded)
         return trouble;
     if (const auto conflict =

@@ -104,10 +104,10 @@ ExitStatus run(Arguments arguments)
 
 int main(int argc, char** argv)
 {
-    SkinKit::Process::holdStandardStreams();
-    SkinKit::Process::endWithoutMemory();
-    SkinKit::Process::reportFileSizeLimit();
-    SkinKit::Process::takeMemoryAtOnce();
+    SkinKit::Process::reserveStandardStreams();
+    SkinKit::Process::abortOnOutOfMemory();
+    SkinKit::Process::ignoreFileSizeSignal();
+    SkinKit::Process::preallocateMemory();
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     return Console::finish(run(arguments));
 }

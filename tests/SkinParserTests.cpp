@@ -210,7 +210,7 @@ TEST(SkinParser, OpensAFileOrPassesTheArchivesErrorOn)
 // Each pixel of a sheet has a colour of its own, so that one taken from elsewhere shows.
 TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
 {
-    auto pixels = PixelBuffer::uncleared({700, 600});
+    auto pixels = PixelBuffer::uninitialized({700, 600});
     for (int y = 0; y < 600; ++y)
         for (int x = 0; x < 700; ++x)
             pixels.row(y)[static_cast<std::size_t>(x)] =
@@ -221,7 +221,7 @@ TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
     for (const auto& sheet : SkinSprites::sheets())
         builder.sheet(Unicode::lowercased(sheet.name) + ".bmp", large);
     const auto whole = SkinParser::parse(builder.archive());
-    const auto cut = SkinParser::parse(builder.archive(), SkinParser::Sheets::asFarAsDrawn);
+    const auto cut = SkinParser::parse(builder.archive(), SkinParser::Sheets::croppedToSprites);
     ASSERT_TRUE(whole && cut);
     EXPECT_EQ(whole->sheets.at("MAIN").size(), large.size());
     EXPECT_EQ(cut->sheets.at("MAIN").size(), (Size{512, 512}));

@@ -133,7 +133,7 @@ private:
 
 bool SkinArchive::readsFromFolder(std::string_view fileName)
 {
-    const std::string name = Unicode::lowercased(Unicode::repaired(asBytes(fileName)));
+    const std::string name = Unicode::lowercased(Unicode::toValidUTF8(asBytes(fileName)));
     const auto extension = pathExtension(name);
     return extension && Limits().allowedExtensions.contains(*extension);
 }
@@ -141,7 +141,7 @@ bool SkinArchive::readsFromFolder(std::string_view fileName)
 bool SkinArchive::hasSkinName(const std::filesystem::path& file)
 {
     const auto extension =
-        Unicode::lowercased(Unicode::repaired(asBytes(file.extension().string())));
+        Unicode::lowercased(Unicode::toValidUTF8(asBytes(file.extension().string())));
     return extension == ".wsz" || extension == ".zip";
 }
 
@@ -178,10 +178,10 @@ std::expected<SkinArchive, SkinError> SkinArchive::openFolder(const std::filesys
             continue;
         if (!intake.goesOnAfter(std::ssize(entry.name)))
             break;
-        const std::string readable = Unicode::repaired(asBytes(entry.name));
+        const std::string readable = Unicode::toValidUTF8(asBytes(entry.name));
         if (auto name = intake.wantedName(readable, entry.size)) {
             auto bytes = Files::read(path / entry.name, intake.room(), Files::Links::refused);
-            if (!bytes && !Files::isForWhatItIs(bytes.error()))
+            if (!bytes && !Files::isUnsuitableFile(bytes.error()))
                 return unreadableFor(bytes.error());
             intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);
         }

@@ -7,7 +7,7 @@ namespace SkinKit::HTMLText {
 std::string escaped(std::string_view text, Apostrophe apostrophe)
 {
     std::string result;
-    for (const char c : Unicode::repaired(asBytes(text))) {
+    for (const char c : Unicode::toValidUTF8(asBytes(text))) {
         if (c == '&')
             result += "&amp;";
         else if (c == '<')

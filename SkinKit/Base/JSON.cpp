@@ -127,7 +127,7 @@ std::string withInvisiblesEscaped(std::string json)
     std::string result;
     for (std::string_view rest = json; !rest.empty();) {
         const std::string_view before = rest;
-        const char32_t codePoint = Unicode::takeFirst(rest);
+        const char32_t codePoint = Unicode::takeCodePoint(rest);
         const auto character = before.substr(0, before.size() - rest.size());
         if (codePoint == U'\n' || !Unicode::isInvisible(codePoint)) { // indented texts have lines
             result += character;

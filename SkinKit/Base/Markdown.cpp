@@ -19,12 +19,12 @@ bool isEscaped(char32_t c)
 
 std::string cell(std::string_view text)
 {
-    constexpr std::size_t mostCharacters = 4000;
+    constexpr std::size_t maxCharacters = 4000;
     std::string result;
     for (std::size_t count = 0; !text.empty(); ++count) {
-        if (count == mostCharacters)
+        if (count == maxCharacters)
             return result + "…";
-        const char32_t c = Unicode::takeFirst(text);
+        const char32_t c = Unicode::takeCodePoint(text);
         // An underscore within a word is one.
         const bool isWithinWord = !result.empty() && isLetterOrDigit(result.back()) &&
                                   !text.empty() && isLetterOrDigit(text.front());

@@ -60,10 +60,10 @@ std::optional<std::int64_t> exactInteger(double value)
 
 std::string shortest(double value)
 {
-    constexpr double leastFixed = 1e-4;
-    constexpr double mostFixed = 1e16;
+    constexpr double minFixed = 1e-4;
+    constexpr double minScientific = 1e16;
     const double magnitude = std::abs(value);
-    const bool isFixed = magnitude == 0 || (magnitude >= leastFixed && magnitude < mostFixed);
+    const bool isFixed = magnitude == 0 || (magnitude >= minFixed && magnitude < minScientific);
     Room room;
     const auto format = isFixed ? std::chars_format::fixed : std::chars_format::scientific;
     std::string text =

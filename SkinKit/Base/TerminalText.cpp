@@ -27,10 +27,10 @@ std::string spelledOut(char32_t codePoint)
 
 std::string visible(std::string_view text)
 {
-    const std::string repaired = Unicode::repaired(asBytes(text));
+    const std::string repaired = Unicode::toValidUTF8(asBytes(text));
     std::string result;
     for (std::string_view rest = repaired; !rest.empty();) {
-        const char32_t codePoint = Unicode::takeFirst(rest);
+        const char32_t codePoint = Unicode::takeCodePoint(rest);
         if (Unicode::isInvisible(codePoint))
             result += spelledOut(codePoint);
         else

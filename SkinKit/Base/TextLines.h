@@ -14,7 +14,7 @@ namespace SkinKit {
 inline std::string textOf(ByteView bytes, LoadMeter::Scratch& memory)
 {
     constexpr std::int64_t maxBytesPerByte = 3;
-    return memory.take(maxBytesPerByte * std::ssize(bytes)) ? Unicode::repaired(bytes)
+    return memory.take(maxBytesPerByte * std::ssize(bytes)) ? Unicode::toValidUTF8(bytes)
                                                             : std::string();
 }
 

@@ -154,8 +154,9 @@ CodePoints decomposed(std::string_view text)
     while (!text.empty()) {
         utf8proc_int32_t parts[8]; // four is the most that the standard has
         int lastClass = 0;
-        const auto count = utf8proc_decompose_char(static_cast<utf8proc_int32_t>(takeFirst(text)),
-                                                   parts, std::ssize(parts), composing, &lastClass);
+        const auto count =
+            utf8proc_decompose_char(static_cast<utf8proc_int32_t>(takeCodePoint(text)), parts,
+                                    std::ssize(parts), composing, &lastClass);
         check(count >= 0 && count <= std::ssize(parts), "a character of too many parts");
         codePoints.insert(codePoints.end(), parts, parts + count);
     }
@@ -194,7 +195,7 @@ void putMarksInOrder(CodePoints& codePoints)
 
 }
 
-std::string repaired(ByteView bytes)
+std::string toValidUTF8(ByteView bytes)
 {
     // In two passes: growing the text would take twice its memory, which may be 24 MiB.
     std::size_t size = 0;
@@ -238,7 +239,7 @@ std::string fromCodePage437(ByteView bytes)
     return text;
 }
 
-char32_t takeFirst(std::string_view& text)
+char32_t takeCodePoint(std::string_view& text)
 {
     if (const auto byte = static_cast<unsigned char>(text[0]); byte < 0x80) {
         text.remove_prefix(1);
@@ -262,15 +263,15 @@ void append(std::string& text, char32_t codePoint)
     text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
 }
 
-std::string_view takeFirstCharacter(std::string_view& text)
+std::string_view takeGrapheme(std::string_view& text)
 {
     const std::string_view whole = text;
     const auto taken = [&] { return whole.substr(0, whole.size() - text.size()); };
-    char32_t last = takeFirst(text);
+    char32_t last = takeCodePoint(text);
     utf8proc_int32_t state = 0;
     while (!text.empty()) {
         std::string_view rest = text;
-        const char32_t next = takeFirst(rest);
+        const char32_t next = takeCodePoint(rest);
         const bool isASCII = last < 0x80 && next < 0x80 && last != '\r';
         if (isASCII ||
             utf8proc_grapheme_break_stateful(static_cast<utf8proc_int32_t>(last),
@@ -282,11 +283,11 @@ std::string_view takeFirstCharacter(std::string_view& text)
     return taken();
 }
 
-std::string_view firstCharacters(std::string_view text, std::size_t count)
+std::string_view firstGraphemes(std::string_view text, std::size_t count)
 {
     std::string_view rest = text;
     for (std::size_t i = 0; i < count && !rest.empty(); ++i)
-        takeFirstCharacter(rest);
+        takeGrapheme(rest);
     return text.substr(0, text.size() - rest.size());
 }
 
@@ -300,7 +301,7 @@ std::string lowercased(std::string_view text)
         return lower;
     }
     while (!text.empty()) {
-        const char32_t codePoint = takeFirst(text);
+        const char32_t codePoint = takeCodePoint(text);
         if (codePoint == U'\u0130') // the one letter whose lower case is two code points
             lower += "i\u0307";
         else
@@ -310,7 +311,7 @@ std::string lowercased(std::string_view text)
     return lower;
 }
 
-std::string composed(std::string_view text)
+std::string toNFC(std::string_view text)
 {
     if (isASCII(text))
         return std::string(text);
@@ -330,7 +331,7 @@ std::u16string toUTF16(std::string_view text)
     std::u16string units;
     units.reserve(text.size());
     while (!text.empty()) {
-        const char32_t codePoint = takeFirst(text);
+        const char32_t codePoint = takeCodePoint(text);
         if (codePoint < 0x10000) {
             units += static_cast<char16_t>(codePoint);
         } else {
@@ -377,7 +378,7 @@ std::string_view trimmedFront(std::string_view text)
 {
     while (!text.empty()) {
         std::string_view rest = text;
-        if (!isWhiteSpace(takeFirst(rest)))
+        if (!isWhiteSpace(takeCodePoint(rest)))
             break;
         text = rest;
     }
@@ -395,7 +396,7 @@ std::string_view trimmed(std::string_view text)
         while (start > 0 && isContinuation(text[start]))
             --start;
         std::string_view last = text.substr(start);
-        if (!isWhiteSpace(takeFirst(last)))
+        if (!isWhiteSpace(takeCodePoint(last)))
             break;
         text = text.substr(0, start);
     }

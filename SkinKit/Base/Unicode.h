@@ -17,7 +17,7 @@ inline constexpr char32_t replacementCharacter = U'\uFFFD';
 
 // The bytes read as UTF-8, each ill-formed sequence replaced by U+FFFD (one for each maximal part
 // of a well-formed one). A byte order mark is a character like any other.
-std::string repaired(ByteView bytes);
+std::string toValidUTF8(ByteView bytes);
 
 // The bytes read as UTF-8, or nothing when any of them is ill-formed.
 std::optional<std::string> fromUTF8(ByteView bytes);
@@ -29,18 +29,18 @@ std::optional<std::string> fromWindows1252(ByteView bytes);
 std::string fromCodePage437(ByteView bytes);
 
 // Takes the first code point off well-formed, non-empty text.
-char32_t takeFirst(std::string_view& text);
+char32_t takeCodePoint(std::string_view& text);
 void append(std::string& text, char32_t codePoint);
 
 // A character as a reader sees it: a letter with its marks, a whole emoji (an extended grapheme
 // cluster). The first one off non-empty text, and the first `count` as far as there are so many.
-std::string_view takeFirstCharacter(std::string_view& text);
-std::string_view firstCharacters(std::string_view text, std::size_t count);
+std::string_view takeGrapheme(std::string_view& text);
+std::string_view firstGraphemes(std::string_view text, std::size_t count);
 
 // Unicode lower case, independent of language.
 std::string lowercased(std::string_view text);
 // Canonical composition (NFC).
-std::string composed(std::string_view text);
+std::string toNFC(std::string_view text);
 std::u16string toUTF16(std::string_view text);
 
 // The Unicode classes White_Space and decimal digit (Nd).

@@ -147,7 +147,7 @@ ByteBuffer bitmapFile(ByteView bytes, const Layout& layout)
 template <typename Convert>
 Image converted(const Image& colors, const Layout& layout, const Convert& convert)
 {
-    auto pixels = PixelBuffer::uncleared(colors.size());
+    auto pixels = PixelBuffer::uninitialized(colors.size());
     bool isOpaque = true;
     for (int y = 0; y < layout.rows; ++y) {
         const int row = layout.isTopDown() ? y : layout.rows - 1 - y;

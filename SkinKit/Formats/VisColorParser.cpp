@@ -16,7 +16,7 @@ std::string_view takeDigits(std::string_view& text)
 {
     const std::string_view start = text;
     for (std::string_view rest = text; !rest.empty(); text = rest)
-        if (!Unicode::isDigit(Unicode::takeFirst(rest)))
+        if (!Unicode::isDigit(Unicode::takeCodePoint(rest)))
             break;
     return start.substr(0, start.size() - text.size());
 }

@@ -93,7 +93,7 @@ Image resample(const Image& image, Size size, const RectF& cell)
     check(std::isfinite(cell.x) && std::isfinite(cell.y) && std::isfinite(cell.width) &&
               std::isfinite(cell.height) && cell.width > 0 && cell.height > 0,
           "an image is stretched over a finite area");
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     const Axis columns(image.width(), size.width, cell.x, cell.width);
     const Axis rows(image.height(), size.height, cell.y, cell.height);
 

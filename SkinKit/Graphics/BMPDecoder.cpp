@@ -182,7 +182,7 @@ std::optional<Image> decodeRows(ByteView bytes, std::int64_t start, const Pictur
         return std::nullopt;
 
     const RowDecoder decodeRow(bitCount, palette, masks);
-    auto pixels = PixelBuffer::uncleared({picture.width, picture.rows});
+    auto pixels = PixelBuffer::uninitialized({picture.width, picture.rows});
     for (int row = 0; row < picture.rows; ++row)
         decodeRow(bytes.data() + start + row * stride,
                   pixels.row(picture.isTopDown ? row : picture.rows - 1 - row));
@@ -288,7 +288,7 @@ bool decodeRuns(ByteReader& reader, RunPlotter& plotter, bool isRLE4)
 std::optional<Image> decodeRLE(ByteView bytes, std::int64_t start, const Picture& picture,
                                const Palette& palette)
 {
-    auto pixels = PixelBuffer::uncleared({picture.width, picture.rows});
+    auto pixels = PixelBuffer::uninitialized({picture.width, picture.rows});
     std::fill_n(pixels.data(), pixels.count(), palette[0]);
     ByteReader reader(bytes, start);
     const bool isRLE4 = picture.header.compression == BMPHeader::rle4;

@@ -221,7 +221,7 @@ void Canvas::clear()
 
 Image Canvas::image(Image::Alpha alpha) const&
 {
-    auto copy = PixelBuffer::uncleared(size());
+    auto copy = PixelBuffer::uninitialized(size());
     std::memcpy(copy.data(), pixels_.data(), pixels_.count() * sizeof(Pixel));
     return {std::move(copy), alpha};
 }

@@ -104,7 +104,7 @@ Result compare(const Image& ours, const Image& reference, std::uint8_t tolerance
 
 Image diffImage(const Image& ours, const Image& reference)
 {
-    auto pixels = PixelBuffer::uncleared(ours.size());
+    auto pixels = PixelBuffer::uninitialized(ours.size());
     for (int y = 0; y < ours.height(); ++y) {
         const auto row = pixels.row(y);
         std::ranges::copy(ours.row(y), row.begin());

@@ -251,11 +251,11 @@ ByteBuffer compressed(ByteView bytes)
 // picture, within reason: to have that much anew costs a fifth of the whole encoding.
 ByteBuffer compressedRows(const Image& image)
 {
-    constexpr std::size_t mostKept = 8 << 20;
+    constexpr std::size_t maxKept = 8 << 20;
     thread_local ByteBuffer filtered;
     filterRows(image, filtered);
     ByteBuffer rows = compressed(filtered);
-    if (filtered.capacity() > mostKept)
+    if (filtered.capacity() > maxKept)
         filtered = {};
     return rows;
 }
@@ -292,7 +292,7 @@ std::optional<Image> decode(ByteView bytes, const Limits& limits, LoadMeter& met
     if (!readHeader(reader, limits))
         return std::nullopt;
 
-    auto pixels = PixelBuffer::uncleared(reader.size);
+    auto pixels = PixelBuffer::uninitialized(reader.size);
     std::vector<png_bytep> rows;
     rows.reserve(static_cast<std::size_t>(reader.size.height));
     for (int y = 0; y < reader.size.height; ++y)

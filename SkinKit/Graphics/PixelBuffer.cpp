@@ -24,7 +24,7 @@ bool PixelBuffer::fits(long long width, long long height)
            maxBytes / sizeof(Pixel);
 }
 
-PixelBuffer PixelBuffer::uncleared(Size size)
+PixelBuffer PixelBuffer::uninitialized(Size size)
 {
     return {size, std::malloc(checkedCount(size) * sizeof(Pixel))};
 }

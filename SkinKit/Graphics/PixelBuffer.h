@@ -22,7 +22,7 @@ public:
     static bool fits(long long width, long long height);
 
     // Pixels not set: for rasters that are written in whole.
-    static PixelBuffer uncleared(Size size);
+    static PixelBuffer uninitialized(Size size);
     // Every pixel transparent. Large ones come as fresh pages, so nothing is touched here.
     static PixelBuffer transparent(Size size);
 

@@ -150,8 +150,8 @@ private:
 SpanMask SpanMask::fill(const Path& path, const Rect& bounds)
 {
     // All rows of an ordinary window at once; of a giant one a few megabytes' worth at a time.
-    constexpr int mostEntries = 1 << 22;
-    const int rowsAtOnce = std::max(1, mostEntries / (bounds.width + 1));
+    constexpr int maxEntries = 1 << 22;
+    const int rowsAtOnce = std::max(1, maxEntries / (bounds.width + 1));
 
     SpanMask mask;
     mask.top_ = bounds.y;

@@ -40,7 +40,7 @@ constexpr std::size_t maxReadmeBytes = 20'480;
 
 std::string titleOf(const std::filesystem::path& path)
 {
-    return Unicode::repaired(asBytes(Files::named(path).stem().string()));
+    return Unicode::toValidUTF8(asBytes(Files::named(path).stem().string()));
 }
 
 std::string escaped(std::string_view text)
@@ -104,7 +104,7 @@ const ByteBuffer* readmeFile(const SkinArchive& archive)
 std::string cutShort(std::string_view text)
 {
     constexpr std::string_view replacement = "\uFFFD";
-    std::string start = Unicode::repaired(asBytes(text.substr(0, maxReadmeBytes)));
+    std::string start = Unicode::toValidUTF8(asBytes(text.substr(0, maxReadmeBytes)));
     while (start.ends_with(replacement))
         start.resize(start.size() - replacement.size());
     return start += "…";
@@ -123,7 +123,7 @@ std::expected<SkinPreviewPage, std::string>
 SkinPreviewPage::tryMake(const std::filesystem::path& path, const SkinArchive::Limits& limits)
 {
     const auto archive = SkinArchive::open(path, limits);
-    const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::asFarAsDrawn)
+    const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
                               : std::unexpected(archive.error());
     if (!skin)
         return std::unexpected(skin.error().description());

@@ -24,7 +24,7 @@ using Descriptors::readFully;
 using Descriptors::uninterrupted;
 using Descriptors::writeFully;
 
-constexpr int mostLinks = 40; // as the system itself allows
+constexpr int maxLinks = 40; // as the system itself allows
 
 std::unexpected<std::error_code> failure(std::errc code)
 {
@@ -50,7 +50,7 @@ std::error_code writeAndClose(int descriptor, ByteView bytes)
 // /proc/self/fd/N.
 std::optional<int> openDescriptor(std::filesystem::path path)
 {
-    for (int i = 0; i < mostLinks; ++i) {
+    for (int i = 0; i < maxLinks; ++i) {
         const auto folder = path.parent_path();
         if (folder == "/dev/fd" || folder == "/proc/self/fd")
             return Numbers::parseInteger<int>(path.filename().string());
@@ -85,7 +85,7 @@ std::error_code writeInPlace(const char* path, ByteView bytes)
 // Where `path` leads in the end, through links whose target need not exist yet.
 Result<std::filesystem::path> followLinks(std::filesystem::path path)
 {
-    for (int i = 0; i < mostLinks; ++i) {
+    for (int i = 0; i < maxLinks; ++i) {
         std::error_code error;
         const auto target = std::filesystem::read_symlink(path, error);
         const bool isNoLink =
@@ -102,8 +102,8 @@ Result<std::filesystem::path> followLinks(std::filesystem::path path)
 // A new file beside `target`; its name, short however long the target's is, goes to `name`.
 int makeNeighbour(const std::filesystem::path& target, std::string& name)
 {
-    constexpr int mostTries = 100;
-    for (int i = 0; i < mostTries; ++i) {
+    constexpr int maxTries = 100;
+    for (int i = 0; i < maxTries; ++i) {
         name = target.parent_path() /
                (".skinkit-" + std::to_string(::getpid()) + "." + std::to_string(i) + ".tmp");
         const int descriptor = openFile(name.c_str(), O_WRONLY | O_CREAT | O_EXCL);
@@ -159,7 +159,7 @@ Result<std::string> dateOf(const std::filesystem::path& path)
     return date;
 }
 
-bool isForWhatItIs(std::error_code error)
+bool isUnsuitableFile(std::error_code error)
 {
     const std::errc reasons[] = {std::errc::file_too_large, std::errc::is_a_directory,
                                  std::errc::not_supported, std::errc::no_such_file_or_directory,

@@ -32,7 +32,7 @@ Result<std::string> dateOf(const std::filesystem::path& path);
 
 // Whether a file was not read because of what it is (too large, no regular file, a link, gone), and
 // not because reading failed.
-bool isForWhatItIs(std::error_code error);
+bool isUnsuitableFile(std::error_code error);
 
 // The path by whose last component a person knows the file: without slashes at its end, and with a
 // "." or ".." there followed to what it leads to.

@@ -34,17 +34,17 @@ std::chrono::nanoseconds threadTime()
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-void returnFreedMemory()
+void releaseFreeMemory()
 {
     ::malloc_trim(0);
 }
 
-void endWithoutMemory()
+void abortOnOutOfMemory()
 {
     whenOutOfMemory([] { fail("no memory"); });
 }
 
-void holdStandardStreams()
+void reserveStandardStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (::fcntl(stream, F_GETFD) < 0 && errno == EBADF)
@@ -52,17 +52,17 @@ void holdStandardStreams()
             ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
-void reportFileSizeLimit()
+void ignoreFileSizeSignal()
 {
     ::signal(SIGXFSZ, SIG_IGN);
 }
 
-void reportBrokenPipes()
+void ignorePipeSignal()
 {
     ::signal(SIGPIPE, SIG_IGN);
 }
 
-void holdInterrupts()
+void deferInterrupts()
 {
     struct ::sigaction action{};
     action.sa_handler = [](int signal) {
@@ -75,17 +75,17 @@ void holdInterrupts()
     ::sigaction(SIGTERM, &action, nullptr);
 }
 
-int heldInterrupt()
+int deferredInterrupt()
 {
     return held;
 }
 
-void endByHeldInterrupt()
+void raiseDeferredInterrupt()
 {
     ::raise(held);
 }
 
-void takeMemoryAtOnce()
+void preallocateMemory()
 {
     constexpr std::size_t bytes = 2 << 20;
     // Blocks come from one heap, which keeps what is freed: at once what the allocator would come

@@ -13,8 +13,8 @@ namespace {
 
 ByteBuffer contentOf(const char* path)
 {
-    constexpr std::int64_t mostBytes = 1 << 16;
-    return Files::read(path, mostBytes).value_or(ByteBuffer());
+    constexpr std::int64_t maxBytes = 1 << 16;
+    return Files::read(path, maxBytes).value_or(ByteBuffer());
 }
 
 // The number at the front of `text`, behind blanks.

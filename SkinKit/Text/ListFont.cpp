@@ -221,11 +221,11 @@ std::string deburred(char32_t character)
 // that are left then go.
 void append(std::vector<Glyph>& line, std::string_view character)
 {
-    const std::string composed = Unicode::composed(character);
+    const std::string composed = Unicode::toNFC(character);
     std::string_view codePoints = composed;
-    const std::string letters = deburred(Unicode::takeFirst(codePoints));
+    const std::string letters = deburred(Unicode::takeCodePoint(codePoints));
     for (std::string_view rest = letters; !rest.empty();) {
-        const char32_t letter = Unicode::takeFirst(rest);
+        const char32_t letter = Unicode::takeCodePoint(rest);
         const bool isSpace = letter != noBreakSpace && Unicode::isWhiteSpace(letter);
         line.push_back(glyph(isSpace ? U' ' : letter));
     }
@@ -253,7 +253,7 @@ std::vector<Glyph> line(std::string_view text, int width)
     std::int64_t right = -gap;
     while (!text.empty()) {
         const std::size_t before = line.size();
-        append(line, Unicode::takeFirstCharacter(text));
+        append(line, Unicode::takeGrapheme(text));
         for (const Glyph& added : std::span(line).subspan(before))
             right += gap + added.width;
         if (right > width) {

@@ -16,12 +16,12 @@ std::size_t length(std::string_view composed)
 
 bool isLong(std::string_view text)
 {
-    return length(Unicode::composed(text)) >= maxLength;
+    return length(Unicode::toNFC(text)) >= maxLength;
 }
 
 std::string loopText(std::string_view text)
 {
-    const std::string composed = Unicode::composed(text);
+    const std::string composed = Unicode::toNFC(text);
     const std::size_t units = length(composed);
     if (units < maxLength)
         return composed + std::string(maxLength - units, ' ');
@@ -30,7 +30,7 @@ std::string loopText(std::string_view text)
 
 int stepOffset(std::string_view text, int step, int pixels)
 {
-    const std::size_t units = length(Unicode::composed(text));
+    const std::size_t units = length(Unicode::toNFC(text));
     if (units < maxLength)
         return 0;
     const auto period = static_cast<std::int64_t>(units + separator.size()) * charWidth;

@@ -39,7 +39,7 @@ std::optional<Image> textImage(const Skin& skin, std::string_view text)
     if (!sheet || text.empty())
         return std::nullopt;
 
-    const auto units = Unicode::toUTF16(Unicode::composed(text));
+    const auto units = Unicode::toUTF16(Unicode::toNFC(text));
     Canvas canvas({TextFont::cellWidth * static_cast<int>(units.size()), TextFont::cellHeight});
     drawCells(canvas, *sheet, units, {0, 0});
     return std::move(canvas).image();
@@ -48,7 +48,7 @@ std::optional<Image> textImage(const Skin& skin, std::string_view text)
 void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at)
 {
     if (const Image* const sheet = textSheet(skin))
-        drawCells(canvas, *sheet, Unicode::toUTF16(Unicode::composed(text)), at);
+        drawCells(canvas, *sheet, Unicode::toUTF16(Unicode::toNFC(text)), at);
 }
 
 Rect minusFrame(const Skin& skin)

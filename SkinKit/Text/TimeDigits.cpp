@@ -20,9 +20,9 @@ std::optional<TimeMode> parseTimeMode(std::string_view text)
 
 TimeDigits TimeDigits::fromSeconds(double seconds)
 {
-    constexpr double mostSeconds = 99 * 60 + 59;
+    constexpr double maxSeconds = 99 * 60 + 59;
     const double whole = std::isfinite(seconds) ? std::floor(seconds) : 0;
-    const int shown = static_cast<int>(std::clamp(whole, 0.0, mostSeconds));
+    const int shown = static_cast<int>(std::clamp(whole, 0.0, maxSeconds));
     return {shown / 600, shown / 60 % 10, shown % 60 / 10, shown % 10};
 }
 

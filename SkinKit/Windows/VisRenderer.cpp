@@ -155,7 +155,7 @@ void VisRenderer::drawOscilloscope(std::span<const float> samples, int pushDown)
 
 Image VisRenderer::makeImage() const
 {
-    auto raster = PixelBuffer::uncleared(layout_.imageSize());
+    auto raster = PixelBuffer::uninitialized(layout_.imageSize());
     bool opaque = true;
     for (std::size_t i = 0; i < pixels_.size(); ++i) {
         const std::uint32_t word = pixels_[i];

@@ -12,7 +12,7 @@ namespace {
 
 std::string repaired(std::string_view text)
 {
-    return Unicode::repaired(asBytes(text));
+    return Unicode::toValidUTF8(asBytes(text));
 }
 
 // A byte of a code page as UTF-8, as the system converts it; nothing for one that the page lacks.
@@ -40,7 +40,7 @@ TEST(Unicode, KeepsEveryWellFormedCharacter)
         Unicode::append(text, codePoint);
         ASSERT_EQ(repaired(text), text) << std::uint32_t{codePoint};
         std::string_view rest = text;
-        ASSERT_EQ(Unicode::takeFirst(rest), codePoint);
+        ASSERT_EQ(Unicode::takeCodePoint(rest), codePoint);
         ASSERT_TRUE(rest.empty());
     }
 }
@@ -130,7 +130,7 @@ TEST(Unicode, ComposesCanonically)
         {"\U0001F600",         "\U0001F600"   },
     };
     for (const auto& [text, composed] : rows)
-        EXPECT_EQ(Unicode::composed(text), composed);
+        EXPECT_EQ(Unicode::toNFC(text), composed);
 }
 
 // Sorting them one place at a time would take until tomorrow.
@@ -143,7 +143,7 @@ TEST(Unicode, ComposesALetterWithAMillionMarksInTheWrongOrder)
         above += "\u0307";
         below += "\u0323";
     }
-    EXPECT_EQ(Unicode::composed("q" + above + below), "q" + below + above);
+    EXPECT_EQ(Unicode::toNFC("q" + above + below), "q" + below + above);
 }
 
 TEST(Unicode, CountsCharactersOutsideTheFirstPlaneAsTwoUnits)
@@ -182,11 +182,11 @@ TEST(Unicode, TakesCharactersAsReadersSeeThem)
         text += character;
     std::string_view rest = text;
     for (const auto character : characters)
-        EXPECT_EQ(Unicode::takeFirstCharacter(rest), character);
+        EXPECT_EQ(Unicode::takeGrapheme(rest), character);
     EXPECT_TRUE(rest.empty());
-    EXPECT_EQ(Unicode::firstCharacters(text, 0), "");
-    EXPECT_EQ(Unicode::firstCharacters(text, 2), "ae\u0301\u0323");
-    EXPECT_EQ(Unicode::firstCharacters(text, 100), text);
+    EXPECT_EQ(Unicode::firstGraphemes(text, 0), "");
+    EXPECT_EQ(Unicode::firstGraphemes(text, 2), "ae\u0301\u0323");
+    EXPECT_EQ(Unicode::firstGraphemes(text, 100), text);
 }
 
 TEST(Unicode, TrimsWhiteSpaceOfEveryKindAtBothEnds)

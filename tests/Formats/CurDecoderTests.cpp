@@ -76,7 +76,7 @@ Image noise(Size size, int colors)
     std::vector<Pixel> palette(static_cast<std::size_t>(colors));
     for (auto& color : palette)
         color = (random() & 0x00FFFFFF) | packPixel(0, 0, 0);
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (std::size_t i = 0; i < pixels.count(); ++i)
         pixels.data()[i] = palette[random() % palette.size()];
     return {std::move(pixels), Image::Alpha::opaque};

@@ -28,7 +28,7 @@ RectF whole(Size size)
 Image noise(Size size, unsigned seed)
 {
     std::mt19937 random(seed);
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (Pixel& pixel : std::span(pixels.data(), pixels.count()))
         pixel = premultiply(static_cast<Pixel>(random()));
     return {std::move(pixels), Image::Alpha::any};

@@ -351,7 +351,7 @@ TEST(BMPDecoder, DecodesRunsToThePictureOfTheUncompressedTwin)
     std::mt19937 random(3);
     for (const int bitCount : {4, 8})
         for (const int width : {1, 2, 3, 7, 8, 61, 300}) {
-            auto pixels = PixelBuffer::uncleared({width, 5});
+            auto pixels = PixelBuffer::uninitialized({width, 5});
             Pixel ink = legend.at('.');
             for (Pixel& pixel : std::span(pixels.data(), pixels.count())) {
                 if (random() % 3 == 0)

@@ -59,7 +59,7 @@ ImageDiff::Result countByHand(const Image& ours, const Image& reference, int tol
 
 Image randomImage(std::mt19937& random, Size size)
 {
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (Pixel& pixel : std::span(pixels.data(), pixels.count())) {
         // Few values, so that equal, near and far pixels all occur.
         const auto channel = [&random] { return static_cast<unsigned>(random() % 3 * 2); };

@@ -129,7 +129,7 @@ PNGFile randomFile(int colorType, int depth, int interlace, unsigned seed)
 Image translucentImage(Size size, unsigned seed)
 {
     std::mt19937 random(seed);
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (int y = 0; y < size.height; ++y)
         for (int x = 0; x < size.width; ++x) {
             auto& pixel = pixels.row(y)[static_cast<std::size_t>(x)];

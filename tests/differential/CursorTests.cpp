@@ -78,7 +78,7 @@ Image expected(const RandomBMP& bmp, support::ByteView mask)
             for (int x = 0; x < colors.width(); ++x)
                 usesAlpha = usesAlpha || alpha(x, y) != 0;
 
-    auto result = PixelBuffer::uncleared(colors.size());
+    auto result = PixelBuffer::uninitialized(colors.size());
     for (int y = 0; y < colors.height(); ++y)
         for (int x = 0; x < colors.width(); ++x) {
             const Pixel color = colors.pixel({x, y});

@@ -225,8 +225,8 @@ struct Picture {
             drawRuns();
         else
             drawRows();
-        auto buffer =
-            SkinKit::PixelBuffer::uncleared({static_cast<int>(width), static_cast<int>(height)});
+        auto buffer = SkinKit::PixelBuffer::uninitialized(
+            {static_cast<int>(width), static_cast<int>(height)});
         for (std::int64_t y = 0; y < height; ++y)
             for (std::int64_t x = 0; x < width; ++x) {
                 const auto found = pixels.find({x, y});

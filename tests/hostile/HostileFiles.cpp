@@ -284,7 +284,7 @@ constexpr HostileFile table[] = {
     }},
 
     // Directories.
-    {"MostEntries", "65,535 entries with names of 200 bytes, six times as long in UTF-8",
+    {"MaxEntries", "65,535 entries with names of 200 bytes, six times as long in UTF-8",
      [](const path& file) { writeDirectory(file, 65'535, 200, '\xB0'); }},
     {"OneEntryMore", "65,536 entries", [](const path& file) { writeDirectory(file, 65'536, 0, 0); }},
     {"MillionEntries", "1,000,000 entries", [](const path& file) { writeDirectory(file, 1'000'000, 0, 0); }},

@@ -7,7 +7,7 @@ namespace hostile {
 namespace {
 
 // What would take longer than this is stopped.
-constexpr long mostSeconds = 20;
+constexpr long maxSeconds = 20;
 
 std::string withoutName(std::string text, const std::filesystem::path& skin)
 {
@@ -31,7 +31,7 @@ std::vector<Attempt> tryAll(const std::filesystem::path& program, const std::fil
             else
                 what += (what.empty() ? "" : " ") + word;
         }
-        const auto outcome = support::run(program, form, {.maxProcessorSeconds = mostSeconds});
+        const auto outcome = support::run(program, form, {.maxProcessorSeconds = maxSeconds});
         attempts.push_back({what, outcome.status, withoutName(outcome.err, skin),
                             outcome.processorSeconds, outcome.peakMiB});
         if (outcome.status != 0)

@@ -77,12 +77,12 @@ protected:
             fs::resize_file(out / "results.jsonl", size - std::min(size, bytes));
     }
 
-    static constexpr int mostKills = 1000;
+    static constexpr int maxKills = 1000;
 
     // Kills the run at random moments, tearing its last line, until one ends by itself; how often.
     int killUntilDone(std::chrono::duration<double> longestLife)
     {
-        for (int kills = 0; kills < mostKills; ++kills) {
+        for (int kills = 0; kills < maxKills; ++kills) {
             const auto life = longestLife * std::uniform_real_distribution<double>(0, 1)(random_);
             const auto outcome =
                 support::runAndKill(SKINTOOL_PROGRAM, command({"--resume"}),
@@ -92,7 +92,7 @@ protected:
             EXPECT_EQ(outcome.status, 128 + SIGKILL) << outcome.err;
             tearLastLine(random_() % 40);
         }
-        return mostKills;
+        return maxKills;
     }
 
     // The results by path, without what no two runs have in common. Fails when a path has two.
@@ -227,7 +227,7 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
     for (auto longestLife = undisturbedTime / 5; kills <= 3; longestLife /= 4) {
         fs::remove_all(out);
         kills = killUntilDone(std::chrono::duration<double>(longestLife));
-        ASSERT_LT(kills, mostKills);
+        ASSERT_LT(kills, maxKills);
     }
 
     int crashes = 0;

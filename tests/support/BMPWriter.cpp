@@ -175,7 +175,7 @@ ByteBuffer encodeRLE(const Image& image, int bitCount)
 
 Image solidImage(SkinKit::Size size, RGBColor color)
 {
-    auto pixels = SkinKit::PixelBuffer::uncleared(size);
+    auto pixels = SkinKit::PixelBuffer::uninitialized(size);
     std::fill_n(pixels.data(), pixels.count(), SkinKit::opaquePixel(color));
     return {std::move(pixels), Image::Alpha::opaque};
 }

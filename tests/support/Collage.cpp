@@ -19,7 +19,7 @@ Image noise(std::string_view sheet)
     const Size size = GeneratedBaseSkin::size(sheet);
     std::seed_seq seed(sheet.begin(), sheet.end());
     std::mt19937 random(seed);
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (Pixel& pixel : std::span(pixels.data(), pixels.count()))
         pixel = static_cast<Pixel>(random()) | 0xFF000000;
     return {std::move(pixels), Image::Alpha::opaque};

@@ -52,8 +52,8 @@ void expectGoldenText(std::string_view text, std::string_view file)
         ASSERT_FALSE(Files::write(path, asBytes(text))) << path;
         return;
     }
-    constexpr std::int64_t mostBytes = 1 << 20;
-    const auto golden = Files::read(path, mostBytes);
+    constexpr std::int64_t maxBytes = 1 << 20;
+    const auto golden = Files::read(path, maxBytes);
     ASSERT_TRUE(golden) << path << " can't be read";
     EXPECT_EQ(text, asText(*golden)) << "not as in " << path;
 }

@@ -8,7 +8,7 @@ using SkinKit::Image;
 
 Image picture(const std::vector<std::string_view>& rows, const Legend& legend)
 {
-    auto pixels = SkinKit::PixelBuffer::uncleared(
+    auto pixels = SkinKit::PixelBuffer::uninitialized(
         {static_cast<int>(rows.at(0).size()), static_cast<int>(rows.size())});
     bool opaque = true;
     for (int y = 0; y < pixels.size().height; ++y)
@@ -30,7 +30,7 @@ SkinKit::Pixel markOf(SkinKit::Point place)
 
 Image markedImage(SkinKit::Size size)
 {
-    auto pixels = SkinKit::PixelBuffer::uncleared(size);
+    auto pixels = SkinKit::PixelBuffer::uninitialized(size);
     for (int y = 0; y < size.height; ++y)
         for (int x = 0; x < size.width; ++x)
             pixels.row(y)[static_cast<std::size_t>(x)] = markOf({x, y});

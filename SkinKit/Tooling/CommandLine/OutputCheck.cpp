@@ -16,10 +16,10 @@ namespace fs = std::filesystem;
 // of it.
 fs::path written(const fs::path& path)
 {
-    constexpr int mostLinks = 40; // as the system allows
+    constexpr int maxLinks = 40; // as the system allows
     std::error_code error;
     auto target = fs::absolute(path, error);
-    for (int i = 0; i < mostLinks && fs::is_symlink(target, error); ++i)
+    for (int i = 0; i < maxLinks && fs::is_symlink(target, error); ++i)
         target = target.parent_path() / fs::read_symlink(target, error);
     return fs::weakly_canonical(target.parent_path(), error) / target.filename();
 }

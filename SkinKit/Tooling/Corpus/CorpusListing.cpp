@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 std::string asUTF8(const fs::path& path)
 {
-    return Unicode::repaired(asBytes(path.native()));
+    return Unicode::toValidUTF8(asBytes(path.native()));
 }
 
 // Replaces each path by its text. Two that read alike are told apart by a number, as "a (2).wsz".

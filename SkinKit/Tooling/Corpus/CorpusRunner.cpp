@@ -251,8 +251,8 @@ private:
     // or none that is a listing.
     std::optional<std::vector<CorpusFile>> earlierListing() const
     {
-        constexpr std::int64_t mostBytes = std::int64_t{1} << 32;
-        const auto bytes = Files::read(listingFile(), mostBytes);
+        constexpr std::int64_t maxBytes = std::int64_t{1} << 32;
+        const auto bytes = Files::read(listingFile(), maxBytes);
         if (!bytes && bytes.error() != std::errc::no_such_file_or_directory)
             fail(listingFile(), bytes.error());
         return bytes ? CorpusListing::parse(asText(*bytes)) : std::nullopt;
@@ -442,7 +442,7 @@ CorpusOutcome CorpusRunner::processSkin(const fs::path& file)
     const auto start = Clock::now();
     const auto archive = SkinArchive::open(file);
     const std::int64_t entries = archive ? archive->entryCount() : 0;
-    const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::asFarAsDrawn)
+    const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
                               : std::unexpected(archive.error());
     const double parseMs = millisecondsSince(start);
     if (!skin)
@@ -474,8 +474,8 @@ std::string CorpusRunner::progressLine(std::int64_t done, std::int64_t total, co
 
 std::expected<CorpusManifest, CorpusRunner::Error> CorpusRunner::readManifest(const fs::path& file)
 {
-    constexpr std::int64_t mostBytes = std::int64_t{1} << 30;
-    const auto bytes = Files::read(file, mostBytes);
+    constexpr std::int64_t maxBytes = std::int64_t{1} << 30;
+    const auto bytes = Files::read(file, maxBytes);
     if (!bytes)
         return std::unexpected(Error{file.string() + ": " + bytes.error().message()});
     auto manifest = parseManifest(asText(*bytes));

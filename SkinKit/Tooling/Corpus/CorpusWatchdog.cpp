@@ -161,7 +161,7 @@ void CorpusWatchdog::makeRoom(std::int64_t footprintMiB)
     constexpr std::int64_t partOfLimit = 8;
     if (footprintMiB - emptyFootprintMiB_ <= settings_.maxMemoryMiB / partOfLimit)
         return;
-    Process::returnFreedMemory();
+    Process::releaseFreeMemory();
     emptyFootprintMiB_ = settings_.footprint().current;
 }
 

@@ -41,7 +41,7 @@ bool PlainLine::take(std::string& text)
     const auto size = static_cast<std::size_t>(end - rest_.begin());
     text = rest_.substr(0, size);
     rest_.remove_prefix(size + 1);
-    return isASCII || Unicode::repaired(asBytes(text)) == text;
+    return isASCII || Unicode::toValidUTF8(asBytes(text)) == text;
 }
 
 bool PlainLine::take(std::vector<std::string>& texts)

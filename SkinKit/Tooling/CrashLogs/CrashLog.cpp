@@ -79,7 +79,7 @@ bool isText(ByteView bytes)
 Files::Result<std::optional<std::string>> readText(const std::filesystem::path& path)
 {
     auto file = Files::InputFile::open(path, Files::Links::refused);
-    if (!file && Files::isForWhatItIs(file.error()))
+    if (!file && Files::isUnsuitableFile(file.error()))
         return std::nullopt;
     if (!file)
         return std::unexpected(file.error());
@@ -92,7 +92,7 @@ Files::Result<std::optional<std::string>> readText(const std::filesystem::path& 
          {std::pair(std::int64_t{0}, start), std::pair(file->size() - std::ssize(end), end)})
         if (const auto error = file->readAt(offset, part))
             return std::unexpected(error);
-    return isText(bytes) ? std::optional(Unicode::repaired(bytes)) : std::nullopt;
+    return isText(bytes) ? std::optional(Unicode::toValidUTF8(bytes)) : std::nullopt;
 }
 
 }
@@ -106,10 +106,10 @@ CrashLog CrashLog::of(std::string_view file, std::string_view text)
 
 std::string CrashLog::signatureOf(std::string_view text)
 {
-    constexpr std::size_t mostFrames = 3;
+    constexpr std::size_t maxFrames = 3;
     const auto frames = StackTrace::crashedThread(text);
     std::string signature;
-    for (std::size_t i = 0; i < std::min(frames.size(), mostFrames); ++i)
+    for (std::size_t i = 0; i < std::min(frames.size(), maxFrames); ++i)
         signature.append(i == 0 ? "" : " ← ").append(frames[i]);
     return signature.empty() ? abortLine(text) : signature;
 }
@@ -130,7 +130,7 @@ Files::Result<CrashLog::Folder> CrashLog::readFolder(const std::filesystem::path
             found.unreadFiles.push_back({folder / entry.name, text.error()});
         if (!text || !*text)
             continue;
-        found.logs.push_back(of(Unicode::repaired(asBytes(entry.name)), **text));
+        found.logs.push_back(of(Unicode::toValidUTF8(asBytes(entry.name)), **text));
         totalBytes += std::ssize(**text);
         if (totalBytes > maxTotalBytes)
             found.logs.back().text = {};

@@ -206,7 +206,7 @@ private:
     void readFrame(std::string_view frame, bool isInnermost)
     {
         // Enough to see past the abort functions.
-        constexpr std::size_t mostFrames = 24;
+        constexpr std::size_t maxFrames = 24;
         if (isInnermost)
             stacks_.push_back({std::exchange(heading_, {}), {}});
         if (stacks_.empty())
@@ -214,7 +214,7 @@ private:
         auto& frames = stacks_.back().frames;
         if (frame.starts_with("<signal handler called>"))
             frames.clear();
-        else if (frames.size() < mostFrames)
+        else if (frames.size() < maxFrames)
             frames.push_back(frameName(frame));
     }
 

@@ -169,7 +169,7 @@ public:
         if (const auto error = write(card.preview, asBytes(marked(PreviewDocument::html(page)))))
             return std::unexpected(*error);
 
-        const auto skin = SkinParser::parse(path, {}, SkinParser::Sheets::asFarAsDrawn);
+        const auto skin = SkinParser::parse(path, {}, SkinParser::Sheets::croppedToSprites);
         if (!skin) {
             card.error = skin.error().description();
             return card;
@@ -248,7 +248,8 @@ std::expected<Totals, Error> make(const fs::path& skins, const fs::path& out, st
     if (failed)
         return std::unexpected(std::move(*failed));
 
-    const std::string title = Unicode::repaired(asBytes(Files::named(skins).filename().native()));
+    const std::string title =
+        Unicode::toValidUTF8(asBytes(Files::named(skins).filename().native()));
     if (const auto error =
             maker.write(indexName, asBytes(marked(SkinGalleryPage::html(title, cards, *size)))))
         return std::unexpected(*error);

@@ -92,12 +92,12 @@ std::vector<CorpusSummary::Slow> slowest(Skins timed)
 std::vector<CorpusSummary::FailureClass> failureClasses(const CorpusSkins& all, const Skins& skins,
                                                         std::int64_t classic)
 {
-    constexpr std::size_t mostExamples = 5;
+    constexpr std::size_t maxExamples = 5;
     std::vector<CorpusSummary::FailureClass> classes(all.classKeys().size());
     for (const Skin* skin : skins) {
         for (const std::uint32_t i : skin->classes) {
             ++classes[i].count;
-            if (classes[i].examples.size() < mostExamples)
+            if (classes[i].examples.size() < maxExamples)
                 classes[i].examples.push_back(example(*skin));
         }
     }

@@ -87,7 +87,7 @@ std::optional<Image> render(const Skin& skin, std::span<const double> values, do
 
     // The curve goes straight into the pixels: drawn pixel by pixel or as a layer of its own it
     // costs more than all the rest.
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (int y = 0; y < size.height; ++y)
         std::ranges::copy(canvas.row(y), pixels.row(y).begin());
     drawCurve(pixels, values, *colors);

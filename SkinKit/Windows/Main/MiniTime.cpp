@@ -36,7 +36,7 @@ std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters&
 
     Canvas canvas({MainShadeLayout::miniTimeImageWidth, TextFont::cellHeight});
     for (std::size_t i = 0; i < characters.size(); ++i)
-        drawText(canvas, skin, Unicode::firstCharacters(characters[i], 1),
+        drawText(canvas, skin, Unicode::firstGraphemes(characters[i], 1),
                  {MainShadeLayout::miniTimeCellX[i], 0});
     return std::move(canvas).image();
 }

@@ -13,7 +13,7 @@ std::string title(std::optional<std::string_view> name, int width)
     constexpr int characterWidth = 5;
     const int most = (right(width) - besideTitle) / characterWidth;
     const auto first = [&](int count) {
-        return Unicode::firstCharacters(*name, static_cast<std::size_t>(std::max(count, 0)));
+        return Unicode::firstGraphemes(*name, static_cast<std::size_t>(std::max(count, 0)));
     };
     if (most >= 0 && first(most).size() == name->size())
         return std::string(*name);

@@ -100,7 +100,7 @@ Image entryImage(const PlaylistWindowState& state, int index, int width, const P
     const auto place = static_cast<std::size_t>(index);
     const auto& entry = state.entries[place];
     const Pixel ink = opaquePixel(state.current == place ? style.current : style.normal);
-    auto pixels = PixelBuffer::uncleared({width, Layout::rowHeight});
+    auto pixels = PixelBuffer::uninitialized({width, Layout::rowHeight});
     std::fill_n(pixels.data(), pixels.count(),
                 opaquePixel(entry.isSelected ? style.selectedBackground : style.normalBackground));
 

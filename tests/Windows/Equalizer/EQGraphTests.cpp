@@ -31,7 +31,7 @@ Pixel lineColor(int row)
 // The equalizer's sheet, of one colour but for the strip of line colours and the preamp's line.
 Skin skinWithSheet(Size size = {275, 315})
 {
-    auto pixels = PixelBuffer::uncleared(size);
+    auto pixels = PixelBuffer::uninitialized(size);
     for (int y = 0; y < size.height; ++y)
         for (int x = 0; x < size.width; ++x) {
             Pixel& pixel = pixels.row(y)[static_cast<std::size_t>(x)];
