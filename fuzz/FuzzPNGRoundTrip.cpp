@@ -1,6 +1,7 @@
 #include "SkinKit/Graphics/PNGCodec.h"
 #include "fuzz/Fuzzing.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 

@@ -5,6 +5,7 @@
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/ZipWriter.h"
 
+#include <algorithm>
 #include <zlib.h>
 
 #include <cstdio>

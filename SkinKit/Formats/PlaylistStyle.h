@@ -3,7 +3,6 @@
 #include "SkinKit/Graphics/RGBColor.h"
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 namespace SkinKit {

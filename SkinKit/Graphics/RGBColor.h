@@ -3,7 +3,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <string_view> // std::hash, in less than <functional>
 
 namespace SkinKit {
 

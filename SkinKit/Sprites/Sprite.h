@@ -3,7 +3,6 @@
 #include "SkinKit/Graphics/Geometry.h"
 
 #include <cstddef>
-#include <functional>
 #include <string_view>
 
 namespace SkinKit {

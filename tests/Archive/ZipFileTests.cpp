@@ -2,6 +2,7 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/ZipWriter.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <string>

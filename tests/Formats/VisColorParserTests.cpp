@@ -1,6 +1,7 @@
 #include "SkinKit/Formats/VisColorParser.h"
 #include "tests/support/Bytes.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <random>

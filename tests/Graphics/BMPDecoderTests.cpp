@@ -2,6 +2,7 @@
 #include "tests/support/BMPWriter.h"
 #include "tests/support/Pictures.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cmath>

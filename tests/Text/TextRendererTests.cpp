@@ -3,6 +3,7 @@
 #include "SkinKit/Windows/Main/MiniTime.h"
 #include "tests/support/Pictures.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace SkinKit;

@@ -8,6 +8,7 @@
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>

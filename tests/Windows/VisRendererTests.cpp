@@ -1,5 +1,6 @@
 #include "SkinKit/Windows/VisRenderer.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <climits>

@@ -2,6 +2,7 @@
 
 #include "tests/support/Bytes.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <initializer_list>
 #include <random>

@@ -5,6 +5,7 @@
 #include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/System/Files.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cstdlib>

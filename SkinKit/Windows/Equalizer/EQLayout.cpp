@@ -1,5 +1,6 @@
 #include "SkinKit/Windows/Equalizer/EQLayout.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace SkinKit::EQLayout {

@@ -1,5 +1,6 @@
 #include "SkinKit/Windows/Playlist/PlaylistLayout.h"
 
+#include <algorithm>
 #include <cmath>
 #include <span>
 

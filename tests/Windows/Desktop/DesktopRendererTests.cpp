@@ -5,6 +5,7 @@
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "tests/support/Collage.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <climits>

@@ -1,5 +1,6 @@
 #include "SkinKit/Windows/Equalizer/CubicSpline.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -2,6 +2,7 @@
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace SkinKit;

@@ -1,5 +1,6 @@
 #include "SkinKit/Windows/Playlist/PlaylistScroll.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <limits>
