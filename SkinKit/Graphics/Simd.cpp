@@ -14,6 +14,9 @@
 #include <immintrin.h>
 #endif
 
+// Written with the compiler's intrinsics, chosen at run time: the packaged portable SIMD library
+// adds 2.8 ms to every start. The plain loops are the fallback, and what the tests compare the
+// others with.
 namespace SkinKit::Simd {
 namespace {
 
