@@ -1,6 +1,6 @@
 #include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Text/TextRenderer.h"
-#include "SkinKit/Windows/Main/MiniTime.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>

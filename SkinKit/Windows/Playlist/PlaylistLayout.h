@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/Graphics/Geometry.h"
-#include "SkinKit/Windows/Main/MainShadeLayout.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 #include "SkinKit/Windows/Playlist/PlaylistScroll.h"
 
 #include <algorithm>

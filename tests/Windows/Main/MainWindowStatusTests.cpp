@@ -1,5 +1,5 @@
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowState.h"
-#include "SkinKit/Windows/Main/MiniTime.h"
 
 #include <gtest/gtest.h>
 
