@@ -2,9 +2,7 @@
 
 #include "SkinKit/Base/Check.h"
 #include "SkinKit/Base/Unicode.h"
-#include "SkinKit/Text/MarqueeLayout.h"
 #include "SkinKit/Text/TextFont.h"
-#include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
 #include "SkinKit/Windows/WindowDrawing.h"

@@ -3,10 +3,8 @@
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "SkinKit/Text/ListFont.h"
 #include "SkinKit/Text/TextFont.h"
-#include "SkinKit/Text/TextRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
-#include "SkinKit/Windows/Playlist/PlaylistScroll.h"
-#include "SkinKit/Windows/Playlist/PlaylistShadeLayout.h"
+#include "SkinKit/Windows/Playlist/PlaylistLayout.h"
 #include "SkinKit/Windows/Playlist/PlaylistText.h"
 #include "SkinKit/Windows/WindowDrawing.h"
 

@@ -1,4 +1,4 @@
-#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/VisRenderer.h"
 #include "tests/support/BMPWriter.h"
@@ -375,4 +375,18 @@ TEST(MainWindowRenderer, LeavesOutWhatASkinLacksWhenShaded)
     Collage expected(Skin{}, shadeSize);
     expected.add(VisRenderer(Skin{}.visColors, VisLayout::shade(1)).makeImage(), {79, 5});
     expectSame(bare, std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, LeavesAGapForTheColonOfTheMiniClock)
+{
+    const Skin skin = noisySkin();
+    Collage expected(skin, {30, 6});
+    expected.add(textImage(skin, "-"), {1, 0});
+    expected.add(textImage(skin, "1"), {7, 0});
+    expected.add(textImage(skin, "2"), {12, 0});
+    expected.add(textImage(skin, "4"), {25, 0});
+    const auto image = miniTimeImage(skin, {"-", "1", "2", "", "4x"});
+    ASSERT_TRUE(image);
+    expectSame(*image, std::move(expected).image());
+    EXPECT_FALSE(miniTimeImage(Skin{}, MiniTime::blank()));
 }

@@ -1,6 +1,6 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
-#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "tests/support/Pictures.h"
