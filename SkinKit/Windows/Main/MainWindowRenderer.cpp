@@ -5,6 +5,7 @@
 #include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
+#include "SkinKit/Windows/VisRenderer.h"
 #include "SkinKit/Windows/WindowDrawing.h"
 
 #include <limits>

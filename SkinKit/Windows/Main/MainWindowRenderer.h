@@ -1,12 +1,13 @@
 #pragma once
 
 #include "SkinKit/Windows/Main/MainWindowState.h"
-#include "SkinKit/Windows/VisRenderer.h"
 #include "SkinKit/Windows/WindowRenderer.h"
 
 #include <optional>
 
 namespace SkinKit {
+
+class VisLayout;
 
 // The main window: 275 × 116 pixels, shaded 275 × 14 with the focus, the clock, the position and
 // the visualizer only. Its sections of the region are "normal" and, shaded, "windowshade".
