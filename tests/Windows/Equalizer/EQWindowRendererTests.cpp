@@ -53,14 +53,8 @@ struct Change {
 
 void expectChange(const Skin& skin, const EQWindowState& before, const Change& change)
 {
-    const Image window = EQWindowRenderer::render(skin, before, 1, Clip::none);
-    Collage expected(skin, window.size());
-    expected.add(window, {0, 0});
-    expected.add(change.piece);
-    const auto different = support::firstDifference(
-        EQWindowRenderer::render(skin, change.state, 1, Clip::none), std::move(expected).image());
-    EXPECT_FALSE(different) << change.piece.sprite << ", first at " << different->x << ", "
-                            << different->y;
+    support::expectAdded(skin, EQWindowRenderer::render(skin, change.state, 1, Clip::none),
+                         EQWindowRenderer::render(skin, before, 1, Clip::none), change.piece);
 }
 
 template <typename Change>
