@@ -1,6 +1,5 @@
-#include "SkinKit/Windows/WindowRenderer.h"
-
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
+#include "SkinKit/Windows/WindowDrawing.h"
 #include "tests/support/Collage.h"
 
 #include <gtest/gtest.h>
@@ -23,6 +22,11 @@ struct Window {
     std::function<Image(const Skin&, int scale, Clip)> render;
     std::function<void(Canvas&, Point at, const Skin&, int scale, Clip)> draw;
 };
+
+void PrintTo(const Window& window, std::ostream* stream)
+{
+    *stream << window.name;
+}
 
 template <class Renderer>
 Window window(std::string name, Size size, std::vector<std::string> sections,
@@ -70,6 +74,18 @@ std::vector<Window> windows()
         window<DesktopRenderer>("DesktopShaded", {325, 42}, {"windowshade", "equalizerws"}, shaded),
     };
 }
+
+// A window that paints more than its rectangle.
+struct Spilling {
+    struct State {};
+
+    static Size size(const State&) { return {4, 3}; }
+    static const SkinRegion::Polygons* outline(const SkinRegion&, const State&) { return nullptr; }
+    static void paint(const SpriteDrawer& drawer, const State&, int, Clip)
+    {
+        drawer.context.fill({-9, -9, 99, 99}, {1, 2, 3});
+    }
+};
 
 class AnyWindow : public testing::TestWithParam<Window> {
 protected:
@@ -154,6 +170,15 @@ TEST_P(AnyWindow, IsClippedToItsOwnSectionOfTheRegionWhenAsked)
     skin_.region.sections[window_.sections[0]] = {}; // no polygons: nothing is inside
     expectSame(window_.render(skin_, 1, Clip::toRegion),
                {PixelBuffer::transparent(window_.size), Image::Alpha::any});
+}
+
+TEST(WindowRenderer, CutsWhatAWindowPaintsOutsideItself)
+{
+    Canvas canvas({20, 20});
+    Canvas expected({20, 20});
+    WindowRenderer<Spilling>::draw(canvas, {5, 6}, Skin{}, {}, 2, Clip::none);
+    expected.fill({5, 6, 8, 6}, {1, 2, 3});
+    expectSame(canvas.image(), expected.image());
 }
 
 TEST(WindowRenderer, RejectsAPlaylistThatNoRasterCanHold)
