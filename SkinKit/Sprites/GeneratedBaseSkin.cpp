@@ -178,7 +178,7 @@ void drawCharacter(Canvas& canvas, const Sprite& sprite)
     if (!glyph)
         return;
 
-    // The baseline lies one pixel above the cell's bottom, which is where the glyph's height ends.
+    // The baseline is one pixel above the cell's bottom, which is where the glyph's height ends.
     for (int y = 0; y < GlyphFont::height; ++y)
         for (int x = 0; x < GlyphFont::width; ++x)
             if (glyph->isSet(x, y))
@@ -216,7 +216,7 @@ void drawBevel(Canvas& canvas, const Sprite& sprite)
               isRaised ? darkEdge : lightEdge);
 }
 
-// Largest first, so that smaller sprites lie on top of those that contain them.
+// Largest first, so that smaller sprites are on top of those that contain them.
 void drawBevels(Canvas& canvas, std::span<const Sprite> sprites)
 {
     std::vector<Sprite> ordered(sprites.begin(), sprites.end());

@@ -7,7 +7,7 @@
 #include <string_view>
 
 // Plain stand-ins for the sheets a skin lacks, drawn from the sprite table alone: bevelled buttons
-// and panels, seven-segment digits, and text in a small font of our own.
+// and panels, seven-segment digits, and text in a small built-in font.
 namespace SkinKit::GeneratedBaseSkin {
 
 // Whether there is a stand-in for this sheet: for all but the optional ones that others replace
@@ -28,7 +28,7 @@ std::optional<Image> sheet(std::string_view name);
 namespace SkinKit::GlyphFont {
 
 inline constexpr int width = 4;  // columns; a cell is one wider, for the gap
-inline constexpr int height = 5; // rows; the lowest stands on the baseline
+inline constexpr int height = 5; // rows; the lowest is on the baseline
 
 using Glyph = GlyphArt::Glyph<height>;
 

@@ -41,10 +41,10 @@ namespace SkinKit {
 std::optional<Image> textImage(const Skin& skin, std::string_view text);
 
 // Draws such a text with its top left corner at `at`: what drawing its image would, but cell by
-// cell, so that a text far longer than the clip needs no raster of its own.
+// cell, so that a text far longer than the clip needs no separate raster.
 void drawText(Canvas& canvas, const Skin& skin, std::string_view text, Point at);
 
-// Where the clock's sign stands: the extended digits have a full-sized one, the plain ones a dash.
+// Where the clock's sign is: the extended digits have a full-sized one, the plain ones a dash.
 Rect minusFrame(const Skin& skin);
 
 }

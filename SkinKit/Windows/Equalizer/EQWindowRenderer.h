@@ -12,7 +12,7 @@ namespace SkinKit {
 // Everything that shows on the equalizer window at one instant, apart from the skin itself. The
 // initial values are those of a player that has just started.
 struct EQWindowState {
-    // What can be held down beside the sliders of the bands.
+    // What can be held down besides the sliders of the bands.
     enum class Control { on, automatic, presets, shade, close, preamp };
     // The slider of one band, 0 … 9 from the left.
     struct Band {

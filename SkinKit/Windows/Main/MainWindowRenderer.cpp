@@ -159,7 +159,7 @@ void drawShadeTitleBar(const SpriteDrawer& drawer, bool focused, std::optional<T
         drawer.draw(pressedSpriteName(*pressed), Layout::rect(*pressed).origin());
 }
 
-// The layout's columns take the left half of the frame. The right half lies under the clock, and
+// The layout's columns take the left half of the frame. The right half is under the clock, and
 // the background that the larger picture has there would hide the colon, so it is cut off.
 constexpr Rect shadeVisualizer{Shade::visualizerFrame.x, Shade::visualizerFrame.y,
                                Shade::visualizerFrame.width / 2, Shade::visualizerFrame.height};

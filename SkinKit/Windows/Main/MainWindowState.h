@@ -30,7 +30,7 @@ struct MainWindowStatus {
 
     // The sprite of the play, pause or stop sign; none while loading.
     std::optional<std::string_view> indicator() const;
-    // The sprite of the small work light beside it; only while loading or playing.
+    // The sprite of the small work light next to it; only while loading or playing.
     std::optional<std::string_view> workIndicator() const;
     // The clock; blank when stopped.
     TimeDigits digits() const;

@@ -73,7 +73,7 @@ constexpr Size size(Steps steps)
     return {right(steps), bottom(steps)};
 }
 
-// The height of what lies between the title row and the bottom row.
+// The height between the title row and the bottom row.
 constexpr int middleHeight(Steps steps)
 {
     return bottom(steps) - topHeight - bottomHeight;
@@ -208,7 +208,7 @@ int overflow(int count, int visibleRows);
 int offset(double position, int count, int visibleRows);
 Rows visibleRange(double position, int count, int visibleRows);
 
-// The position of the first visible row, in hundredths of 0 … 1: where the handle stands.
+// The position of the first visible row, rounded to hundredths of 0 … 1: where the handle is.
 double handleValue(double position, int count, int visibleRows);
 
 // The position after the wheel moved the list by so many pixels.

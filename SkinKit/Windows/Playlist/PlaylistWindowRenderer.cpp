@@ -23,7 +23,7 @@ using Layout::Piece;
 using Layout::Steps;
 
 // Within a row of the list. The last row may lose as many pixels as the list's lower margin has;
-// its letters stand above them.
+// its letters are above them.
 constexpr int nameInset = 3;
 constexpr int nameToDuration = 6;
 constexpr int letterTop = 1;
@@ -68,7 +68,7 @@ int entryCount(const PlaylistWindowState& state)
     return static_cast<int>(std::min(state.entries.size(), most));
 }
 
-// Sets the dots of glyphs that lie within the raster, side by side from `left` on.
+// Sets the dots of glyphs that are inside the raster, side by side from `left` on.
 void drawGlyphs(PixelBuffer& pixels, std::span<const ListFont::Glyph> glyphs, int left, Pixel ink)
 {
     for (const auto& glyph : glyphs) {

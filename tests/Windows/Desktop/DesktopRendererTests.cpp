@@ -9,7 +9,7 @@ using support::Collage;
 using support::expectSame;
 using support::noisySkin;
 
-TEST(DesktopState, TellsOfTheSameTrackInAllWindows)
+TEST(DesktopState, ShowsTheSameTrackInAllWindows)
 {
     EXPECT_EQ(DesktopState::idle(), DesktopState{});
     const auto playing = DesktopState::webampScreenshot();
