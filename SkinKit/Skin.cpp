@@ -1,6 +1,6 @@
 #include "SkinKit/Skin.h"
 
-#include "SkinKit/Sprites/SliderFrames.h"
+#include "SkinKit/Sprites/SkinSprites.h"
 
 namespace SkinKit {
 

@@ -5,7 +5,7 @@
 #include "SkinKit/Formats/SkinRegion.h"
 #include "SkinKit/Formats/VisColorParser.h"
 #include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Sprites/SpriteFallbacks.h"
+#include "SkinKit/Sprites/SkinSprites.h"
 
 #include <map>
 #include <optional>

@@ -3,8 +3,8 @@
 // Loads a classic skin, draws its windows, and writes PNG files:
 //
 //     const auto skin = SkinParser::parse("some.wsz");
-//     const Image image = MainWindowRenderer::render(*skin, MainWindowState::idle(), 2,
-//                                                    MainWindowRenderer::Clip::toRegion);
+//     const auto state = MainWindowState::idle();
+//     const Image image = MainWindowRenderer::render(*skin, state, 2, Clip::toRegion);
 //     PNGWriter::write(image, "some.png");
 //
 // Everything is a value or a pure function; any thread may use them. What a player needs on top is
@@ -22,13 +22,9 @@
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Version.h"
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
-#include "SkinKit/Windows/Desktop/DesktopState.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
-#include "SkinKit/Windows/Equalizer/EQWindowState.h"
-#include "SkinKit/Windows/Main/MainShadeRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowState.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
-#include "SkinKit/Windows/Playlist/PlaylistWindowState.h"
 
 #endif

@@ -110,8 +110,8 @@ void provideThumbnail(const ThumbnailRequest& request, const Completion& complet
 
     const auto fit =
         ThumbnailFit::fit(request.maximumSize, request.minimumSize, request.scale, window);
-    Image image = MainWindowRenderer::render(*skin, MainWindowState::idle(), fit.renderScale,
-                                             MainWindowRenderer::Clip::none);
+    Image image =
+        MainWindowRenderer::render(*skin, MainWindowState::idle(), fit.renderScale, Clip::none);
     const auto drawIt = [image = std::move(image), fit](const DrawingContext& context) {
         return draw(context, image, fit);
     };

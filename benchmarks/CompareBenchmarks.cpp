@@ -30,8 +30,8 @@ Image withDifferences(const Image& image)
 void registerCompare(const SkinFile& skin)
 {
     const auto parsed = SkinParser::parse(skin.path);
-    const Image image = MainWindowRenderer::render(*parsed, MainWindowState::webampScreenshot(), 4,
-                                                   MainWindowRenderer::Clip::none);
+    const Image image =
+        MainWindowRenderer::render(*parsed, MainWindowState::webampScreenshot(), 4, Clip::none);
     const auto pixelCount = static_cast<double>(image.width()) * image.height();
     benchmark::RegisterBenchmark(
         caseName("compare", skin.name, "ours").c_str(),

@@ -48,7 +48,7 @@ void registerPNG(const SkinFile& skin)
     for (const int scale : {1, 4}) {
         const std::string what = "encode " + std::to_string(scale) + "x";
         const Image image = MainWindowRenderer::render(*parsed, MainWindowState::webampScreenshot(),
-                                                       scale, MainWindowRenderer::Clip::none);
+                                                       scale, Clip::none);
         benchmark::RegisterBenchmark(caseName(what, skin.name, "ours").c_str(),
                                      [image](benchmark::State& state) {
                                          std::size_t size = 0;

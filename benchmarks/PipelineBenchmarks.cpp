@@ -20,7 +20,7 @@ void registerPipeline(const SkinFile& skin)
     };
     const auto render = [](const Skin& parsed) {
         return MainWindowRenderer::render(parsed, MainWindowState::webampScreenshot(), 1,
-                                          MainWindowRenderer::Clip::toRegion);
+                                          Clip::toRegion);
     };
     const auto archive = SkinArchive::open(skin.path);
     const auto parsed = SkinParser::parse(*archive);

@@ -35,13 +35,14 @@ void registerPlaylist(const SkinFile& skin)
     for (const int scale : {1, 2}) {
         const std::string what = "playlist " + std::to_string(scale) + "x";
         const auto window = largeList();
-        const Size size = *PlaylistWindowRenderer::size(window.steps, scale);
+        const Size size = *PlaylistWindowRenderer::size(window, scale);
         benchmark::RegisterBenchmark(caseName(what, skin.name, "ours").c_str(),
                                      [parsed, window, size, scale](benchmark::State& state) {
                                          Canvas canvas(size);
                                          for (auto _ : state) {
                                              PlaylistWindowRenderer::draw(canvas, {0, 0}, *parsed,
-                                                                          window, scale);
+                                                                          window, scale,
+                                                                          Clip::none);
                                              benchmark::ClobberMemory();
                                          }
                                      });

@@ -19,17 +19,16 @@ void registerRender(const SkinFile& skin)
         const std::string what = "render " + std::to_string(scale) + "x";
         benchmark::RegisterBenchmark(
             caseName(what, skin.name, "ours").c_str(), [parsed, scale](benchmark::State& state) {
-                Canvas canvas(*MainWindowRenderer::size(scale));
+                Canvas canvas(*MainWindowRenderer::size({}, scale));
                 const auto window = MainWindowState::webampScreenshot();
                 for (auto _ : state) {
-                    MainWindowRenderer::draw(canvas, {0, 0}, *parsed, window, scale,
-                                             MainWindowRenderer::Clip::none);
+                    MainWindowRenderer::draw(canvas, {0, 0}, *parsed, window, scale, Clip::none);
                     benchmark::ClobberMemory();
                 }
             });
         benchmark::RegisterBenchmark(
             caseName(what, skin.name, "memset").c_str(), [scale](benchmark::State& state) {
-                const Size size = *MainWindowRenderer::size(scale);
+                const Size size = *MainWindowRenderer::size({}, scale);
                 std::vector<Pixel> pixels(static_cast<std::size_t>(size.width) *
                                           static_cast<std::size_t>(size.height));
                 for (auto _ : state) {

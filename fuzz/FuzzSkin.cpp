@@ -4,7 +4,6 @@
 #include "SkinKit/Tooling/RequiredSprites.h"
 #include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
-#include "SkinKit/Windows/Main/MainShadeRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
@@ -90,29 +89,28 @@ void requireSound(const Skin& skin)
 
 Image mainWindow(const Skin& skin)
 {
-    return MainWindowRenderer::render(skin, MainWindowState::webampScreenshot(), 2,
-                                      MainWindowRenderer::Clip::toRegion);
+    return MainWindowRenderer::render(skin, MainWindowState::webampScreenshot(), 2, Clip::toRegion);
 }
 
-// The other windows, which are as large as they say.
-void renderOthers(const Skin& skin)
+// Every window, which is as large as it says.
+template <class Renderer>
+void render(const Skin& skin, typename Renderer::State state)
 {
     for (const bool isShaded : {false, true}) {
-        const EQWindowState state{.shaded = isShaded};
-        const auto image =
-            EQWindowRenderer::render(skin, state, 1, EQWindowRenderer::Clip::toRegion);
-        fuzzing::require(image.size() == EQWindowRenderer::size(state, 1));
+        state.shaded = isShaded;
+        const auto image = Renderer::render(skin, state, 1, Clip::toRegion);
+        fuzzing::require(image.size() == Renderer::size(state, 1));
     }
-    const PlaylistWindowState state{
-        .entries = {{.name = "A – Ω"}, {.name = "b", .duration = 61}}
-    };
-    fuzzing::require(PlaylistWindowRenderer::render(skin, state, 1).size() ==
-                     PlaylistWindowRenderer::size(state.steps, 1));
-    fuzzing::require(PlaylistWindowRenderer::renderShade(skin, state, 1).size() ==
-                     PlaylistWindowRenderer::shadeSize(state.steps, 1));
-    fuzzing::require(MainShadeRenderer::render(skin, MainWindowState::idle(), 1,
-                                               MainShadeRenderer::Clip::toRegion)
-                         .size() == MainShadeRenderer::size(1));
+}
+
+void renderAll(const Skin& skin)
+{
+    render<MainWindowRenderer>(skin, {});
+    render<EQWindowRenderer>(skin, {});
+    render<PlaylistWindowRenderer>(
+        skin, {
+                  .entries = {{.name = "A – Ω"}, {.name = "b", .duration = 61}}
+    });
 }
 
 // The picture that the desktop shows of it.
@@ -166,7 +164,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     fuzzing::require(again == skin);
     const Image image = mainWindow(*skin);
     fuzzing::require(image.size() == Size{550, 232} && image == mainWindow(*again));
-    renderOthers(*skin);
+    renderAll(*skin);
     drawThumbnail(*archive);
     return 0;
 }

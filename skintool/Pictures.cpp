@@ -19,9 +19,9 @@ ExitStatus sayScaleIsTooLarge(std::int64_t scale)
     return trouble;
 }
 
-WindowDrawing::Clip clip(bool noRegion)
+Clip clip(bool noRegion)
 {
-    return noRegion ? WindowDrawing::Clip::none : WindowDrawing::Clip::toRegion;
+    return noRegion ? Clip::none : Clip::toRegion;
 }
 
 ExitStatus write(const Image& image, const std::filesystem::path& path)

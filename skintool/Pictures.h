@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Windows/WindowDrawing.h"
+#include "SkinKit/Windows/WindowRenderer.h"
 #include "skintool/Console.h"
 
 #include <cstdint>
@@ -18,7 +18,7 @@ bool canWrite(std::optional<SkinKit::Size> size);
 // That no picture can have this scale. The status to end with.
 ExitStatus sayScaleIsTooLarge(std::int64_t scale);
 
-SkinKit::WindowDrawing::Clip clip(bool noRegion);
+SkinKit::Clip clip(bool noRegion);
 
 // Writes a PNG file, or says why it can't be.
 ExitStatus write(const SkinKit::Image& image, const std::filesystem::path& path);

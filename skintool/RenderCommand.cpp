@@ -148,7 +148,7 @@ Exit status: 0 done; 1 the pictures differ; 2 trouble.)";
 
 ExitStatus run(const SkintoolOptions& options)
 {
-    if (options.png && !Pictures::canWrite(MainWindowRenderer::size(options.scale)))
+    if (options.png && !Pictures::canWrite(MainWindowRenderer::size({}, options.scale)))
         return Pictures::sayScaleIsTooLarge(options.scale);
     const auto loaded = loadOrSayWhyNot(options.input, SkinParser::Sheets::croppedToSprites);
     if (!loaded)

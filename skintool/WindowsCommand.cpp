@@ -3,7 +3,6 @@
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
-#include "SkinKit/Windows/Main/MainShadeRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "skintool/Loading.h"
@@ -24,7 +23,7 @@ struct Scene {
     const Skin& skin;
     DesktopState state;
     int scale;
-    WindowDrawing::Clip clip;
+    Clip clip;
 };
 
 Image main(const Scene& scene)
@@ -32,31 +31,15 @@ Image main(const Scene& scene)
     return MainWindowRenderer::render(scene.skin, scene.state.main, scene.scale, scene.clip);
 }
 
-Image mainShade(const Scene& scene)
-{
-    return MainShadeRenderer::render(scene.skin, scene.state.main, scene.scale, scene.clip);
-}
-
 Image equalizer(const Scene& scene)
 {
     return EQWindowRenderer::render(scene.skin, scene.state.equalizer, scene.scale, scene.clip);
 }
 
-Image equalizerShade(const Scene& scene)
-{
-    auto state = scene.state.equalizer;
-    state.shaded = true;
-    return EQWindowRenderer::render(scene.skin, state, scene.scale, scene.clip);
-}
-
 Image playlist(const Scene& scene)
 {
-    return PlaylistWindowRenderer::render(scene.skin, scene.state.playlist, scene.scale);
-}
-
-Image playlistShade(const Scene& scene)
-{
-    return PlaylistWindowRenderer::renderShade(scene.skin, scene.state.playlist, scene.scale);
+    return PlaylistWindowRenderer::render(scene.skin, scene.state.playlist, scene.scale,
+                                          scene.clip);
 }
 
 Image all(const Scene& scene)
@@ -66,17 +49,18 @@ Image all(const Scene& scene)
 
 struct Picture {
     const char* file;
+    bool shaded;
     Image (*render)(const Scene&);
 };
 // clang-format off
 constexpr Picture pictures[] = {
-    {"main.png",            main},
-    {"equalizer.png",       equalizer},
-    {"playlist.png",        playlist},
-    {"main-shade.png",      mainShade},
-    {"equalizer-shade.png", equalizerShade},
-    {"playlist-shade.png",  playlistShade},
-    {"all.png",             all},
+    {"main.png",            false, main},
+    {"equalizer.png",       false, equalizer},
+    {"playlist.png",        false, playlist},
+    {"main-shade.png",      true,  main},
+    {"equalizer-shade.png", true,  equalizer},
+    {"playlist-shade.png",  true,  playlist},
+    {"all.png",             false, all},
 };
 // clang-format on
 
@@ -88,7 +72,7 @@ std::vector<std::filesystem::path> paths(const std::filesystem::path& folder)
     return paths;
 }
 
-ExitStatus write(const Scene& scene, const std::string& out)
+ExitStatus write(Scene scene, const std::string& out)
 {
     std::error_code error;
     std::filesystem::create_directories(out, error);
@@ -97,6 +81,9 @@ ExitStatus write(const Scene& scene, const std::string& out)
         return trouble;
     }
     for (const Picture& picture : pictures) {
+        scene.state.main.shaded = picture.shaded;
+        scene.state.equalizer.shaded = picture.shaded;
+        scene.state.playlist.shaded = picture.shaded;
         const auto path = std::filesystem::path(out) / picture.file;
         if (const auto status = Pictures::write(picture.render(scene), path); status != done)
             return status;

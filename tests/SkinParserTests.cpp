@@ -229,8 +229,8 @@ TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
         EXPECT_EQ(whole->image(placed.sprite.name), cut->image(placed.sprite.name))
             << placed.sprite.name;
     for (const auto& state : {MainWindowState::idle(), MainWindowState::webampScreenshot()})
-        EXPECT_EQ(MainWindowRenderer::render(*whole, state, 1, MainWindowRenderer::Clip::none),
-                  MainWindowRenderer::render(*cut, state, 1, MainWindowRenderer::Clip::none));
+        EXPECT_EQ(MainWindowRenderer::render(*whole, state, 1, Clip::none),
+                  MainWindowRenderer::render(*cut, state, 1, Clip::none));
 }
 
 // What a damaged picture claims is not taken from the others' share.

@@ -60,10 +60,9 @@ Drawing drawing(const Skin& skin)
 {
     constexpr int scale = 2;
     Image clipped = MainWindowRenderer::render(skin, MainWindowState::webampScreenshot(), scale,
-                                               MainWindowRenderer::Clip::toRegion);
+                                               Clip::toRegion);
     auto file = PNGWriter::data(clipped);
-    return {DesktopRenderer::render(skin, DesktopState::webampScreenshot(), 1,
-                                    DesktopRenderer::Clip::toRegion),
+    return {DesktopRenderer::render(skin, DesktopState::webampScreenshot(), 1, Clip::toRegion),
             std::move(clipped), std::move(file)};
 }
 

@@ -34,6 +34,14 @@ constexpr double clamped(double value, double max)
     return 0;
 }
 
+// The nearest value within least … most.
+constexpr int clamped(int value, int least, int most)
+{
+    if (value < least)
+        return least;
+    return value > most ? most : value;
+}
+
 // Where what begins at `begin` ends, held at the ends of the type.
 constexpr int endOf(int begin, int length)
 {

@@ -128,8 +128,8 @@ SkinPreviewPage::tryMake(const std::filesystem::path& path, const SkinArchive::L
     if (!skin)
         return std::unexpected(skin.error().description());
 
-    auto picture = PNGWriter::data(MainWindowRenderer::render(
-        *skin, MainWindowState::idle(), imageScale, MainWindowRenderer::Clip::none));
+    auto picture = PNGWriter::data(
+        MainWindowRenderer::render(*skin, MainWindowState::idle(), imageScale, Clip::none));
     if (!picture)
         return std::unexpected("Could not render the skin");
 

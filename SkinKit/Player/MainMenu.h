@@ -112,7 +112,7 @@ struct MainMenuItem {
 
 // A line of a menu.
 struct MainMenuEntry {
-    // A menu of its own behind a title.
+    // A submenu with its title.
     struct Submenu {
         std::string title;
         std::vector<MainMenuEntry> entries;
@@ -131,7 +131,7 @@ struct MainMenuEntry {
 
 namespace MainMenu {
 
-// The whole menu, to be built anew whenever the state changes.
+// The whole menu, to be built again whenever the state changes.
 std::vector<MainMenuEntry> entries(const MainMenuState& state);
 
 }

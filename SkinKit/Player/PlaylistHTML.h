@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-// A playlist as a web page of its own, in the classic player's dark blue: how many tracks, how long
+// A playlist as a separate web page, in the classic player's dark blue: how many tracks, how long
 // they are on average and together, and their list.
 namespace SkinKit::PlaylistHTML {
 

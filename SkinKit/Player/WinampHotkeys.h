@@ -35,7 +35,7 @@ namespace WinampHotkeys {
 inline constexpr double seekStep = 5.0;    // seconds
 inline constexpr float volumeStep = 0.01F; // of 0 … 1
 
-// The arrow keys have no characters of their own; these stand for them.
+// The arrow keys have no characters; these represent them.
 inline constexpr const char* upArrow = "\uF700";
 inline constexpr const char* downArrow = "\uF701";
 inline constexpr const char* leftArrow = "\uF702";

@@ -2,13 +2,102 @@
 
 #include "SkinKit/Base/Numbers.h"
 #include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Sprites/GlyphFont.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 
 #include <algorithm>
 #include <array>
 #include <mutex>
+#include <string_view>
 #include <vector>
+
+namespace SkinKit::GlyphFont {
+namespace {
+
+// clang-format off
+constexpr GlyphArt::Block<height> blocks[] = {
+    {U"ABCDEFGH",
+     {".##. ###. .### ###. #### #### .### #..#",
+      "#..# #..# #... #..# #... #... #... #..#",
+      "#### ###. #... #..# ###. ###. #.## ####",
+      "#..# #..# #... #..# #... #... #..# #..#",
+      "#..# ###. .### ###. #### #... .### #..#"}},
+    {U"IJKLMNOP",
+     {".### ..## #..# #... #..# #..# .##. ###.",
+      "..#. ...# #.#. #... #### ##.# #..# #..#",
+      "..#. ...# ##.. #... #### #.## #..# ###.",
+      "..#. #..# #.#. #... #..# #..# #..# #...",
+      ".### .##. #..# #### #..# #..# .##. #..."}},
+    {U"QRSTUVWX",
+     {".##. ###. .### .### #..# #..# #..# #..#",
+      "#..# #..# #... ..#. #..# #..# #..# #..#",
+      "#..# ###. .##. ..#. #..# #..# #### .##.",
+      "#.#. #.#. ...# ..#. #..# .##. #### #..#",
+      ".#.# #..# ###. ..#. .##. .##. #..# #..#"}},
+    {U"YZ012345",
+     {"#..# #### .##. ..#. ###. ###. #..# ####",
+      "#..# ...# #..# .##. ...# ...# #..# #...",
+      ".### .##. #..# ..#. .##. .##. #### ###.",
+      "...# #... #..# ..#. #... ...# ...# ...#",
+      ".##. #### .##. .### #### ###. ...# ###."}},
+    {U"6789\"@….",
+     {".### #### .##. .##. #.#. .##. .... ....",
+      "#... ...# #..# #..# #.#. #.## .... ....",
+      "###. ..#. .##. .### .... #.## .... ....",
+      "#..# .#.. #..# ...# .... #... .... ....",
+      ".##. .#.. .##. ###. .... .##. #.#. .#.."}},
+    {U":()-'!_+",
+     {".... ..#. .#.. .... .#.. .#.. .... ....",
+      ".#.. .#.. ..#. .... .#.. .#.. .... .#..",
+      ".... .#.. ..#. .##. .... .#.. .... ###.",
+      ".#.. .#.. ..#. .... .... .... .... .#..",
+      ".... ..#. .#.. .... .... .#.. #### ...."}},
+    {U"\\/[]^&%,",
+     {"#... ..#. .##. .##. .#.. .#.. #..# ....",
+      "#... ..#. .#.. ..#. #.#. #.#. ...# ....",
+      ".#.. .#.. .#.. ..#. .... .#.. .##. ....",
+      "..#. #... .#.. ..#. .... #.#. #... .#..",
+      "..#. #... .##. .##. .... .#.# #..# #..."}},
+    {U"=$#ÅÖÄ?*",
+     {".... .### #.#. .#.. #..# #..# .##. ....",
+      "###. ##.. ###. .##. .##. .##. #..# #.#.",
+      ".... .##. #.#. #..# #..# #..# ..#. .#..",
+      "###. ..## ###. #### #..# #### .... #.#.",
+      ".... ###. #.#. #..# .##. #..# ..#. ...."}},
+};
+// clang-format on
+
+constexpr std::size_t pitch = width + 1;
+
+static_assert(std::ranges::all_of(blocks, [](const auto& block) {
+    return GlyphArt::isWellDrawn(block) &&
+           block.rows[0].size() + 1 == block.characters.size() * pitch;
+}));
+
+// Characters that share a cell of the text sheet share a glyph.
+char32_t withSameGlyph(char32_t character)
+{
+    switch (character) {
+    case U'<':
+    case U'{': return U'[';
+    case U'>':
+    case U'}': return U']';
+    default: return character;
+    }
+}
+
+}
+
+std::optional<Glyph> glyph(char32_t character)
+{
+    for (const auto& block : blocks) {
+        const auto place = block.characters.find(withSameGlyph(character));
+        if (place != block.characters.npos)
+            return GlyphArt::read(block, place * pitch);
+    }
+    return std::nullopt;
+}
+
+}
 
 namespace SkinKit::GeneratedBaseSkin {
 namespace {
@@ -89,7 +178,7 @@ void drawCharacter(Canvas& canvas, const Sprite& sprite)
     if (!glyph)
         return;
 
-    // The baseline lies one pixel above the cell's bottom, which is where the glyph's height ends.
+    // The baseline is one pixel above the cell's bottom, which is where the glyph's height ends.
     for (int y = 0; y < GlyphFont::height; ++y)
         for (int x = 0; x < GlyphFont::width; ++x)
             if (glyph->isSet(x, y))
@@ -127,7 +216,7 @@ void drawBevel(Canvas& canvas, const Sprite& sprite)
               isRaised ? darkEdge : lightEdge);
 }
 
-// Largest first, so that smaller sprites lie on top of those that contain them.
+// Largest first, so that smaller sprites are on top of those that contain them.
 void drawBevels(Canvas& canvas, std::span<const Sprite> sprites)
 {
     std::vector<Sprite> ordered(sprites.begin(), sprites.end());

@@ -29,7 +29,7 @@ struct Block {
     std::array<std::string_view, height> rows; // a glyph for each character, a blank between two
 };
 
-// Whether the blanks stand in the same columns of every row, one fewer than there are glyphs.
+// Whether the blanks are in the same columns of every row, one fewer than there are glyphs.
 template <std::size_t height>
 constexpr bool isWellDrawn(const Block<height>& block)
 {

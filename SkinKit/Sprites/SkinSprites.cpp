@@ -493,3 +493,46 @@ bool isOptionalSheet(std::string_view sheet)
 }
 
 }
+
+namespace SkinKit::SpriteFallbacks {
+namespace {
+
+std::optional<Resolved> own(std::string_view name)
+{
+    const auto placed = SkinSprites::byName(name);
+    return placed ? std::optional(Resolved{placed->sheet, placed->sprite.rect()}) : std::nullopt;
+}
+
+// Null for what is no digit.
+const SkinSprites::NumberPair* numberPair(std::string_view name)
+{
+    const auto found =
+        std::ranges::find(SkinSprites::numberPairs(), name, &SkinSprites::NumberPair::plain);
+    return found == SkinSprites::numberPairs().end() ? nullptr : &*found;
+}
+
+}
+
+std::optional<Resolved> preferred(std::string_view name)
+{
+    const auto* const pair = numberPair(name);
+    return own(pair ? pair->ext : name);
+}
+
+std::optional<Resolved> substitute(std::string_view name)
+{
+    if (const auto* const pair = numberPair(name))
+        return own(pair->plain);
+    const auto fallback =
+        std::ranges::find(SkinSprites::fallbacks(), name, &SkinSprites::Fallback::name);
+    if (fallback == SkinSprites::fallbacks().end())
+        return std::nullopt;
+    auto place = own(fallback->substitute);
+    if (const auto wanted = own(name); place && wanted) {
+        place->rect.width = std::min(place->rect.width, wanted->rect.width);
+        place->rect.height = std::min(place->rect.height, wanted->rect.height);
+    }
+    return place;
+}
+
+}

@@ -239,7 +239,7 @@ Glyph glyph(char32_t character)
         character = withSameGlyph(character);
     if (character >= firstCharacter && character < endOfASCII)
         return table[character - firstCharacter];
-    // Behind ASCII stand the no-break space, the ellipsis and the box.
+    // After ASCII come the no-break space, the ellipsis and the box.
     if (character == noBreakSpace)
         return table[glyphCount - 3];
     return character == ellipsis ? table[glyphCount - 2] : table[glyphCount - 1];

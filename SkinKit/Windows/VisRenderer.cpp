@@ -40,7 +40,7 @@ int traceColor(int place)
     return traceColors[std::clamp(place, 0, 15) / 2];
 }
 
-// Where a sample lies in a picture of 16 rows, before clamping.
+// Where a sample is in an image of 16 rows, before clamping.
 int tracePlace(float sample)
 {
     constexpr int centre = 7;

@@ -46,18 +46,16 @@ std::optional<Size> size(Size window, std::int64_t scale)
 Canvas makeCanvas(Size window, int scale)
 {
     const auto deviceSize = size(window, scale);
-    check(deviceSize.has_value(), "a scale whose raster cannot exist");
+    check(deviceSize.has_value(), "a window whose raster cannot exist");
     return Canvas(*deviceSize);
 }
 
-Placement::Placement(Canvas& canvas, Point at, Size size, int scale,
-                     const SkinRegion::Polygons* outline, Clip clip)
-    : saved_(canvas)
+void enter(Canvas& canvas, Point at, Size window, const SkinRegion::Polygons* outline)
 {
+    check(size(window, 1).has_value(), "a window whose raster cannot exist");
     canvas.translate(at);
-    canvas.scale(effectiveScale(scale));
-    canvas.clip(Rect{0, 0, size.width, size.height});
-    if (outline && clip == Clip::toRegion)
+    canvas.clip(Rect{0, 0, window.width, window.height});
+    if (outline)
         canvas.clip(SkinRegion::path(*outline, 1));
 }
 

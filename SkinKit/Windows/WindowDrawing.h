@@ -1,13 +1,11 @@
 #pragma once
 
-#include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Skin.h"
+#include "SkinKit/Windows/WindowRenderer.h"
 
-#include <cstdint>
-#include <optional>
 #include <string_view>
+#include <utility>
 
+// For the sources that define a window.
 namespace SkinKit {
 
 // Draws a skin's sprites onto a canvas, in window pixels.
@@ -16,7 +14,7 @@ struct SpriteDrawer {
     const Skin& skin;
 
     // The sprite at its own size with its top left corner at `at`. Draws nothing where the skin has
-    // none of it, and no more than the sheet has. Tells whether there was anything to draw.
+    // none of it, and no more than the sheet has. Returns whether there was anything to draw.
     bool draw(std::string_view name, Point at) const;
     // The same with pixels that were looked up already, or were not found.
     bool draw(const std::optional<Image>& image, Point at) const;
@@ -24,39 +22,59 @@ struct SpriteDrawer {
     bool drawClipped(std::string_view name, const Rect& area) const;
 };
 
-// What the renderers of all windows do alike. A window has a size in window pixels and is drawn
-// `scale` times as large, each pixel replicated; a scale below 1 counts as 1.
 namespace WindowDrawing {
-
-// What of a window is drawn.
-enum class Clip {
-    none,
-    toRegion, // to the polygons that the skin has for the window; without them nothing is clipped
-};
 
 // The scale that counts: 1 at the least.
 int effectiveScale(int scale);
 
-// The pixels of a window at this scale, or nothing when no raster can hold it.
+// A window's size at this scale, or nothing when no raster can hold it.
 std::optional<Size> size(Size window, std::int64_t scale);
 
 // A transparent canvas for a window at this scale, itself still at scale 1. A window that no raster
 // can hold is a programming error.
 Canvas makeCanvas(Size window, int scale);
 
-// Makes a canvas's pixels those of a window of `size` for the rest of a block: its top left corner
-// at `at` in the canvas's current pixels, `scale` times as large as they are. Nothing is drawn
-// outside the window, nor outside `outline` if there is one and `clip` says so. Afterwards the
-// canvas's state is as before.
-class Placement {
-public:
-    Placement(Canvas& canvas, Point at, Size size, int scale, const SkinRegion::Polygons* outline,
-              Clip clip);
+// Moves the canvas's origin to a window's top left corner and clips to the window, and to its
+// outline if there is one. A window that no raster can hold is a programming error.
+void enter(Canvas& canvas, Point at, Size window, const SkinRegion::Polygons* outline);
 
-private:
-    SavedCanvasState saved_;
-};
+// Paints a window with its top left corner at `at`, both in the drawer's pixels.
+template <WindowKind Window>
+void paint(const SpriteDrawer& drawer, Point at, const typename Window::State& state, int scale,
+           Clip clip)
+{
+    const SavedCanvasState saved(drawer.context);
+    enter(drawer.context, at, Window::size(state),
+          clip == Clip::toRegion ? Window::outline(drawer.skin.region, state) : nullptr);
+    Window::paint(drawer, state, scale, clip);
+}
 
+}
+
+// Instantiated once for each window, in the source that defines it.
+template <WindowKind Window>
+std::optional<Size> WindowRenderer<Window>::size(const State& state, std::int64_t scale)
+{
+    return WindowDrawing::size(Window::size(state), scale);
+}
+
+template <WindowKind Window>
+Image WindowRenderer<Window>::render(const Skin& skin, const State& state, int scale, Clip clip)
+{
+    Canvas canvas = WindowDrawing::makeCanvas(Window::size(state), scale);
+    draw(canvas, {0, 0}, skin, state, scale, clip);
+    return std::move(canvas).image();
+}
+
+template <WindowKind Window>
+void WindowRenderer<Window>::draw(Canvas& canvas, Point at, const Skin& skin, const State& state,
+                                  int scale, Clip clip)
+{
+    const SavedCanvasState saved(canvas);
+    canvas.translate(at);
+    canvas.scale(WindowDrawing::effectiveScale(scale));
+    WindowDrawing::paint<Window>({canvas, skin}, {0, 0}, state,
+                                 WindowDrawing::effectiveScale(scale), clip);
 }
 
 }

@@ -50,8 +50,8 @@ int main(int argc, char** argv)
     for (const std::string& note : skin->fallbacks)
         std::cout << "fallback: " << note << '\n';
 
-    const SkinKit::Image window = SkinKit::MainWindowRenderer::render(
-        *skin, playingState(), 2, SkinKit::MainWindowRenderer::Clip::toRegion);
+    const SkinKit::Image window =
+        SkinKit::MainWindowRenderer::render(*skin, playingState(), 2, SkinKit::Clip::toRegion);
     if (const auto error = SkinKit::PNGWriter::write(window, argv[2])) {
         std::cerr << argv[2] << ": " << error.message() << '\n';
         return 2;

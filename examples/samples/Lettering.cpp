@@ -1,6 +1,6 @@
 #include "examples/samples/Lettering.h"
 
-#include "SkinKit/Sprites/GlyphFont.h"
+#include "SkinKit/Sprites/GeneratedBaseSkin.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,5 @@
 #include "SkinKit/Base/Numbers.h"
 #include "SkinKit/Sprites/SkinSprites.h"
-#include "SkinKit/Windows/Main/MainShadeLayout.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
 #include "examples/samples/Sheets.h"

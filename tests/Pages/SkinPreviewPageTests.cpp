@@ -75,8 +75,7 @@ TEST(SkinPreviewPage, ShowsNamePictureWarningsAndReadme)
     ASSERT_EQ(page.attachments.size(), 1U);
     EXPECT_EQ(
         PNGCodec::decode(page.attachments.at("main"), {.maxSide = 1100, .maxPixels = 510'400}),
-        MainWindowRenderer::render(*builder.parse(), MainWindowState::idle(), 4,
-                                   MainWindowRenderer::Clip::none));
+        MainWindowRenderer::render(*builder.parse(), MainWindowState::idle(), 4, Clip::none));
 }
 
 TEST(SkinPreviewPage, IsNamedAfterTheFileOrFolderWithoutItsExtension)

@@ -1,5 +1,4 @@
 #include "SkinKit/Sprites/SkinSprites.h"
-#include "SkinKit/Sprites/SpriteFallbacks.h"
 
 #include <gtest/gtest.h>
 

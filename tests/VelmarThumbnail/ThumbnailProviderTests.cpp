@@ -21,8 +21,7 @@ const SkinBuilder builder = SkinBuilder().allSheets();
 
 Image window(int scale)
 {
-    return MainWindowRenderer::render(*builder.parse(), MainWindowState::idle(), scale,
-                                      MainWindowRenderer::Clip::none);
+    return MainWindowRenderer::render(*builder.parse(), MainWindowState::idle(), scale, Clip::none);
 }
 
 struct Answer {

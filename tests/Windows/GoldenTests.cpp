@@ -1,11 +1,11 @@
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/Windows/Main/MainWindowRenderer.h"
-#include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
+#include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 #include "tests/support/Golden.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 using namespace SkinKit;
@@ -35,16 +35,37 @@ MainWindowState countingDown()
     return state;
 }
 
+MainWindowState shaded()
+{
+    auto state = MainWindowState::webampScreenshot();
+    state.shaded = true;
+    state.status.timeMode = TimeMode::remaining;
+    state.status.duration = 1234;
+    MainWindowState::Spectrum spectrum;
+    for (int x = 0; x < 75; ++x) {
+        spectrum.heights.push_back(x / 4 * 7 % 11);
+        spectrum.peaks.push_back(x / 4 * 7 % 11 + 1);
+    }
+    state.visualizer = spectrum;
+    return state;
 }
 
-// Our own skins as they look in the window: what no rule alone would catch.
-TEST(Golden, SampleSkinsLookAsTheyDid)
+Skin sample(const std::string& name)
 {
-    using MainWindowRenderer::Clip;
+    return SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "examples/skins" /
+                             (name + ".wsz"))
+        .value();
+}
+
+}
+
+// Our own skins as they look in the windows: what no rule alone would catch.
+TEST(Golden, MainWindowsLookAsTheyDid)
+{
     const auto playing = MainWindowState::webampScreenshot();
     struct Row {
         std::string_view golden;
-        std::string_view skin;
+        std::string skin;
         MainWindowState state;
         int scale;
         Clip clip;
@@ -56,19 +77,35 @@ TEST(Golden, SampleSkinsLookAsTheyDid)
         {"arcade-idle",          "arcade",   MainWindowState::idle(), 1, Clip::none    },
         {"lagoon-clipped-2x",    "lagoon",   playing,                 2, Clip::toRegion},
         {"lagoon-counting-down", "lagoon",   countingDown(),          1, Clip::toRegion},
+        {"lagoon-shaded-2x",     "lagoon",   shaded(),                2, Clip::toRegion},
     };
-    for (const auto& row : rows) {
-        const auto skin = SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) /
-                                            "examples/skins" / (std::string(row.skin) + ".wsz"));
-        ASSERT_TRUE(skin) << row.skin;
-        support::expectGolden(MainWindowRenderer::render(*skin, row.state, row.scale, row.clip),
-                              row.golden);
-    }
+    for (const auto& row : rows)
+        support::expectGolden(
+            MainWindowRenderer::render(sample(row.skin), row.state, row.scale, row.clip),
+            row.golden);
 }
 
-TEST(Golden, SamplePlaylistsLookAsTheyDid)
+TEST(Golden, EqualizersLookAsTheyDid)
 {
-    const PlaylistWindowState state{
+    EQWindowState state{
+        .pressed = EQWindowState::Band{5},
+        .automatic = true,
+        .preamp = 60,
+        .bands = {100, 80, 65, 50, 30, 0, 20, 50, 90, 100},
+        .volume = 0.5F,
+        .balance = -1
+    };
+    const Skin skin = sample("lagoon");
+    support::expectGolden(EQWindowRenderer::render(skin, state, 1, Clip::toRegion),
+                          "lagoon-equalizer");
+    state.shaded = true;
+    support::expectGolden(EQWindowRenderer::render(skin, state, 1, Clip::toRegion),
+                          "lagoon-equalizer-shaded");
+}
+
+TEST(Golden, PlaylistsLookAsTheyDid)
+{
+    PlaylistWindowState state{
         .entries = {{"DJ Nico Parda - Parda Rattling Intro", 5.0},
                     {"Sj\u00F8h\u00E6sten - St\u00F6rst (Live @ Troms\u00F8)", 254.0, true},
                     {"A Name \u2013 With a \u201CTitle\u201D That Is Longer Than Its Row", 3725.0},
@@ -81,10 +118,10 @@ TEST(Golden, SamplePlaylistsLookAsTheyDid)
         .status = {.transport = Transport::playing, .elapsed = 83, .duration = 3725},
         .openMenu = PlaylistLayout::Menu::list,
     };
-    const auto skin = SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) /
-                                        "examples/skins/lagoon.wsz");
-    ASSERT_TRUE(skin);
-    support::expectGolden(PlaylistWindowRenderer::render(*skin, state, 1), "lagoon-playlist");
-    support::expectGolden(PlaylistWindowRenderer::renderShade(*skin, state, 1),
+    const Skin skin = sample("lagoon");
+    support::expectGolden(PlaylistWindowRenderer::render(skin, state, 1, Clip::none),
+                          "lagoon-playlist");
+    state.shaded = true;
+    support::expectGolden(PlaylistWindowRenderer::render(skin, state, 1, Clip::none),
                           "lagoon-playlist-shaded");
 }

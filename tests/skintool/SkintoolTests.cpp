@@ -4,7 +4,6 @@
 #include "SkinKit/Version.h"
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
-#include "SkinKit/Windows/Main/MainShadeRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "tests/support/Program.h"
@@ -20,7 +19,6 @@ using namespace SkinKit;
 using support::bytes;
 using support::Outcome;
 using support::SkinBuilder;
-using Clip = WindowDrawing::Clip;
 using Words = std::vector<std::string>;
 
 namespace {
@@ -79,16 +77,16 @@ SkinBuilder cutSkin()
 std::map<std::string, Image> windowsOf(const Skin& skin, const DesktopState& state, int scale,
                                        Clip clip)
 {
-    auto shadedEqualizer = state.equalizer;
-    shadedEqualizer.shaded = true;
+    auto shaded = state;
+    shaded.main.shaded = shaded.equalizer.shaded = shaded.playlist.shaded = true;
     return {
-        {"main.png", MainWindowRenderer::render(skin, state.main, scale, clip)},
-        {"main-shade.png", MainShadeRenderer::render(skin, state.main, scale, clip)},
-        {"equalizer.png", EQWindowRenderer::render(skin, state.equalizer, scale, clip)},
-        {"equalizer-shade.png", EQWindowRenderer::render(skin, shadedEqualizer, scale, clip)},
-        {"playlist.png", PlaylistWindowRenderer::render(skin, state.playlist, scale)},
-        {"playlist-shade.png", PlaylistWindowRenderer::renderShade(skin, state.playlist, scale)},
-        {"all.png", DesktopRenderer::render(skin, state, scale, clip)},
+        {"main.png",            MainWindowRenderer::render(skin,     state.main,       scale, clip)},
+        {"main-shade.png",      MainWindowRenderer::render(skin,     shaded.main,      scale, clip)},
+        {"equalizer.png",       EQWindowRenderer::render(skin,       state.equalizer,  scale, clip)},
+        {"equalizer-shade.png", EQWindowRenderer::render(skin,       shaded.equalizer, scale, clip)},
+        {"playlist.png",        PlaylistWindowRenderer::render(skin, state.playlist,   scale, clip)},
+        {"playlist-shade.png",  PlaylistWindowRenderer::render(skin, shaded.playlist,  scale, clip)},
+        {"all.png",             DesktopRenderer::render(skin,        state,            scale, clip)},
     };
 }
 

@@ -25,6 +25,18 @@ Image noise(std::string_view sheet)
     return {std::move(pixels), Image::Alpha::opaque};
 }
 
+// Where the first pixel that differs is; nothing when none does.
+std::optional<Point> firstDifference(const Image& a, const Image& b)
+{
+    if (a.size() != b.size())
+        return Point{-1, -1};
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.pixel({x, y}) != b.pixel({x, y}))
+                return Point{x, y};
+    return std::nullopt;
+}
+
 }
 
 Skin noisySkin(std::initializer_list<std::string_view> withoutSheets)
@@ -65,21 +77,20 @@ void Collage::add(std::initializer_list<Piece> pieces)
         add(piece);
 }
 
-std::optional<Point> firstDifference(const Image& a, const Image& b)
-{
-    if (a.size() != b.size())
-        return Point{-1, -1};
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            if (a.pixel({x, y}) != b.pixel({x, y}))
-                return Point{x, y};
-    return std::nullopt;
-}
-
 void expectSame(const Image& a, const Image& b)
 {
     const auto different = firstDifference(a, b);
     EXPECT_FALSE(different) << "first at " << different->x << ", " << different->y;
+}
+
+void expectAdded(const Skin& skin, const Image& image, const Image& before,
+                 const Collage::Piece& piece)
+{
+    SCOPED_TRACE(piece.sprite);
+    Collage expected(skin, before.size());
+    expected.add(before, {0, 0});
+    expected.add(piece);
+    expectSame(image, std::move(expected).image());
 }
 
 }

@@ -39,10 +39,11 @@ private:
     SkinKit::PixelBuffer pixels_;
 };
 
-// Where the first pixel that differs lies; nothing when none does.
-std::optional<SkinKit::Point> firstDifference(const SkinKit::Image& a, const SkinKit::Image& b);
-
 // Expects two pictures to be the same, or says where they differ.
 void expectSame(const SkinKit::Image& a, const SkinKit::Image& b);
+
+// Expects `image` to be `before` with one sprite of the skin over it.
+void expectAdded(const SkinKit::Skin& skin, const SkinKit::Image& image,
+                 const SkinKit::Image& before, const Collage::Piece& piece);
 
 }

@@ -174,9 +174,8 @@ public:
             card.error = skin.error().description();
             return card;
         }
-        const auto picture =
-            marked(MainWindowRenderer::render(*skin, MainWindowState::webampScreenshot(), scale_,
-                                              MainWindowRenderer::Clip::toRegion));
+        const auto picture = marked(MainWindowRenderer::render(
+            *skin, MainWindowState::webampScreenshot(), scale_, Clip::toRegion));
         if (const auto error = write(card.picture, picture.value_or(ByteBuffer())))
             return std::unexpected(*error);
         card.warnings = skin->warnings;
@@ -203,7 +202,7 @@ private:
 std::expected<Totals, Error> make(const fs::path& skins, const fs::path& out, std::int64_t scale,
                                   const Callbacks& callbacks)
 {
-    const auto size = MainWindowRenderer::size(scale);
+    const auto size = MainWindowRenderer::size({}, scale);
     if (!size || size->width > PNGWriter::maxSide)
         return std::unexpected(
             Error{"a picture can't be " + std::to_string(scale) + " times as large"});

@@ -1,24 +1,38 @@
 #pragma once
 
-#include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Skin.h"
-#include "SkinKit/Windows/Desktop/DesktopState.h"
-#include "SkinKit/Windows/WindowDrawing.h"
+#include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
+#include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 
-#include <cstdint>
-#include <optional>
+namespace SkinKit {
 
-// Draws a player's windows as people keep them on their desktop: the main window on top, below it
-// the equalizer and the playlist, their left edges in line. Everything else is as the windows' own
-// renderers have it.
-namespace SkinKit::DesktopRenderer {
+// What shows on all three windows of a player at one instant. The initial values are those of a
+// player that has just started.
+struct DesktopState {
+    MainWindowState main;
+    EQWindowState equalizer;
+    PlaylistWindowState playlist;
 
-using WindowDrawing::Clip; // each window to its own section of the region
+    bool operator==(const DesktopState&) const = default;
 
-// The pixels of all windows at this scale, or nothing when no raster can hold them.
-std::optional<Size> size(const DesktopState& state, std::int64_t scale);
+    // A player that has just started, its list empty and its equalizer flat.
+    static DesktopState idle();
+    // The player of the reference screenshots, at the first of a dozen tracks and with more bass
+    // and treble than the middle.
+    static DesktopState webampScreenshot();
+};
 
-// All windows in one picture, transparent where none is.
-Image render(const Skin& skin, const DesktopState& state, int scale, Clip clip);
+// The windows as people keep them on their desktop: the main window on top, below it the equalizer
+// and the playlist, their left edges in line. Each is clipped to its own section of the region.
+struct Desktop {
+    using State = DesktopState;
+
+    static Size size(const State& state);
+    static const SkinRegion::Polygons* outline(const SkinRegion& region, const State& state);
+    static void paint(const SpriteDrawer& drawer, const State& state, int scale, Clip clip);
+};
+
+extern template struct WindowRenderer<Desktop>;
+using DesktopRenderer = WindowRenderer<Desktop>;
 
 }

@@ -14,7 +14,7 @@ inline constexpr std::size_t maxKnots = 512;
 inline constexpr int maxX = 1 << 20;
 
 // The height of the curve through the knots (xs[i], ys[i]) at x = 0, 1, 2, … up to the last knot;
-// xs ascend. Nothing when the last knot lies below 0, beyond `maxX` or nowhere (not-a-number).
+// xs ascend. Nothing when the last knot is below 0, beyond `maxX` or nowhere (not-a-number).
 // Fewer than two knots, or xs and ys of different number, give back ys.
 std::vector<double> interpolate(std::span<const double> xs, std::span<const double> ys);
 

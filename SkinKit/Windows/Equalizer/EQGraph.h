@@ -24,7 +24,7 @@ int knotYForValue(double value);
 int preampLineYForValue(double value);
 
 // The curve's row in each of its columns, the first band's in the first. Bands that `values` lacks
-// stand in the middle; values beyond the tenth are ignored.
+// are in the middle; values beyond the tenth are ignored.
 std::array<int, columnCount> curve(std::span<const double> values);
 
 // The graph on its background, each row of the curve in the skin's colour for it. Nothing unless

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "SkinKit/Graphics/Geometry.h"
-#include "SkinKit/Sprites/SliderFrames.h"
+#include "SkinKit/Sprites/SkinSprites.h"
 
-#include <algorithm>
 #include <array>
 
 // Where things sit in the equalizer window, as classic skins are painted for it, and how the value
@@ -67,7 +66,7 @@ constexpr double clampedValue(double value)
 // end.
 constexpr Point bandOrigin(int index)
 {
-    return {bandStrip.x + bandSpacing * std::clamp(index, 0, bandCount - 1), bandStrip.y};
+    return {bandStrip.x + bandSpacing * clamped(index, 0, bandCount - 1), bandStrip.y};
 }
 
 // The band in whose column `x` lies; to the sides of the strip that of the nearer end. Band 0 for

@@ -3,11 +3,11 @@
 #include "SkinKit/Windows/Equalizer/EQGraph.h"
 #include "SkinKit/Windows/Equalizer/EQLayout.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
+#include "SkinKit/Windows/WindowDrawing.h"
 
 #include <string_view>
-#include <utility>
 
-namespace SkinKit::EQWindowRenderer {
+namespace SkinKit {
 namespace {
 
 using Control = EQWindowState::Control;
@@ -102,36 +102,26 @@ void drawShaded(const SpriteDrawer& drawer, const EQWindowState& state)
                     "EQ_SHADE_BALANCE_SLIDER_RIGHT"});
 }
 
-Size windowSize(const EQWindowState& state)
+}
+
+Size EQWindow::size(const State& state)
 {
     return state.shaded ? EQLayout::shadeSize : EQLayout::windowSize;
 }
 
+const SkinRegion::Polygons* EQWindow::outline(const SkinRegion& region, const State& state)
+{
+    return state.shaded ? region.equalizerShade() : region.equalizer();
 }
 
-std::optional<Size> size(const EQWindowState& state, std::int64_t scale)
+void EQWindow::paint(const SpriteDrawer& drawer, const State& state, int, Clip)
 {
-    return WindowDrawing::size(windowSize(state), scale);
-}
-
-Image render(const Skin& skin, const EQWindowState& state, int scale, Clip clip)
-{
-    Canvas canvas = WindowDrawing::makeCanvas(windowSize(state), scale);
-    draw(canvas, {0, 0}, skin, state, scale, clip);
-    return std::move(canvas).image();
-}
-
-void draw(Canvas& canvas, Point at, const Skin& skin, const EQWindowState& state, int scale,
-          Clip clip)
-{
-    const auto* const outline =
-        state.shaded ? skin.region.equalizerShade() : skin.region.equalizer();
-    const WindowDrawing::Placement placement(canvas, at, windowSize(state), scale, outline, clip);
-    const SpriteDrawer drawer{canvas, skin};
     if (state.shaded)
         drawShaded(drawer, state);
     else
         drawWindow(drawer, state);
 }
+
+template struct WindowRenderer<EQWindow>;
 
 }

@@ -1,31 +1,60 @@
 #pragma once
 
-#include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Skin.h"
-#include "SkinKit/Windows/Equalizer/EQWindowState.h"
-#include "SkinKit/Windows/WindowDrawing.h"
+#include "SkinKit/Windows/Equalizer/EQLayout.h"
+#include "SkinKit/Windows/WindowRenderer.h"
 
-#include <cstdint>
+#include <array>
 #include <optional>
+#include <variant>
 
-// Draws the equalizer window, 275 × 116 pixels or shaded to 275 × 14, times an integer scale, each
-// pixel replicated, nothing smoothed. What a skin lacks is left out. A scale below 1 counts as 1;
-// one whose raster cannot exist is a programming error. Keeps no state, so renders may run on any
-// number of threads.
-namespace SkinKit::EQWindowRenderer {
+namespace SkinKit {
 
-using WindowDrawing::Clip; // the region is the section "equalizer", shaded "equalizerws"
+// Everything that shows on the equalizer window at one instant, apart from the skin itself. The
+// initial values are those of a player that has just started.
+struct EQWindowState {
+    // What can be held down besides the sliders of the bands.
+    enum class Control { on, automatic, presets, shade, close, preamp };
+    // The slider of one band, 0 … 9 from the left.
+    struct Band {
+        int index = 0;
 
-// The pixels of the window at this scale, or nothing when no raster can hold it.
-std::optional<Size> size(const EQWindowState& state, std::int64_t scale);
+        bool operator==(const Band&) const = default;
+    };
+    using Part = std::variant<Control, Band>;
+    using Bands = std::array<double, EQLayout::bandCount>;
 
-// The whole window.
-Image render(const Skin& skin, const EQWindowState& state, int scale, Clip clip);
+    bool focused = true;
+    bool shaded = false;
+    std::optional<Part> pressed; // what the pointer holds down
+    bool on = true;
+    bool automatic = false;
+    double preamp = EQLayout::midValue; // this and the bands are slider values, 0 … 100
+    Bands bands = flat();
+    float volume = 0.78F; // 0 … 1; it and the balance show on the shaded window only
+    float balance = 0;    // -1 … 1, 0 in the centre
 
-// The whole window into a caller's canvas, its top left corner at `at` in the canvas's current
-// pixels, `scale` times as large as they are. The canvas's state is as before afterwards.
-void draw(Canvas& canvas, Point at, const Skin& skin, const EQWindowState& state, int scale,
-          Clip clip);
+    bool operator==(const EQWindowState&) const = default;
+
+    // Every band in the middle.
+    static constexpr Bands flat()
+    {
+        Bands bands{};
+        bands.fill(EQLayout::midValue);
+        return bands;
+    }
+};
+
+// The equalizer window: 275 × 116 pixels, shaded 275 × 14. Its sections of the region are
+// "equalizer" and, shaded, "equalizerws".
+struct EQWindow {
+    using State = EQWindowState;
+
+    static Size size(const State& state);
+    static const SkinRegion::Polygons* outline(const SkinRegion& region, const State& state);
+    static void paint(const SpriteDrawer& drawer, const State& state, int scale, Clip clip);
+};
+
+extern template struct WindowRenderer<EQWindow>;
+using EQWindowRenderer = WindowRenderer<EQWindow>;
 
 }

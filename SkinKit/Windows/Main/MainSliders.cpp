@@ -14,7 +14,7 @@ struct PlacedToggle {
     ToggleSprites sprites;
 };
 
-// The words "selected" and "depressed" stand in either order in the sprite table; so they do here.
+// The words "selected" and "depressed" come in either order in the sprite table, and so here.
 // clang-format off
 constexpr PlacedToggle toggles[] = {
     {{164, 89, 47, 15}, {"MAIN_SHUFFLE_BUTTON",            "MAIN_SHUFFLE_BUTTON_SELECTED",

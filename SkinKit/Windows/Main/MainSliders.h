@@ -1,8 +1,7 @@
 #pragma once
 
 #include "SkinKit/Graphics/Geometry.h"
-#include "SkinKit/Sprites/SliderFrames.h"
-#include "SkinKit/Sprites/Sprite.h"
+#include "SkinKit/Sprites/SkinSprites.h"
 
 #include <string_view>
 

@@ -1,20 +1,24 @@
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 
-#include "SkinKit/Text/MarqueeLayout.h"
-#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Base/Check.h"
+#include "SkinKit/Base/Unicode.h"
+#include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
-#include "SkinKit/Windows/Main/VisualizerImage.h"
+#include "SkinKit/Windows/VisRenderer.h"
+#include "SkinKit/Windows/WindowDrawing.h"
 
+#include <limits>
+#include <string_view>
 #include <utility>
 
-namespace SkinKit::MainWindowRenderer {
+namespace SkinKit {
 namespace {
 
 namespace Layout = MainWindowLayout;
+namespace Shade = MainShadeLayout;
+using Layout::TitleButton;
 using MainSliders::Toggle;
-using WindowDrawing::effectiveScale;
-using WindowDrawing::makeCanvas;
 
 constexpr RGBColor bareBackground{26, 26, 26}; // a tenth of white
 
@@ -136,45 +140,136 @@ void drawDynamic(const SpriteDrawer& drawer, const MainWindowState& state, int s
     drawToggle(drawer, Toggle::repeatAll, state.repeatOn);
 }
 
+// The shade button is the one that unrolls the window.
+std::string_view pressedSpriteName(TitleButton button)
+{
+    switch (button) {
+    case TitleButton::options: return "MAIN_OPTIONS_BUTTON_DEPRESSED";
+    case TitleButton::minimize: return "MAIN_MINIMIZE_BUTTON_DEPRESSED";
+    case TitleButton::shade: return "MAIN_SHADE_BUTTON_SELECTED_DEPRESSED";
+    case TitleButton::close: break;
+    }
+    return "MAIN_CLOSE_BUTTON_DEPRESSED";
 }
 
-std::optional<Size> size(std::int64_t scale)
+void drawShadeTitleBar(const SpriteDrawer& drawer, bool focused, std::optional<TitleButton> pressed)
 {
-    return WindowDrawing::size(Layout::size, scale);
+    drawer.draw(focused ? "MAIN_SHADE_BACKGROUND_SELECTED" : "MAIN_SHADE_BACKGROUND", {0, 0});
+    if (pressed)
+        drawer.draw(pressedSpriteName(*pressed), Layout::rect(*pressed).origin());
 }
 
-Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip)
+// The layout's columns take the left half of the frame. The right half is under the clock, and
+// the background that the larger picture has there would hide the colon, so it is cut off.
+constexpr Rect shadeVisualizer{Shade::visualizerFrame.x, Shade::visualizerFrame.y,
+                               Shade::visualizerFrame.width / 2, Shade::visualizerFrame.height};
+static_assert(shadeVisualizer.right() <= Shade::miniTimeOrigin.x);
+
+// Above scale 1 the picture has two pixels a window pixel, so it is fitted into the device pixels
+// of its frame instead of being replicated.
+void drawShadeVisualizer(const SpriteDrawer& drawer, const MainWindowState::Visualizer& shown,
+                         int scale)
 {
-    Canvas canvas = makeCanvas(Layout::size, scale);
-    draw(canvas, {0, 0}, skin, state, scale, clip);
-    return std::move(canvas).image();
+    const auto image = visualizerImage(drawer.skin, shown, VisLayout::shade(scale), 0);
+    if (!image)
+        return;
+    constexpr Rect frame = Shade::visualizerFrame;
+    Canvas& canvas = drawer.context;
+    const SavedCanvasState saved(canvas);
+    canvas.clip(shadeVisualizer);
+    canvas.translate(frame.origin());
+    auto device = canvas.state();
+    const int pixels = std::exchange(device.scale, 1);
+    check(pixels <= std::numeric_limits<int>::max() / frame.width, "a scale out of range");
+    canvas.setState(std::move(device));
+    canvas.draw(*image, Rect{0, 0, frame.width * pixels, frame.height * pixels});
 }
 
-Image renderBase(const Skin& skin, bool focused, int scale)
+void drawShadePosition(const SpriteDrawer& drawer, std::optional<double> position)
 {
-    Canvas canvas = makeCanvas(Layout::size, scale);
-    canvas.scale(effectiveScale(scale));
+    const auto& slider = MainSliders::shadePosition;
+    drawer.draw("MAIN_SHADE_POSITION_BACKGROUND", slider.origin);
+    if (position)
+        drawer.draw(MainSliders::shadePositionThumbName(*position),
+                    {slider.thumbX(*position), slider.thumbY()});
+}
+
+void drawShaded(const SpriteDrawer& drawer, const MainWindowState& state, int scale)
+{
+    drawShadeTitleBar(drawer, state.focused, state.pressed);
+    drawShadeVisualizer(drawer, state.visualizer, scale);
+    drawer.draw(miniTimeImage(drawer.skin, MiniTime::characters(state.status)),
+                Shade::miniTimeOrigin);
+    drawShadePosition(drawer, state.position);
+}
+
+}
+
+Size MainWindow::size(const State& state)
+{
+    return state.shaded ? Shade::size : Layout::size;
+}
+
+const SkinRegion::Polygons* MainWindow::outline(const SkinRegion& region, const State& state)
+{
+    return state.shaded ? region.windowShade() : region.normal();
+}
+
+void MainWindow::paint(const SpriteDrawer& drawer, const State& state, int scale, Clip)
+{
+    if (state.shaded) {
+        drawShaded(drawer, state, scale);
+    } else {
+        drawBase(drawer, state.focused);
+        drawDynamic(drawer, state, scale);
+    }
+}
+
+template struct WindowRenderer<MainWindow>;
+
+Image MainWindowRenderer::renderBase(const Skin& skin, bool focused, int scale)
+{
+    Canvas canvas = WindowDrawing::makeCanvas(Layout::size, scale);
+    canvas.scale(WindowDrawing::effectiveScale(scale));
     drawBase({canvas, skin}, focused);
     return std::move(canvas).image();
 }
 
-Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& state, int scale)
+Image MainWindowRenderer::renderDynamic(const Image& base, const Skin& skin,
+                                        const MainWindowState& state, int scale)
 {
-    Canvas canvas = makeCanvas(Layout::size, scale);
+    const int factor = WindowDrawing::effectiveScale(scale);
+    Canvas canvas = WindowDrawing::makeCanvas(Layout::size, scale);
     canvas.draw(base, Point{0, 0});
-    canvas.scale(effectiveScale(scale));
-    drawDynamic({canvas, skin}, state, effectiveScale(scale));
+    canvas.scale(factor);
+    drawDynamic({canvas, skin}, state, factor);
     return std::move(canvas).image();
 }
 
-void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
-          Clip clip)
+std::optional<Image> visualizerImage(const Skin& skin,
+                                     const MainWindowState::Visualizer& visualizer,
+                                     VisLayout layout, int pushDown)
 {
-    const WindowDrawing::Placement placement(canvas, at, Layout::size, scale, skin.region.normal(),
-                                             clip);
-    const SpriteDrawer drawer{canvas, skin};
-    drawBase(drawer, state.focused);
-    drawDynamic(drawer, state, effectiveScale(scale));
+    VisRenderer renderer(skin.visColors, layout);
+    if (const auto* spectrum = std::get_if<MainWindowState::Spectrum>(&visualizer))
+        renderer.drawBars(spectrum->heights, spectrum->peaks, pushDown);
+    else if (const auto* trace = std::get_if<MainWindowState::Oscilloscope>(&visualizer))
+        renderer.drawOscilloscope(trace->samples, pushDown);
+    else
+        return std::nullopt;
+    return renderer.makeImage();
+}
+
+std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters)
+{
+    if (!skin.sheets.contains(TextFont::sheet))
+        return std::nullopt;
+
+    Canvas canvas({MainShadeLayout::miniTimeImageWidth, TextFont::cellHeight});
+    for (std::size_t i = 0; i < characters.size(); ++i)
+        drawText(canvas, skin, Unicode::firstGraphemes(characters[i], 1),
+                 {MainShadeLayout::miniTimeCellX[i], 0});
+    return std::move(canvas).image();
 }
 
 }

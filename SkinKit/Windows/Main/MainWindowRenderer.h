@@ -1,35 +1,43 @@
 #pragma once
 
-#include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Skin.h"
 #include "SkinKit/Windows/Main/MainWindowState.h"
-#include "SkinKit/Windows/WindowDrawing.h"
+#include "SkinKit/Windows/WindowRenderer.h"
 
-#include <cstdint>
 #include <optional>
 
-// Draws the classic main window: 275 × 116 pixels times an integer scale, each pixel replicated,
-// nothing smoothed. What a skin lacks is left out. A scale below 1 counts as 1; one whose raster
-// cannot exist is a programming error. Keeps no state, so renders may run on any number of threads.
-namespace SkinKit::MainWindowRenderer {
+namespace SkinKit {
 
-using WindowDrawing::Clip; // the region is the section "normal"
+class VisLayout;
 
-// The pixels of a window at this scale, or nothing when no raster can hold it.
-std::optional<Size> size(std::int64_t scale);
+// The main window: 275 × 116 pixels, shaded 275 × 14 with the focus, the clock, the position and
+// the visualizer only. Its sections of the region are "normal" and, shaded, "windowshade".
+struct MainWindow {
+    using State = MainWindowState;
 
-// The whole window.
-Image render(const Skin& skin, const MainWindowState& state, int scale, Clip clip);
+    static Size size(const State& state);
+    static const SkinRegion::Polygons* outline(const SkinRegion& region, const State& state);
+    static void paint(const SpriteDrawer& drawer, const State& state, int scale, Clip clip);
+};
 
-// What never changes while the window keeps its focus, and the rest drawn over such an image (of
-// the same scale), so that a player need not draw the one again and again. Not clipped.
-Image renderBase(const Skin& skin, bool focused, int scale);
-Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& state, int scale);
+extern template struct WindowRenderer<MainWindow>;
 
-// The whole window into a caller's canvas, its top left corner at `at` in the canvas's current
-// pixels, `scale` times as large as they are. The canvas's state is as before afterwards.
-void draw(Canvas& canvas, Point at, const Skin& skin, const MainWindowState& state, int scale,
-          Clip clip);
+// Also draws the full window in two layers: what never changes while the window keeps its focus,
+// and the rest over such an image (of the same scale), so that a player need not draw the first
+// layer again and again. Not clipped.
+struct MainWindowRenderer : WindowRenderer<MainWindow> {
+    static Image renderBase(const Skin& skin, bool focused, int scale);
+    static Image renderDynamic(const Image& base, const Skin& skin, const MainWindowState& state,
+                               int scale);
+};
+
+// What a state's visualizer shows, in the skin's colours; nothing when it is off. See VisRenderer
+// for the layout and `pushDown`.
+std::optional<Image> visualizerImage(const Skin& skin,
+                                     const MainWindowState::Visualizer& visualizer,
+                                     VisLayout layout, int pushDown);
+
+// The clock of the shaded window, 30 × 6 pixels, with a gap for the colon of the skin's own
+// background. Nothing without a text sheet.
+std::optional<Image> miniTimeImage(const Skin& skin, const MiniTime::Characters& characters);
 
 }

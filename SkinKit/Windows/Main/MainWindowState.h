@@ -1,7 +1,9 @@
 #pragma once
 
 #include "SkinKit/Text/TimeDigits.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,7 +30,7 @@ struct MainWindowStatus {
 
     // The sprite of the play, pause or stop sign; none while loading.
     std::optional<std::string_view> indicator() const;
-    // The sprite of the small work light beside it; only while loading or playing.
+    // The sprite of the small work light next to it; only while loading or playing.
     std::optional<std::string_view> workIndicator() const;
     // The clock; blank when stopped.
     TimeDigits digits() const;
@@ -37,10 +39,11 @@ struct MainWindowStatus {
 // Everything that shows on the main window at one instant, apart from the skin itself. The initial
 // values are those of a player that has just started.
 struct MainWindowState {
-    // Bars, one a column of VisLayout; columns without a value are empty.
+    // Bars, one a column of VisLayout; columns without a value are empty. Heights count the rows of
+    // VisLayout::main, or of VisLayout::shade on the shaded window.
     struct Spectrum {
-        std::vector<int> heights; // of each column's bar, in pixels
-        std::vector<int> peaks;   // of each column's peak mark, in pixels
+        std::vector<int> heights; // of each column's bar
+        std::vector<int> peaks;   // of each column's peak mark
 
         bool operator==(const Spectrum&) const = default;
     };
@@ -69,6 +72,10 @@ struct MainWindowState {
     bool eqOpen = false;
     bool playlistOpen = false;
     Visualizer visualizer = Off{};
+    bool shaded = false;
+    // The title button that is held down. It shows on the shaded window only; the full window shows
+    // all its buttons released.
+    std::optional<MainWindowLayout::TitleButton> pressed;
 
     bool operator==(const MainWindowState&) const = default;
 
@@ -90,5 +97,18 @@ std::string kbps(std::optional<int> bitrateKbps);
 // Two characters, in kilohertz: 44100 is "44". From 100 kHz up the first digit is dropped (192000
 // is "92"), up to 10 kHz only the first is kept (10000 is " 1"). Unknown is " 0".
 std::string khz(std::optional<double> sampleRate);
+
+}
+
+// The clock of the shaded window: a sign and four digits, a character each.
+namespace SkinKit::MiniTime {
+
+// The sign, then minutes and seconds, two digits each; a space where nothing shows.
+using Characters = std::array<std::string, 5>;
+
+Characters blank();
+
+// A "-" in front counts down; blank when stopped.
+Characters characters(const MainWindowStatus& status);
 
 }

@@ -1,7 +1,11 @@
 #include "SkinKit/Windows/Playlist/PlaylistLayout.h"
 
+#include "SkinKit/Base/Unicode.h"
+
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <span>
 
 namespace SkinKit::PlaylistLayout {
@@ -171,6 +175,99 @@ Steps stepsForPixelSize(double width, double height)
 {
     return wholeSteps((width - baseSize.width) / stepSize.width,
                       (height - baseSize.height) / stepSize.height);
+}
+
+}
+
+namespace SkinKit::PlaylistScroll {
+namespace {
+
+constexpr double lastPosition = 100;
+
+double nearest(double value)
+{
+    return std::floor(value + 0.5);
+}
+
+}
+
+int overflow(int count, int visibleRows)
+{
+    constexpr std::int64_t most = std::numeric_limits<int>::max();
+    const std::int64_t rows = std::int64_t{count} - visibleRows;
+    return static_cast<int>(std::clamp<std::int64_t>(rows, 0, most));
+}
+
+int offset(double position, int count, int visibleRows)
+{
+    const int most = overflow(count, visibleRows);
+    return static_cast<int>(nearest(clamped(position, lastPosition) / lastPosition * most));
+}
+
+Rows visibleRange(double position, int count, int visibleRows)
+{
+    const int first = offset(position, count, visibleRows);
+    const std::int64_t end = std::min<std::int64_t>(count, std::int64_t{first} + visibleRows);
+    return {first, static_cast<int>(std::max<std::int64_t>(first, end))};
+}
+
+double handleValue(double position, int count, int visibleRows)
+{
+    const int most = overflow(count, visibleRows);
+    if (most == 0)
+        return 0;
+    const double row = nearest(clamped(position, lastPosition) * most / lastPosition);
+    return nearest(row / most * 100) / 100;
+}
+
+double positionAfterWheel(double delta, double position, int count)
+{
+    if (count < 1)
+        return 0;
+    const double listHeight = static_cast<double>(count) * rowHeight;
+    return clamped(position + delta / listHeight * lastPosition, lastPosition);
+}
+
+double positionAfterScrolling(int rows, double position, int count, int visibleRows)
+{
+    const int most = overflow(count, visibleRows);
+    if (most < 1)
+        return 0;
+    const double first = static_cast<double>(offset(position, count, visibleRows)) + rows;
+    return std::clamp(first / most, 0.0, 1.0) * lastPosition;
+}
+
+}
+
+namespace SkinKit::PlaylistShadeLayout {
+
+std::string title(std::optional<std::string_view> name, int width)
+{
+    if (!name)
+        return "[No file]";
+
+    constexpr int besideTitle = 70; // pixels
+    constexpr int characterWidth = 5;
+    const int most = (right(width) - besideTitle) / characterWidth;
+    const auto first = [&](int count) {
+        return Unicode::firstGraphemes(*name, static_cast<std::size_t>(std::max(count, 0)));
+    };
+    if (most >= 0 && first(most).size() == name->size())
+        return std::string(*name);
+    return std::string(first(most - 1)) + "…";
+}
+
+std::string timeString(std::optional<double> seconds)
+{
+    return seconds ? timeString(TimeDigits::fromSeconds(*seconds)) : "";
+}
+
+std::string timeString(const TimeDigits& digits)
+{
+    const auto text = [](std::optional<int> digit) { return std::to_string(digit.value_or(0)); };
+    const std::string tens = digits.minutesTens == 0 ? "" : text(digits.minutesTens);
+    return tens + text(digits.minutesOnes) + ":" + text(digits.secondsTens) +
+           text(digits.secondsOnes);
 }
 
 }

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "SkinKit/Graphics/Geometry.h"
-#include "SkinKit/Windows/Main/MainShadeLayout.h"
-#include "SkinKit/Windows/Playlist/PlaylistScroll.h"
+#include "SkinKit/Text/TimeDigits.h"
+#include "SkinKit/Windows/Main/MainWindowLayout.h"
 
-#include <algorithm>
 #include <array>
 #include <limits>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -24,7 +24,7 @@ inline constexpr int  titleBarHeight     = topHeight;
 inline constexpr int  bottomHeight       = 38;
 inline constexpr int  leftWidth          = 12;
 inline constexpr int  rightWidth         = 20;
-inline constexpr int  rowHeight          = PlaylistScroll::rowHeight;
+inline constexpr int  rowHeight          = 13;
 inline constexpr int  durationRightInset =  3;  // from the track area's right edge
 inline constexpr int  scrollHandleHeight = 18;
 // clang-format on
@@ -37,8 +37,8 @@ public:
     constexpr Steps() = default;
     // Steps below 0 count as 0, and those beyond the widest or the tallest window as its.
     constexpr Steps(int width, int height)
-        : width_(std::clamp(width, 0, most(baseSize.width, stepSize.width))),
-          height_(std::clamp(height, 0, most(baseSize.height, stepSize.height)))
+        : width_(clamped(width, 0, most(baseSize.width, stepSize.width))),
+          height_(clamped(height, 0, most(baseSize.height, stepSize.height)))
     {
     }
 
@@ -72,7 +72,7 @@ constexpr Size size(Steps steps)
     return {right(steps), bottom(steps)};
 }
 
-// The height of what lies between the title row and the bottom row.
+// The height between the title row and the bottom row.
 constexpr int middleHeight(Steps steps)
 {
     return bottom(steps) - topHeight - bottomHeight;
@@ -183,5 +183,77 @@ Steps stepsAfterDrag(Steps steps, double dx, double dy);
 // The most steps that fit into a window of this size. In both, a distance that is not finite gives
 // no steps.
 Steps stepsForPixelSize(double width, double height);
+
+}
+
+// The playlist's scroll bar: how its position of 0 … 100 and the first visible row belong together.
+// A position outside counts as the nearer end, not-a-number as 0.
+namespace SkinKit::PlaylistScroll {
+
+using PlaylistLayout::rowHeight;
+
+// Rows first … end - 1.
+struct Rows {
+    int first = 0;
+    int end = 0;
+
+    bool operator==(const Rows&) const = default;
+};
+
+// How many of `count` rows don't fit.
+int overflow(int count, int visibleRows);
+
+// The first visible row, the nearest one to the position.
+int offset(double position, int count, int visibleRows);
+Rows visibleRange(double position, int count, int visibleRows);
+
+// The position of the first visible row, rounded to hundredths of 0 … 1: where the handle is.
+double handleValue(double position, int count, int visibleRows);
+
+// The position after the wheel moved the list by so many pixels.
+double positionAfterWheel(double delta, double position, int count);
+// The position after the first visible row moved by `rows`.
+double positionAfterScrolling(int rows, double position, int count, int visibleRows);
+
+}
+
+// Where things sit in the playlist window when it is shaded to a strip, and the texts it shows:
+// window pixels, origin top left. A width below 0 counts as 0.
+namespace SkinKit::PlaylistShadeLayout {
+
+// clang-format off
+inline constexpr int   height = PlaylistLayout::shadeHeight;
+inline constexpr Point titleOrigin{5, 4};
+inline constexpr int   timeY      = 4;
+inline constexpr int   leftWidth  = 25;
+inline constexpr int   rightWidth = 50;
+
+constexpr int right(int width) { return width > 0 ? width : 0; }  // the window's edge
+
+//                                                      x   y  w  h
+constexpr Rect closeFrame (int width) { return {right(width) - 11, 3, 9, 9}; }
+constexpr Rect shadeFrame (int width) { return {right(width) - 21, 3, 9, 9}; }
+constexpr Rect resizeFrame(int width) { return {right(width) - 29, 3, 9, 9}; }
+// clang-format on
+
+// Where the time's last character ends.
+constexpr int timeRightEdge(int width)
+{
+    return right(width) - 30;
+}
+
+// The areas by which the window can't be dragged.
+constexpr std::array<Rect, 3> dragExclusions(int width)
+{
+    return {closeFrame(width), shadeFrame(width), resizeFrame(width)};
+}
+
+// The name as far as it fits, cut between two characters as a reader sees them and ending in "…";
+// "[No file]" for none.
+std::string title(std::optional<std::string_view> name, int width);
+
+// "4:05" or "12:34"; empty for no time at all. Digits that are absent show as 0.
+std::string timeString(std::optional<double> seconds);
+std::string timeString(const TimeDigits& digits);
 
 }

@@ -1,13 +1,10 @@
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 
-#include "SkinKit/Base/Check.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "SkinKit/Text/ListFont.h"
 #include "SkinKit/Text/TextFont.h"
-#include "SkinKit/Text/TextRenderer.h"
-#include "SkinKit/Windows/Main/MiniTime.h"
-#include "SkinKit/Windows/Playlist/PlaylistScroll.h"
-#include "SkinKit/Windows/Playlist/PlaylistShadeLayout.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
+#include "SkinKit/Windows/Playlist/PlaylistLayout.h"
 #include "SkinKit/Windows/Playlist/PlaylistText.h"
 #include "SkinKit/Windows/WindowDrawing.h"
 
@@ -17,27 +14,20 @@
 #include <limits>
 #include <utility>
 
-namespace SkinKit::PlaylistWindowRenderer {
+namespace SkinKit {
 namespace {
 
 namespace Layout = PlaylistLayout;
 namespace ShadeLayout = PlaylistShadeLayout;
 using Layout::Piece;
 using Layout::Steps;
-using WindowDrawing::Clip;
-using WindowDrawing::Placement;
 
 // Within a row of the list. The last row may lose as many pixels as the list's lower margin has;
-// its letters stand above them.
+// its letters are above them.
 constexpr int nameInset = 3;
 constexpr int nameToDuration = 6;
 constexpr int letterTop = 1;
 static_assert(letterTop + ListFont::height <= Layout::rowHeight - Layout::trackMargin);
-
-Size shadeWindow(Steps steps)
-{
-    return {Layout::right(steps), ShadeLayout::height};
-}
 
 void drawTiles(const SpriteDrawer& drawer, const Piece& piece)
 {
@@ -78,7 +68,7 @@ int entryCount(const PlaylistWindowState& state)
     return static_cast<int>(std::min(state.entries.size(), most));
 }
 
-// Sets the dots of glyphs that lie within the raster, side by side from `left` on.
+// Sets the dots of glyphs that are inside the raster, side by side from `left` on.
 void drawGlyphs(PixelBuffer& pixels, std::span<const ListFont::Glyph> glyphs, int left, Pixel ink)
 {
     for (const auto& glyph : glyphs) {
@@ -214,25 +204,14 @@ void drawShadeTexts(const SpriteDrawer& drawer, const PlaylistWindowState& state
     drawText(drawer.context, drawer.skin, time, {timeX, ShadeLayout::timeY});
 }
 
+void drawShaded(const SpriteDrawer& drawer, const PlaylistWindowState& state)
+{
+    drawShadeFrame(drawer, state);
+    drawShadeTexts(drawer, state);
 }
 
-std::optional<Size> size(Steps steps, std::int64_t scale)
+void drawWindow(const SpriteDrawer& drawer, const PlaylistWindowState& state)
 {
-    return WindowDrawing::size(Layout::size(steps), scale);
-}
-
-Image render(const Skin& skin, const PlaylistWindowState& state, int scale)
-{
-    Canvas canvas = WindowDrawing::makeCanvas(Layout::size(state.steps), scale);
-    draw(canvas, {0, 0}, skin, state, scale);
-    return std::move(canvas).image();
-}
-
-void draw(Canvas& canvas, Point at, const Skin& skin, const PlaylistWindowState& state, int scale)
-{
-    check(size(state.steps, 1).has_value(), "a playlist window whose raster cannot exist");
-    const Placement placement(canvas, at, Layout::size(state.steps), scale, nullptr, Clip::none);
-    const SpriteDrawer drawer{canvas, skin};
     drawList(drawer, state);
     drawFrame(drawer, state);
     drawScrollHandle(drawer, state);
@@ -241,26 +220,27 @@ void draw(Canvas& canvas, Point at, const Skin& skin, const PlaylistWindowState&
         drawMenu(drawer, *state.openMenu, state.steps);
 }
 
-std::optional<Size> shadeSize(Steps steps, std::int64_t scale)
-{
-    return WindowDrawing::size(shadeWindow(steps), scale);
 }
 
-Image renderShade(const Skin& skin, const PlaylistWindowState& state, int scale)
+Size PlaylistWindow::size(const State& state)
 {
-    Canvas canvas = WindowDrawing::makeCanvas(shadeWindow(state.steps), scale);
-    drawShade(canvas, {0, 0}, skin, state, scale);
-    return std::move(canvas).image();
+    const Size window = Layout::size(state.steps);
+    return state.shaded ? Size{window.width, ShadeLayout::height} : window;
 }
 
-void drawShade(Canvas& canvas, Point at, const Skin& skin, const PlaylistWindowState& state,
-               int scale)
+const SkinRegion::Polygons* PlaylistWindow::outline(const SkinRegion&, const State&)
 {
-    check(shadeSize(state.steps, 1).has_value(), "a playlist window whose raster cannot exist");
-    const Placement placement(canvas, at, shadeWindow(state.steps), scale, nullptr, Clip::none);
-    const SpriteDrawer drawer{canvas, skin};
-    drawShadeFrame(drawer, state);
-    drawShadeTexts(drawer, state);
+    return nullptr;
 }
+
+void PlaylistWindow::paint(const SpriteDrawer& drawer, const State& state, int, Clip)
+{
+    if (state.shaded)
+        drawShaded(drawer, state);
+    else
+        drawWindow(drawer, state);
+}
+
+template struct WindowRenderer<PlaylistWindow>;
 
 }

@@ -1,34 +1,52 @@
 #pragma once
 
-#include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Graphics/Image.h"
-#include "SkinKit/Skin.h"
-#include "SkinKit/Windows/Playlist/PlaylistWindowState.h"
+#include "SkinKit/Windows/Main/MainWindowState.h"
+#include "SkinKit/Windows/Playlist/PlaylistLayout.h"
+#include "SkinKit/Windows/WindowRenderer.h"
 
-#include <cstdint>
+#include <cstddef>
 #include <optional>
+#include <string>
+#include <vector>
 
-// Draws the classic playlist window in any of its sizes, times an integer scale, each pixel
-// replicated, nothing smoothed. What a skin lacks is left out; the list's own letters are the same
-// with every skin. Skins have no outline for a window that changes its size, so it is never
-// clipped. A scale below 1 counts as 1; a window whose raster cannot exist is a programming error.
-// Keeps no state, so renders may run on any number of threads.
-namespace SkinKit::PlaylistWindowRenderer {
+namespace SkinKit {
 
-// The pixels of a window at this scale, or nothing when no raster can hold it.
-std::optional<Size> size(PlaylistLayout::Steps steps, std::int64_t scale);
+// Everything that shows on the playlist window at one instant, apart from the skin itself. The
+// initial values are those of an empty list in the smallest window.
+struct PlaylistWindowState {
+    // One track of the list.
+    struct Entry {
+        std::string name;
+        std::optional<double> duration; // seconds
+        bool isSelected = false;
 
-// The whole window.
-Image render(const Skin& skin, const PlaylistWindowState& state, int scale);
+        bool operator==(const Entry&) const = default;
+    };
 
-// Into a caller's canvas, the window's top left corner at `at` in the canvas's current pixels,
-// `scale` times as large as they are. The canvas's state is as before afterwards.
-void draw(Canvas& canvas, Point at, const Skin& skin, const PlaylistWindowState& state, int scale);
+    std::vector<Entry> entries;
+    std::optional<std::size_t> current; // the entry that plays
+    PlaylistLayout::Steps steps;
+    double scrollPosition = 0; // 0 … 100
+    MainWindowStatus status;   // for the small time display
+    bool focused = true;
+    std::optional<PlaylistLayout::Menu> openMenu; // never on the shaded window
+    bool shaded = false;
 
-// The same for the strip that is left when the window is shaded; it shows the current entry.
-std::optional<Size> shadeSize(PlaylistLayout::Steps steps, std::int64_t scale);
-Image renderShade(const Skin& skin, const PlaylistWindowState& state, int scale);
-void drawShade(Canvas& canvas, Point at, const Skin& skin, const PlaylistWindowState& state,
-               int scale);
+    bool operator==(const PlaylistWindowState&) const = default;
+};
+
+// The playlist window in any of its sizes, shaded a strip that shows the current entry. The list's
+// own letters are the same with every skin. Skins have no outline for a window that changes its
+// size, so it is never clipped.
+struct PlaylistWindow {
+    using State = PlaylistWindowState;
+
+    static Size size(const State& state);
+    static const SkinRegion::Polygons* outline(const SkinRegion& region, const State& state);
+    static void paint(const SpriteDrawer& drawer, const State& state, int scale, Clip clip);
+};
+
+extern template struct WindowRenderer<PlaylistWindow>;
+using PlaylistWindowRenderer = WindowRenderer<PlaylistWindow>;
 
 }

@@ -45,9 +45,9 @@ TEST(SkinGallery, MakesAPictureAndAPageForEachSkinInOrder)
         ASSERT_NE(found, page.npos) << path;
         at = found;
     }
-    const auto expected = MainWindowRenderer::render(*SkinParser::parse(folder / "skins/0/0.wsz"),
-                                                     MainWindowState::webampScreenshot(), 2,
-                                                     MainWindowRenderer::Clip::toRegion);
+    const auto expected =
+        MainWindowRenderer::render(*SkinParser::parse(folder / "skins/0/0.wsz"),
+                                   MainWindowState::webampScreenshot(), 2, Clip::toRegion);
     EXPECT_EQ(PNGWriter::read(folder / "b/out/pictures/1.png"), expected);
     EXPECT_FALSE(fs::exists(folder / "b/out/pictures/31.png"));
     EXPECT_TRUE(asText(support::readFile(folder / "b/out/previews/31.html"))

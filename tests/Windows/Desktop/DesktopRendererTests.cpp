@@ -1,22 +1,16 @@
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 
-#include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
-#include "SkinKit/Windows/Main/MainWindowRenderer.h"
-#include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "tests/support/Collage.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include <climits>
-
 using namespace SkinKit;
-using DesktopRenderer::Clip;
 using support::Collage;
 using support::expectSame;
 using support::noisySkin;
 
-TEST(DesktopState, TellsOfTheSameTrackInAllWindows)
+TEST(DesktopState, ShowsTheSameTrackInAllWindows)
 {
     EXPECT_EQ(DesktopState::idle(), DesktopState{});
     const auto playing = DesktopState::webampScreenshot();
@@ -29,7 +23,7 @@ TEST(DesktopState, TellsOfTheSameTrackInAllWindows)
     EXPECT_GE(PlaylistLayout::visibleRows(playing.playlist.steps), 12);
 }
 
-TEST(DesktopRenderer, StacksTheThreeWindows)
+TEST(DesktopRenderer, StacksTheThreeWindowsWithoutGaps)
 {
     Skin skin = noisySkin();
     skin.region.sections["normal"] = {
@@ -37,37 +31,18 @@ TEST(DesktopRenderer, StacksTheThreeWindows)
     };
     auto state = DesktopState::webampScreenshot();
     state.playlist.steps = {2, 1};
-    for (const auto clip : {Clip::none, Clip::toRegion})
-        for (const int scale : {0, 1, 3}) {
-            const int factor = std::max(scale, 1);
-            const Image drawn = DesktopRenderer::render(skin, state, scale, clip);
-            Collage expected(skin, {325 * factor, (116 + 116 + 145) * factor});
-            expected.add(MainWindowRenderer::render(skin, state.main, scale, clip), {0, 0});
-            expected.add(EQWindowRenderer::render(skin, state.equalizer, scale, clip),
-                         {0, 116 * factor});
-            expected.add(PlaylistWindowRenderer::render(skin, state.playlist, scale),
-                         {0, 232 * factor});
-            expectSame(drawn, std::move(expected).image());
-            EXPECT_EQ(DesktopRenderer::size(state, scale), drawn.size());
-        }
-}
-
-TEST(DesktopRenderer, ClosesTheGapBelowAShadedEqualizer)
-{
-    const Skin skin = noisySkin();
-    DesktopState state;
-    state.equalizer.shaded = true;
-    const Image drawn = DesktopRenderer::render(skin, state, 1, Clip::none);
-    EXPECT_EQ(drawn.size(), (Size{275, 116 + 14 + 116}));
-    EXPECT_EQ(drawn.crop({0, 130, 275, 116}),
-              PlaylistWindowRenderer::render(skin, state.playlist, 1));
-}
-
-TEST(DesktopRenderer, HasNoSizeBeyondAnyRaster)
-{
-    DesktopState state;
-    EXPECT_EQ(DesktopRenderer::size(state, 2), (Size{550, 696}));
-    EXPECT_EQ(DesktopRenderer::size(state, INT64_MAX), std::nullopt);
-    state.playlist.steps = {INT_MAX, INT_MAX};
-    EXPECT_EQ(DesktopRenderer::size(state, 1), std::nullopt);
+    for (const bool shaded : {false, true})
+        for (const auto clip : {Clip::none, Clip::toRegion})
+            for (const int scale : {1, 3}) {
+                state.main.shaded = state.equalizer.shaded = shaded;
+                const int height = (shaded ? 14 : 116) * scale;
+                Collage expected(skin, {325 * scale, 2 * height + 145 * scale});
+                expected.add(MainWindowRenderer::render(skin, state.main, scale, clip), {0, 0});
+                expected.add(EQWindowRenderer::render(skin, state.equalizer, scale, clip),
+                             {0, height});
+                expected.add(PlaylistWindowRenderer::render(skin, state.playlist, scale, clip),
+                             {0, 2 * height});
+                expectSame(DesktopRenderer::render(skin, state, scale, clip),
+                           std::move(expected).image());
+            }
 }

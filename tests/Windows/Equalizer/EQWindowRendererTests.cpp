@@ -1,19 +1,14 @@
-#include "SkinKit/SkinParser.h"
 #include "SkinKit/Windows/Equalizer/EQGraph.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
 #include "tests/support/Collage.h"
-#include "tests/support/Drawing.h"
-#include "tests/support/Golden.h"
 #include "tests/support/SkinBuilder.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
-#include <filesystem>
 
 using namespace SkinKit;
-using EQWindowRenderer::Clip;
 using support::Collage;
 using support::expectSame;
 using support::noisySkin;
@@ -58,14 +53,8 @@ struct Change {
 
 void expectChange(const Skin& skin, const EQWindowState& before, const Change& change)
 {
-    const Image window = EQWindowRenderer::render(skin, before, 1, Clip::none);
-    Collage expected(skin, window.size());
-    expected.add(window, {0, 0});
-    expected.add(change.piece);
-    const auto different = support::firstDifference(
-        EQWindowRenderer::render(skin, change.state, 1, Clip::none), std::move(expected).image());
-    EXPECT_FALSE(different) << change.piece.sprite << ", first at " << different->x << ", "
-                            << different->y;
+    support::expectAdded(skin, EQWindowRenderer::render(skin, change.state, 1, Clip::none),
+                         EQWindowRenderer::render(skin, before, 1, Clip::none), change.piece);
 }
 
 template <typename Change>
@@ -187,50 +176,6 @@ TEST(EQWindowRenderer, FollowsEachPartOfTheShadedState)
     }
 }
 
-TEST(EQWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
-{
-    const Skin skin = noisySkin();
-    for (const auto& state : {busyState(), shadedState()}) {
-        const Image small = EQWindowRenderer::render(skin, state, 1, Clip::none);
-        support::expectMagnified(EQWindowRenderer::render(skin, state, 3, Clip::none), small, 3);
-        expectSame(EQWindowRenderer::render(skin, state, INT_MIN, Clip::none), small);
-        support::expectDrawsAt(
-            {20, 30}, EQWindowRenderer::render(skin, state, 2, Clip::none), [&](Canvas& canvas) {
-                EQWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
-            });
-    }
-}
-
-TEST(EQWindowRenderer, TellsTheSizeOfItsWindow)
-{
-    EXPECT_EQ(EQWindowRenderer::size(busyState(), 2), (Size{550, 232}));
-    EXPECT_EQ(EQWindowRenderer::size(shadedState(), 2), (Size{550, 28}));
-    EXPECT_EQ(EQWindowRenderer::size(busyState(), INT64_MIN), (Size{275, 116}));
-    EXPECT_EQ(EQWindowRenderer::size(busyState(), INT64_MAX), std::nullopt);
-    EXPECT_DEATH(EQWindowRenderer::render(Skin{}, busyState(), INT_MAX, Clip::none), "scale");
-}
-
-TEST(EQWindowRenderer, ClipsEachFormToItsOwnRegionWhenAsked)
-{
-    Skin skin = noisySkin();
-    const SkinRegion::Polygons triangle{
-        {{3, 0}, {270, 2}, {100, 110}}
-    };
-    skin.region.sections["normal"] = {};
-    for (const auto& [state, section] : {
-             std::pair{busyState(),   "equalizer"  },
-             {shadedState(), "equalizerws"}
-    }) {
-        const Image whole = EQWindowRenderer::render(skin, state, 2, Clip::toRegion);
-        skin.region.sections[section] = triangle;
-        expectSame(EQWindowRenderer::render(skin, state, 2, Clip::none), whole);
-
-        const Image clipped = EQWindowRenderer::render(skin, state, 2, Clip::toRegion);
-        support::expectCut(clipped, whole,
-                           *SkinRegion::maskImage(triangle, *EQWindowRenderer::size(state, 1), 2));
-    }
-}
-
 TEST(EQWindowRenderer, LeavesOutWhatASkinLacks)
 {
     const Image nothing(PixelBuffer::transparent({275, 116}), Image::Alpha::any);
@@ -258,20 +203,4 @@ TEST(EQWindowRenderer, LeavesOutWhatASkinLacks)
                      pressing(busyState(), Control::shade),
                      {"EQ_MAXIMIZE_BUTTON_ACTIVE_FALLBACK", {254, 3}}
     });
-}
-
-TEST(EQWindowRenderer, LooksAsItDid)
-{
-    const auto skin = SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) /
-                                        "examples/skins/lagoon.wsz");
-    ASSERT_TRUE(skin);
-    auto state = busyState();
-    state.bands = {100, 80, 65, 50, 30, 0, 20, 50, 90, 100};
-    state.preamp = 60;
-    state.pressed = Band{5};
-    support::expectGolden(EQWindowRenderer::render(*skin, state, 1, Clip::toRegion),
-                          "lagoon-equalizer");
-    state.shaded = true;
-    support::expectGolden(EQWindowRenderer::render(*skin, state, 1, Clip::toRegion),
-                          "lagoon-equalizer-shaded");
 }

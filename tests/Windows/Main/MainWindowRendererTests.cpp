@@ -1,17 +1,15 @@
-#include "SkinKit/Text/TextRenderer.h"
+#include "SkinKit/Text/TextFont.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/VisRenderer.h"
 #include "tests/support/BMPWriter.h"
 #include "tests/support/Collage.h"
-#include "tests/support/Drawing.h"
 
 #include <gtest/gtest.h>
 
 using namespace SkinKit;
-using MainWindowRenderer::Clip;
 using support::Collage;
+using support::expectAdded;
 using support::expectSame;
-using support::firstDifference;
 using support::noisySkin;
 
 namespace {
@@ -40,6 +38,14 @@ MainWindowState busyState()
     state.marqueePixels = 3;
     state.balance = -0.4F;
     state.visualizer = MainWindowState::Oscilloscope{std::vector(75, 0.3F)};
+    return state;
+}
+
+constexpr Size shadeSize{275, 14};
+
+MainWindowState shaded(MainWindowState state = MainWindowState::webampScreenshot())
+{
+    state.shaded = true;
     return state;
 }
 
@@ -127,12 +133,7 @@ TEST(MainWindowRenderer, FollowsEachPartOfTheState)
     const Skin skin = noisySkin();
     for (const auto& [state, shown] : rows) {
         const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
-        Collage changed(skin);
-        changed.add(window, {0, 0});
-        changed.add(shown);
-        const auto different = firstDifference(window, std::move(changed).image());
-        EXPECT_FALSE(different) << shown.sprite << ", first at " << different->x << ", "
-                                << different->y;
+        expectAdded(skin, window, window, shown);
     }
 }
 
@@ -171,27 +172,6 @@ TEST(MainWindowRenderer, PutsTheMinusOfPlainDigitsLower)
     EXPECT_EQ(*window.crop({48, 26, 9, 13}), *skin.sheets.at("NUMBERS").crop({0, 0, 9, 13}));
 }
 
-TEST(MainWindowRenderer, ReplicatesThePixelsOfTheSmallWindowAtEveryScale)
-{
-    const Skin skin = noisySkin();
-    auto state = busyState();
-    // The visualizer is drawn two rows lower at scale 1 only.
-    state.visualizer = MainWindowState::Off{};
-    Collage expected(skin);
-    expected.add(MainWindowRenderer::render(skin, state, 1, Clip::none), {0, 0});
-    VisRenderer vis(skin.visColors, VisLayout::main());
-    vis.drawOscilloscope(std::vector(75, 0.3F), 0);
-    expected.add(vis.makeImage(), {24, 43});
-    const Image window = std::move(expected).image();
-    for (const int scale : {2, 3, 5})
-        support::expectMagnified(MainWindowRenderer::render(skin, busyState(), scale, Clip::none),
-                                 window, scale);
-    support::expectDrawsAt(
-        {20, 30}, MainWindowRenderer::render(skin, state, 2, Clip::none), [&](Canvas& canvas) {
-            MainWindowRenderer::draw(canvas, {20, 30}, skin, state, 2, Clip::none);
-        });
-}
-
 TEST(MainWindowRenderer, PushesTheVisualizerDownAtScaleOneOnly)
 {
     const Skin skin = noisySkin();
@@ -207,27 +187,10 @@ TEST(MainWindowRenderer, PushesTheVisualizerDownAtScaleOneOnly)
     }
 }
 
-TEST(MainWindowRenderer, TakesAScaleBelowOneForOne)
-{
-    const Skin skin = noisySkin();
-    const auto state = busyState();
-    const Image window = MainWindowRenderer::render(skin, state, 1, Clip::none);
-    const Image base = MainWindowRenderer::renderBase(skin, true, 1);
-    for (const int scale : {0, -1, INT_MIN}) {
-        expectSame(MainWindowRenderer::render(skin, state, scale, Clip::none), window);
-        expectSame(MainWindowRenderer::renderBase(skin, true, scale), base);
-        expectSame(MainWindowRenderer::renderDynamic(base, skin, state, scale), window);
-    }
-    EXPECT_EQ(MainWindowRenderer::size(3), (Size{825, 348}));
-    EXPECT_EQ(MainWindowRenderer::size(INT64_MIN), (Size{275, 116}));
-    EXPECT_EQ(MainWindowRenderer::size(INT64_MAX), std::nullopt);
-    EXPECT_DEATH(MainWindowRenderer::render(skin, state, INT_MAX, Clip::none), "scale");
-}
-
 TEST(MainWindowRenderer, DrawsTheSameInTwoLayersAsInOne)
 {
     const Skin skin = noisySkin();
-    for (const int scale : {1, 3})
+    for (const int scale : {INT_MIN, 1, 3})
         for (const bool focused : {false, true}) {
             auto state = busyState();
             state.focused = focused;
@@ -238,30 +201,6 @@ TEST(MainWindowRenderer, DrawsTheSameInTwoLayersAsInOne)
     Collage expected(skin);
     addBase(expected, false);
     expectSame(MainWindowRenderer::renderBase(skin, false, 1), std::move(expected).image());
-}
-
-TEST(MainWindowRenderer, ClipsToTheNormalRegionWhenAsked)
-{
-    Skin skin = noisySkin();
-    const auto state = busyState();
-    const Image whole = MainWindowRenderer::render(skin, state, 2, Clip::none);
-    const SkinRegion::Polygons polygons{
-        {{5, 5},   {270, 20}, {100, 110}},
-        {{0, 100}, {9, 100},  {9, 116}  }
-    };
-    skin.region.sections["normal"] = polygons;
-    const auto mask = SkinRegion::maskImage(polygons, {275, 116}, 2);
-    const Image clipped = MainWindowRenderer::render(skin, state, 2, Clip::toRegion);
-    support::expectCut(clipped, whole, *mask);
-    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::none), whole);
-
-    // A section without polygons clips everything away; another section clips nothing.
-    skin.region.sections["normal"] = {};
-    EXPECT_EQ(MainWindowRenderer::render(skin, state, 1, Clip::toRegion),
-              Image(PixelBuffer::transparent({275, 116}), Image::Alpha::any));
-    skin.region.sections.erase("normal");
-    skin.region.sections["equalizer"] = {};
-    expectSame(MainWindowRenderer::render(skin, state, 2, Clip::toRegion), whole);
 }
 
 TEST(MainWindowRenderer, LeavesOutWhatASkinLacks)
@@ -289,4 +228,154 @@ TEST(MainWindowRenderer, LeavesOutWhatASkinLacks)
              Rect{156, 43, 10,  6}
     })
         EXPECT_EQ(silent.crop(field), mute.sheets.at("MAIN").crop(field));
+}
+
+TEST(MainWindowRenderer, PlacesEveryPartOfTheShadedWindow)
+{
+    const Skin skin = noisySkin();
+    const auto state = shaded();
+    Collage expected(skin, shadeSize);
+    expected.add({
+        "MAIN_SHADE_BACKGROUND_SELECTED", {0, 0}
+    });
+    expected.add(VisRenderer(skin.visColors, VisLayout::shade(1)).makeImage(), {79, 5});
+    expected.add(miniTimeImage(skin, {" ", "0", "0", "0", "3"}), {127, 4});
+    expected.add({
+        {"MAIN_SHADE_POSITION_BACKGROUND", {226, 4}},
+        {"MAIN_SHADE_POSITION_THUMB",      {234, 4}}  // 0.6 of 14 pixels
+    });
+    expectSame(MainWindowRenderer::render(skin, state, 1, Clip::none), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, ShadesAStoppedPlayerOutOfFocus)
+{
+    const Skin skin = noisySkin();
+    auto state = shaded(MainWindowState::idle());
+    state.focused = false;
+    Collage expected(skin, shadeSize);
+    expected.add({
+        "MAIN_SHADE_BACKGROUND", {0, 0}
+    });
+    expected.add(miniTimeImage(skin, MiniTime::blank()), {127, 4});
+    expected.add({
+        "MAIN_SHADE_POSITION_BACKGROUND", {226, 4}
+    });
+    expectSame(MainWindowRenderer::render(skin, state, 1, Clip::none), std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, ChoosesTheShadedThumbByThePosition)
+{
+    const Skin skin = noisySkin();
+    const std::tuple<double, std::string_view, int> rows[] = {
+        {-1,   "MAIN_SHADE_POSITION_THUMB_LEFT",  226},
+        {0.33, "MAIN_SHADE_POSITION_THUMB_LEFT",  231},
+        {0.34, "MAIN_SHADE_POSITION_THUMB",       231},
+        {0.66, "MAIN_SHADE_POSITION_THUMB_RIGHT", 235},
+        {2,    "MAIN_SHADE_POSITION_THUMB_RIGHT", 240},
+    };
+    auto state = shaded(MainWindowState::idle());
+    const Image without = MainWindowRenderer::render(skin, state, 1, Clip::none);
+    for (const auto& [position, thumb, x] : rows) {
+        state.position = position;
+        expectAdded(skin, MainWindowRenderer::render(skin, state, 1, Clip::none), without,
+                    {
+                        thumb, {x, 4}
+        });
+    }
+}
+
+TEST(MainWindowRenderer, ShowsThePressedTitleButtonOnlyWhenShaded)
+{
+    using MainWindowLayout::TitleButton;
+    const Skin skin = noisySkin();
+    const std::tuple<TitleButton, std::string_view, int> rows[] = {
+        {TitleButton::options,  "MAIN_OPTIONS_BUTTON_DEPRESSED",        6  },
+        {TitleButton::minimize, "MAIN_MINIMIZE_BUTTON_DEPRESSED",       244},
+        {TitleButton::shade,    "MAIN_SHADE_BUTTON_SELECTED_DEPRESSED", 254},
+        {TitleButton::close,    "MAIN_CLOSE_BUTTON_DEPRESSED",          264},
+    };
+    auto state = shaded();
+    const Image released = MainWindowRenderer::render(skin, state, 1, Clip::none);
+    for (const auto& [button, sprite, x] : rows) {
+        state.pressed = button;
+        expectAdded(skin, MainWindowRenderer::render(skin, state, 1, Clip::none), released,
+                    {
+                        sprite, {x, 3}
+        });
+    }
+    state.shaded = false;
+    expectSame(
+        MainWindowRenderer::render(skin, state, 1, Clip::none),
+        MainWindowRenderer::render(skin, MainWindowState::webampScreenshot(), 1, Clip::none));
+}
+
+// A gauge of one bar and one peak, told from the pixels around it by the colours.
+TEST(MainWindowRenderer, DrawsTheShadedVisualizerFinerAboveScale1)
+{
+    const Skin skin = noisySkin();
+    auto state = shaded();
+    state.visualizer = MainWindowState::Spectrum{{3}, {5}};
+    const auto image = [&](int scale) {
+        return MainWindowRenderer::render(skin, state, scale, Clip::none);
+    };
+    const auto gauge = [&](int displayScale) {
+        VisRenderer renderer(skin.visColors, VisLayout::shade(displayScale));
+        renderer.drawBars(std::vector{3}, std::vector{5}, 0);
+        return renderer.makeImage();
+    };
+    EXPECT_EQ(image(1).crop({79, 5, 38, 5}), gauge(1).crop({0, 0, 38, 5}));
+    EXPECT_EQ(image(2).crop({158, 10, 76, 10}), gauge(2).crop({0, 0, 76, 10}));
+
+    // At 3 a pixel of the picture has one and a half of the device's.
+    const Image thrice = image(3);
+    const Image fine = gauge(2);
+    for (int y = 0; y < 15; ++y)
+        for (int x = 0; x < 114; ++x)
+            ASSERT_EQ(thrice.pixel({237 + x, 15 + y}),
+                      fine.pixel({(2 * x + 1) / 3, (2 * y + 1) / 3}))
+                << x << ", " << y;
+}
+
+TEST(MainWindowRenderer, LeavesTheShadedClocksColonFreeOfTheVisualizer)
+{
+    const Skin skin = noisySkin();
+    const auto background = skin.image("MAIN_SHADE_BACKGROUND_SELECTED");
+    for (const int scale : {1, 2, 3}) {
+        const auto image = MainWindowRenderer::render(skin, shaded(), scale, Clip::none);
+        for (int y = 0; y < 14; ++y)
+            EXPECT_EQ(image.pixel({145 * scale, y * scale}), background->pixel({145, y})) << y;
+    }
+}
+
+TEST(MainWindowRenderer, DrawsTheShadedOscilloscope)
+{
+    const Skin skin = noisySkin();
+    auto state = shaded();
+    state.visualizer = MainWindowState::Oscilloscope{std::vector<float>(37, 0.0F)};
+    const auto image = MainWindowRenderer::render(skin, state, 1, Clip::none);
+    for (int x = 0; x < 37; ++x)
+        EXPECT_EQ(image.pixel({79 + x, 7}), opaquePixel(skin.visColors[18])) << x;
+}
+
+TEST(MainWindowRenderer, LeavesOutWhatASkinLacksWhenShaded)
+{
+    const auto bare =
+        MainWindowRenderer::render(noisySkin({"TITLEBAR", "TEXT"}), shaded(), 1, Clip::none);
+    Collage expected(Skin{}, shadeSize);
+    expected.add(VisRenderer(Skin{}.visColors, VisLayout::shade(1)).makeImage(), {79, 5});
+    expectSame(bare, std::move(expected).image());
+}
+
+TEST(MainWindowRenderer, LeavesAGapForTheColonOfTheMiniClock)
+{
+    const Skin skin = noisySkin();
+    Collage expected(skin, {30, 6});
+    expected.add(textImage(skin, "-"), {1, 0});
+    expected.add(textImage(skin, "1"), {7, 0});
+    expected.add(textImage(skin, "2"), {12, 0});
+    expected.add(textImage(skin, "4"), {25, 0});
+    const auto image = miniTimeImage(skin, {"-", "1", "2", "", "4x"});
+    ASSERT_TRUE(image);
+    expectSame(*image, std::move(expected).image());
+    EXPECT_FALSE(miniTimeImage(Skin{}, MiniTime::blank()));
 }

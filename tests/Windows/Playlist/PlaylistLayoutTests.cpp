@@ -196,3 +196,163 @@ TEST(PlaylistLayout, FindsTheLargestWindowWithinASize)
     for (const auto& [width, height, expected] : rows)
         EXPECT_EQ(stepsForPixelSize(width, height), expected) << width << " x " << height;
 }
+
+TEST(PlaylistScroll, FindsTheFirstVisibleRowOfAPosition)
+{
+    using namespace PlaylistScroll;
+    const std::tuple<double, int, int, int> rows[] = {
+        {0,          20,       4,        0      },
+        {100,        20,       4,        16     },
+        {50,         20,       4,        8      },
+        {3.1249,     20,       4,        0      },
+        {3.125,      20,       4,        1      }, // half a row rounds up
+        {100,        4,        4,        0      },
+        {100,        3,        4,        0      },
+        {100,        0,        4,        0      },
+        {-5,         20,       4,        0      },
+        {250,        20,       4,        16     },
+        {infinity,   20,       4,        16     },
+        {infinity,   4,        4,        0      },
+        {-infinity,  20,       4,        0      },
+        {notANumber, 20,       4,        0      },
+        {100,        largest,  0,        largest},
+        {100,        largest,  smallest, largest},
+        {100,        smallest, largest,  0      },
+    };
+    for (const auto& [position, count, visibleRows, expected] : rows)
+        EXPECT_EQ(offset(position, count, visibleRows), expected)
+            << position << " of " << count << " in " << visibleRows;
+}
+
+TEST(PlaylistScroll, ShowsNoRowsBeyondTheLast)
+{
+    using namespace PlaylistScroll;
+    EXPECT_EQ(visibleRange(100, 20, 4), (Rows{16, 20}));
+    EXPECT_EQ(visibleRange(50, 20, 4), (Rows{8, 12}));
+    EXPECT_EQ(visibleRange(50, 3, 4), (Rows{0, 3}));
+    EXPECT_EQ(visibleRange(0, 0, 4), (Rows{0, 0}));
+    EXPECT_EQ(visibleRange(100, largest, 4), (Rows{largest - 4, largest}));
+    EXPECT_EQ(visibleRange(0, -3, 4), (Rows{0, 0}));
+}
+
+TEST(PlaylistScroll, SnapsTheHandleToWholeRows)
+{
+    using namespace PlaylistScroll;
+    const std::tuple<double, int, double> rows[] = {
+        {0,          7,  0   },
+        {16,         7,  0   },
+        {17,         7,  0.33}, // the first of three rows
+        {60,         7,  0.67},
+        {100,        7,  1   },
+        {300,        7,  1   },
+        {-300,       7,  0   },
+        {infinity,   7,  1   },
+        {notANumber, 7,  0   },
+        {50,         4,  0   }, // all rows show
+        {50,         -1, 0   },
+    };
+    for (const auto& [position, count, expected] : rows)
+        EXPECT_EQ(handleValue(position, count, 4), expected) << position << " of " << count;
+}
+
+TEST(PlaylistScroll, MovesByTheWheelInPixelsOfTheList)
+{
+    using namespace PlaylistScroll;
+    EXPECT_EQ(positionAfterWheel(13, 0, 10), 10);
+    EXPECT_EQ(positionAfterWheel(-26, 50, 10), 30);
+    EXPECT_EQ(positionAfterWheel(1000, 50, 10), 100);
+    EXPECT_EQ(positionAfterWheel(-1000, 50, 10), 0);
+    EXPECT_EQ(positionAfterWheel(infinity, 50, 10), 100);
+    EXPECT_EQ(positionAfterWheel(notANumber, 50, 10), 0);
+    EXPECT_EQ(positionAfterWheel(13, 50, 0), 0);
+    EXPECT_GT(positionAfterWheel(13, 0, largest), 0);
+}
+
+TEST(PlaylistScroll, MovesByRows)
+{
+    using namespace PlaylistScroll;
+    EXPECT_EQ(positionAfterScrolling(1, 0, 8, 4), 25);
+    EXPECT_EQ(positionAfterScrolling(-1, 50, 8, 4), 25);
+    EXPECT_EQ(positionAfterScrolling(-9, 50, 8, 4), 0);
+    EXPECT_EQ(positionAfterScrolling(9, 50, 8, 4), 100);
+    EXPECT_EQ(positionAfterScrolling(largest, 100, largest, 4), 100);
+    EXPECT_EQ(positionAfterScrolling(smallest, 100, largest, 4), 0);
+    EXPECT_EQ(positionAfterScrolling(1, 50, 4, 4), 0);
+}
+
+TEST(PlaylistScroll, FindsEveryRowAgainFromItsPosition)
+{
+    using namespace PlaylistScroll;
+    for (const int count : {5, 7, 64, 1000, 12345})
+        for (int row = 0; row <= overflow(count, 4); ++row) {
+            const double position = positionAfterScrolling(row, 0, count, 4);
+            ASSERT_EQ(offset(position, count, 4), row) << count;
+            const double back = positionAfterScrolling(-1, position, count, 4);
+            ASSERT_EQ(offset(back, count, 4), std::max(row - 1, 0)) << count;
+        }
+}
+
+TEST(PlaylistShadeLayout, KeepsItsButtonsAtTheRightEdge)
+{
+    using namespace PlaylistShadeLayout;
+    const std::array<Rect, 3> base{
+        {{264, 3, 9, 9}, {254, 3, 9, 9}, {246, 3, 9, 9}}
+    };
+    const std::array<Rect, 3> none{
+        {{-11, 3, 9, 9}, {-21, 3, 9, 9}, {-29, 3, 9, 9}}
+    };
+    EXPECT_EQ(dragExclusions(275), base);
+    EXPECT_EQ(dragExclusions(smallest), none);
+    EXPECT_EQ(timeRightEdge(275), 245);
+    EXPECT_EQ(timeRightEdge(smallest), -30);
+}
+
+TEST(PlaylistShadeLayout, CutsTheTitleBetweenTwoCharactersAsReadersSeeThem)
+{
+    const std::string longest(41, 'x');
+    const std::string letter = "e\u0301";                    // with its mark
+    const std::string family = "\U0001F468\u200D\U0001F469"; // two people joined to one sign
+    const std::string flag = "\U0001F1E9\U0001F1EA";
+    const std::tuple<std::optional<std::string>, int, std::string> rows[] = {
+        {std::nullopt,                   275,      "[No file]"             },
+        {std::nullopt,                   smallest, "[No file]"             },
+        {"",                             275,      ""                      },
+        {longest,                        275,      longest                 },
+        {longest + "x",                  275,      longest.substr(1) + "…" },
+        {longest + "x",                  279,      longest.substr(1) + "…" },
+        {longest + "x",                  280,      longest + "x"           },
+        {"abc",                          85,       "abc"                   },
+        {"abcd",                         85,       "ab…"                   },
+        {letter + letter + letter,       85,       letter + letter + letter},
+        {letter + letter + letter + "x", 85,       letter + letter + "…"   },
+        {family + family + "xy",         85,       family + family + "…"   },
+        {flag + flag + flag + flag,      85,       flag + flag + "…"       },
+        {"\r\n\r\n\r\n",                 85,       "\r\n\r\n\r\n"          },
+        {"ab",                           75,       "…"                     },
+        {"a",                            70,       "…"                     },
+        {"",                             66,       ""                      }, // -0.8 is 0 characters
+        {"",                             65,       "…"                     },
+        {"a",                            smallest, "…"                     },
+        {"\xFF\xFF\xFF\xFF",             85,       "\xFF\xFF…"             }, // a character each
+    };
+    for (const auto& [name, width, expected] : rows)
+        EXPECT_EQ(PlaylistShadeLayout::title(name, width), expected) << width;
+}
+
+TEST(PlaylistShadeLayout, WritesTheTimeWithoutALeadingZero)
+{
+    using PlaylistShadeLayout::timeString;
+    const std::pair<std::optional<double>, std::string_view> rows[] = {
+        {std::nullopt,                             ""     },
+        {0,                                        "0:00" },
+        {65.9,                                     "1:05" },
+        {754,                                      "12:34"},
+        {1e9,                                      "99:59"},
+        {-5,                                       "0:00" },
+        {std::numeric_limits<double>::quiet_NaN(), "0:00" },
+    };
+    for (const auto& [seconds, expected] : rows)
+        EXPECT_EQ(timeString(seconds), expected);
+    EXPECT_EQ(timeString(TimeDigits{}), "00:00");
+    EXPECT_EQ(timeString(TimeDigits{.minutesTens = 0, .secondsOnes = 7}), "0:07");
+}

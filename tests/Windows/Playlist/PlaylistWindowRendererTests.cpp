@@ -1,14 +1,12 @@
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
-#include "SkinKit/Text/TextRenderer.h"
-#include "SkinKit/Windows/Main/MiniTime.h"
+#include "SkinKit/Text/TextFont.h"
+#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
-#include "tests/support/Drawing.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <set>
 
 using namespace SkinKit;
@@ -50,6 +48,17 @@ PlaylistWindowState fullList(Steps steps)
     for (int i = 0; i < 100; ++i)
         state.entries.push_back({"Agpqy, j@|" + std::string(i == 2 ? 1000 : 3, 'W'), 61.0 * i});
     state.entries[0].isSelected = true;
+    return state;
+}
+
+Image render(const Skin& skin, const PlaylistWindowState& state)
+{
+    return PlaylistWindowRenderer::render(skin, state, 1, Clip::none);
+}
+
+PlaylistWindowState shaded(PlaylistWindowState state)
+{
+    state.shaded = true;
     return state;
 }
 
@@ -101,7 +110,7 @@ TEST(PlaylistWindowRenderer, TilesTheFrameAroundTheListAtEverySize)
             .steps = {width, height}
         };
         state.focused = isEven;
-        const Image image = PlaylistWindowRenderer::render(skin, state, 1);
+        const Image image = render(skin, state);
         const std::string end = isEven ? "_SELECTED" : "";
         const int w = 275 + 25 * width;
         const int h = 116 + 29 * height;
@@ -139,7 +148,7 @@ TEST(PlaylistWindowRenderer, WritesEachEntryInItsColoursAndInsideItsRow)
     const Skin skin = markedSkin();
     for (const int height : {0, 1, 3, 11, 16}) {
         const Steps steps(1, height);
-        const Image image = PlaylistWindowRenderer::render(skin, fullList(steps), 1);
+        const Image image = render(skin, fullList(steps));
         const int rows = PlaylistLayout::visibleRows(steps);
         for (int i = 0; i < rows; ++i) {
             const Rect row = rowRect(steps, i);
@@ -166,11 +175,11 @@ TEST(PlaylistWindowRenderer, ScrollsByWholeRowsAndMovesTheHandle)
 {
     const Skin skin = markedSkin();
     auto state = fullList({0, 0});
-    const Image top = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image top = render(skin, state);
     state.scrollPosition = 100.0 * 1 / 96;
-    const Image second = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image second = render(skin, state);
     state.scrollPosition = 100;
-    const Image bottom = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image bottom = render(skin, state);
 
     const auto part = [](const Image& image, int row) { return *image.crop(rowRect({0, 0}, row)); };
     for (int row = 0; row < 3; ++row)
@@ -186,7 +195,7 @@ TEST(PlaylistWindowRenderer, OpensOneMenuAboveItsButton)
     auto state = fullList({3, 2});
     for (const Menu menu : PlaylistLayout::allMenus) {
         state.openMenu = menu;
-        const Image image = PlaylistWindowRenderer::render(skin, state, 1);
+        const Image image = render(skin, state);
         for (const auto& [sprite, rect] : PlaylistLayout::menuEntries(menu, state.steps))
             expectSprite(image, sprite, rect);
         const auto bar = PlaylistLayout::menuBar(menu, state.steps);
@@ -203,14 +212,14 @@ TEST(PlaylistWindowRenderer, WritesItsTimesInTheSkinsFont)
         .steps = {2, 2},
         .status = {.transport = Transport::playing, .elapsed = 83}
     };
-    const Image image = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image image = render(skin, state);
     EXPECT_EQ(*image.crop({325 - 143, 174 - 28, 90, 6}), *textImage(skin, "1:00/1:30         "));
     const Image clock = *miniTimeImage(skin, {" ", "0", "1", "2", "3"});
     EXPECT_EQ(image.crop({325 - 84 + 7, 174 - 15, 10, 6}), clock.crop({7, 0, 10, 6}));
     EXPECT_EQ(image.crop({325 - 84 + 20, 174 - 15, 10, 6}), clock.crop({20, 0, 10, 6}));
 
     state.entries.push_back({"e", 1e300});
-    const Image tooLong = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image tooLong = render(skin, state);
     for (int x = 325 - 143 + 90; x < 325; ++x) // ends with its room
         ASSERT_EQ(tooLong.pixel({x, 174 - 26}), image.pixel({x, 174 - 26}));
 }
@@ -219,17 +228,16 @@ TEST(PlaylistWindowRenderer, ShadesToAStripWithTheCurrentEntry)
 {
     Skin skin = markedSkin();
     auto state = fullList({3, 7});
-    const Image bare = PlaylistWindowRenderer::renderShade(skin, state, 1);
+    const Image bare = render(skin, shaded(state));
     ASSERT_EQ(bare.size(), (Size{350, 14}));
     expectSprite(bare, "PLAYLIST_SHADE_BACKGROUND_LEFT", {0, 0, 25, 14});
     expectSprite(bare, "PLAYLIST_SHADE_BACKGROUND", {25, 0, 275, 14});
     expectSprite(bare, "PLAYLIST_SHADE_BACKGROUND_RIGHT_SELECTED", {300, 0, 50, 14});
     state.focused = false;
-    expectSprite(PlaylistWindowRenderer::renderShade(skin, state, 1),
-                 "PLAYLIST_SHADE_BACKGROUND_RIGHT", {300, 0, 50, 14});
+    expectSprite(render(skin, shaded(state)), "PLAYLIST_SHADE_BACKGROUND_RIGHT", {300, 0, 50, 14});
 
     skin.sheets.emplace("TEXT", *GeneratedBaseSkin::sheet("TEXT"));
-    const Image playing = PlaylistWindowRenderer::renderShade(skin, state, 1);
+    const Image playing = render(skin, shaded(state));
     const auto textAt = [](const Image& image, int x, std::size_t length) {
         return image.crop({x, 4, 5 * static_cast<int>(length), 6});
     };
@@ -237,11 +245,11 @@ TEST(PlaylistWindowRenderer, ShadesToAStripWithTheCurrentEntry)
     EXPECT_EQ(textAt(playing, 300, 4), textImage(skin, "1:01"));
 
     state.current = 2; // with a name that is far too long
-    const Image tooLong = PlaylistWindowRenderer::renderShade(skin, state, 1);
+    const Image tooLong = render(skin, shaded(state));
     EXPECT_EQ(textAt(tooLong, 5 + 55 * 5, 1), textImage(skin, "…"));
     EXPECT_EQ(textAt(tooLong, 300, 4), textImage(skin, "2:02"));
     state.current = 100; // no such entry
-    const Image idle = PlaylistWindowRenderer::renderShade(skin, state, 1);
+    const Image idle = render(skin, shaded(state));
     EXPECT_EQ(textAt(idle, 5, 9), textImage(skin, "[No file]"));
 }
 
@@ -251,61 +259,24 @@ TEST(PlaylistWindowRenderer, DrawsOnlyTheListWithoutSheets)
     skin.playlistStyle = style;
     auto state = fullList({1, 1});
     state.openMenu = Menu::misc;
-    const Image image = PlaylistWindowRenderer::render(skin, state, 1);
+    const Image image = render(skin, state);
     const Rect list{12, 20, 268, 87};
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
             ASSERT_EQ(image.pixel({x, y}) != transparentPixel, contains(list, Point{x, y}));
-    EXPECT_EQ(colorsIn(PlaylistWindowRenderer::renderShade(skin, state, 1), {0, 0, 300, 14}),
-              std::set{transparentPixel});
+    EXPECT_EQ(colorsIn(render(skin, shaded(state)), {0, 0, 300, 14}), std::set{transparentPixel});
 }
 
 TEST(PlaylistWindowRenderer, DrawsNoMoreOfASmallSheetThanItHas)
 {
     Skin skin = markedSkin();
     skin.sheets.at("PLEDIT") = *markedSheet().crop({0, 0, 140, 50});
-    const Image image = PlaylistWindowRenderer::render(skin,
-                                                       {
-                                                           .steps = {1, 1}
-    },
-                                                       1);
+    const Image image = render(skin, {
+                                         .steps = {1, 1}
+    });
     EXPECT_EQ(image.pixel({0, 27}), markOf({0, 49}));
     EXPECT_EQ(image.pixel({0, 28}), transparentPixel); // the tile's rows beyond the sheet
     EXPECT_EQ(image.pixel({0, 49}), markOf({0, 42}));  // the next tile is where it always is
     EXPECT_EQ(image.pixel({37, 5}), markOf({139, 5}));
     EXPECT_EQ(image.pixel({38, 5}), transparentPixel);
-}
-
-TEST(PlaylistWindowRenderer, DrawsIntoACallersCanvasAtAnyPlaceAndScale)
-{
-    const Skin skin = markedSkin();
-    const auto state = fullList({1, 2});
-    const Image plain = PlaylistWindowRenderer::render(skin, state, 1);
-    const Image twice = PlaylistWindowRenderer::render(skin, state, 2);
-    const Image shade = PlaylistWindowRenderer::renderShade(skin, state, 2);
-    EXPECT_EQ(PlaylistWindowRenderer::render(skin, state, -3), plain);
-    EXPECT_EQ(PlaylistWindowRenderer::size(state.steps, 3), (Size{900, 522}));
-    EXPECT_EQ(PlaylistWindowRenderer::shadeSize(state.steps, 0), (Size{300, 14}));
-    support::expectMagnified(twice, plain, 2);
-    support::expectMagnified(shade, PlaylistWindowRenderer::renderShade(skin, state, 1), 2);
-    support::expectDrawsAt({40, 20}, twice, [&](Canvas& canvas) {
-        PlaylistWindowRenderer::draw(canvas, {40, 20}, skin, state, 2);
-    });
-    support::expectDrawsAt({40, 20}, shade, [&](Canvas& canvas) {
-        PlaylistWindowRenderer::drawShade(canvas, {40, 20}, skin, state, 2);
-    });
-}
-
-TEST(PlaylistWindowRenderer, RefusesAWindowThatNoRasterCanHold)
-{
-    constexpr int largest = std::numeric_limits<int>::max();
-    const PlaylistWindowState state{
-        .steps = {largest, largest}
-    };
-    EXPECT_FALSE(PlaylistWindowRenderer::size(state.steps, 1));
-    EXPECT_FALSE(PlaylistWindowRenderer::size({0, 0}, 1 << 20));
-    EXPECT_FALSE(PlaylistWindowRenderer::shadeSize(state.steps, 1));
-    Canvas canvas({10, 10});
-    EXPECT_DEATH(PlaylistWindowRenderer::draw(canvas, {0, 0}, Skin{}, state, 1), "raster");
-    EXPECT_DEATH(PlaylistWindowRenderer::drawShade(canvas, {0, 0}, Skin{}, state, 1), "raster");
 }

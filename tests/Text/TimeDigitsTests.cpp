@@ -1,9 +1,9 @@
-#include "SkinKit/Windows/Main/MainWindowState.h"
-#include "SkinKit/Windows/Main/MiniTime.h"
+#include "SkinKit/Text/TimeDigits.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
 
 using namespace SkinKit;
 
@@ -55,21 +55,6 @@ TEST(TimeMode, IsReadFromItsExactWord)
     EXPECT_EQ(parseTimeMode("remaining"), TimeMode::remaining);
     for (const auto* other : {"", "Elapsed", "elapsed ", "remain"})
         EXPECT_EQ(parseTimeMode(other), std::nullopt);
-}
-
-TEST(MiniTime, SpellsTheClockOutWithItsSign)
-{
-    const auto characters = [](Transport transport, TimeMode mode) {
-        std::string joined;
-        for (const auto& character : MiniTime::characters(
-                 {.transport = transport, .timeMode = mode, .elapsed = 3, .duration = 757}))
-            joined += character;
-        return joined;
-    };
-    EXPECT_EQ(characters(Transport::playing, TimeMode::elapsed), " 0003");
-    EXPECT_EQ(characters(Transport::paused, TimeMode::remaining), "-1234");
-    EXPECT_EQ(characters(Transport::loading, TimeMode::remaining), "-1234");
-    EXPECT_EQ(characters(Transport::stopped, TimeMode::remaining), "     ");
 }
 
 TEST(DigitFont, NamesTheSpriteOfEachDigit)

@@ -54,3 +54,18 @@ TEST(MediaInfoText, FitsASampleRateIntoTwoCharacters)
     for (const auto& [rate, expected] : rows)
         EXPECT_EQ(MediaInfoText::khz(rate), expected) << rate.value_or(-1);
 }
+
+TEST(MiniTime, SpellsTheClockOutWithItsSign)
+{
+    const auto characters = [](Transport transport, TimeMode mode) {
+        std::string joined;
+        for (const auto& character : MiniTime::characters(
+                 {.transport = transport, .timeMode = mode, .elapsed = 3, .duration = 757}))
+            joined += character;
+        return joined;
+    };
+    EXPECT_EQ(characters(Transport::playing, TimeMode::elapsed), " 0003");
+    EXPECT_EQ(characters(Transport::paused, TimeMode::remaining), "-1234");
+    EXPECT_EQ(characters(Transport::loading, TimeMode::remaining), "-1234");
+    EXPECT_EQ(characters(Transport::stopped, TimeMode::remaining), "     ");
+}
