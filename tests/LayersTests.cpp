@@ -51,7 +51,6 @@ const std::map<std::string_view, std::vector<std::string_view>> libraryHeaders{
     {"csetjmp",           {"SkinKit/Graphics/PNGCodec.cpp"}},
     {"libdeflate.h",      {"SkinKit/Archive/Inflate.cpp", "SkinKit/Graphics/PNGCodec.cpp"}},
     {"md5.h",             {"SkinKit/Base/MD5.cpp"}},
-    {"nlohmann/json.hpp", {"SkinKit/Base/JSON.cpp"}},
     {"png.h",             {"SkinKit/Graphics/PNGCodec.cpp"}},
     {"utf8proc.h",        {"SkinKit/Base/Unicode.cpp"}},
     {"immintrin.h",       {"SkinKit/Graphics/Simd.cpp"}},

@@ -239,6 +239,12 @@ std::string fromCodePage437(ByteView bytes)
     return text;
 }
 
+std::size_t characterLength(std::string_view text)
+{
+    const Part part = firstPart(asBytes(text));
+    return part.wellFormed ? part.length : 0;
+}
+
 char32_t takeCodePoint(std::string_view& text)
 {
     if (const auto byte = static_cast<unsigned char>(text[0]); byte < 0x80) {
