@@ -1,6 +1,6 @@
+#include "SkinKit/System/InputFile.h"
 #include "SkinKit/System/ProcessFootprint.h"
 
-#include "SkinKit/System/Files.h"
 
 #include <unistd.h>
 

@@ -5,6 +5,8 @@
 #include "SkinKit/Base/JSON.h"
 #include "SkinKit/Base/MD5.h"
 #include "SkinKit/Base/Unicode.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <algorithm>
 #include <array>

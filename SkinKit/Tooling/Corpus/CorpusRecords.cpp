@@ -1,6 +1,5 @@
 #include "SkinKit/Tooling/Corpus/CorpusRecords.h"
-
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <string_view>
 #include <utility>

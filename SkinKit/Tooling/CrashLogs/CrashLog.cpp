@@ -2,6 +2,8 @@
 
 #include "SkinKit/Base/TextLines.h"
 #include "SkinKit/Base/Unicode.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <algorithm>
 #include <optional>
@@ -151,7 +153,7 @@ bool isText(ByteView bytes)
 // Nothing for a file that is no text.
 Files::Result<std::optional<std::string>> readText(const std::filesystem::path& path)
 {
-    auto file = Files::InputFile::open(path, Files::Links::refused);
+    auto file = Files::InputFile::open(path, Files::Links::rejected);
     if (!file && Files::isUnsuitableFile(file.error()))
         return std::nullopt;
     if (!file)

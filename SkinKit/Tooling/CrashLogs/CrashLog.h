@@ -2,6 +2,7 @@
 
 #include "SkinKit/System/Files.h"
 
+
 #include <filesystem>
 #include <string>
 #include <string_view>

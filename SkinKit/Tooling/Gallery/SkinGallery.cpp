@@ -7,7 +7,9 @@
 #include "SkinKit/Pages/PreviewDocument.h"
 #include "SkinKit/Pages/SkinGalleryPage.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/Corpus/CorpusListing.h"
 #include "SkinKit/Tooling/Gallery/ParallelFor.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
@@ -73,7 +75,7 @@ std::optional<ByteBuffer> marked(const Image& picture)
 
 Files::Result<bool> isMarked(const fs::path& path)
 {
-    auto file = Files::InputFile::open(path, Files::Links::refused);
+    auto file = Files::InputFile::open(path, Files::Links::rejected);
     if (!file)
         return std::unexpected(file.error());
     std::array<std::uint8_t, markEnd> start;
