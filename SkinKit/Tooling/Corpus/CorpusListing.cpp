@@ -208,6 +208,15 @@ std::optional<std::vector<CorpusFile>> parse(std::string_view json)
     return files;
 }
 
+Files::Result<std::optional<std::vector<CorpusFile>>> read(const fs::path& file)
+{
+    constexpr std::int64_t maxBytes = std::int64_t{1} << 32;
+    const auto bytes = Files::read(file, maxBytes);
+    if (!bytes && bytes.error() != std::errc::no_such_file_or_directory)
+        return std::unexpected(bytes.error());
+    return bytes ? parse(asText(*bytes)) : std::nullopt;
+}
+
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "SkinKit/Base/JSON.h"
 #include "SkinKit/Base/Numbers.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <chrono>
 #include <utility>
@@ -151,6 +152,29 @@ std::optional<CorpusRecord> CorpusRecord::parse(std::string_view line)
         isRecord = isRecord && (!found || read(*found, field));
     });
     return isRecord ? std::optional(std::move(record)) : std::nullopt;
+}
+
+namespace CorpusRecords {
+
+std::error_code read(const std::filesystem::path& file,
+                     const std::function<void(CorpusRecord)>& take)
+{
+    return Files::forEachLine(file, [&](std::string_view line) {
+        if (auto record = CorpusRecord::parse(line))
+            take(std::move(*record));
+    });
+}
+
+Files::Result<std::vector<CorpusRecord>> readAll(const std::filesystem::path& file)
+{
+    std::vector<CorpusRecord> records;
+    const auto error =
+        read(file, [&](CorpusRecord record) { records.push_back(std::move(record)); });
+    if (error && error != std::errc::no_such_file_or_directory)
+        return std::unexpected(error);
+    return records;
+}
+
 }
 
 }

@@ -1,4 +1,5 @@
 #include "SkinKit/Tooling/Corpus/CorpusRecord.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -57,4 +58,22 @@ TEST(CorpusRecord, RejectsALineThatIsNoRecord)
           R"({"event":"x","warnings":["a",1]})", R"({"event":"x","warnings":{"a":"b"}})",
           R"({"event":"x"} y)", R"({"event":"result","path":"cut sh)"})
         EXPECT_EQ(CorpusRecord::parse(line), std::nullopt) << line;
+}
+
+TEST(CorpusRecords, ReadsTheRecordsThatAreWhole)
+{
+    const support::TemporaryFolder folder;
+    EXPECT_EQ(CorpusRecords::readAll(folder / "missing"), std::vector<CorpusRecord>{});
+    EXPECT_FALSE(CorpusRecords::readAll(folder.path()));
+    const std::string longName(200'000, 'x'); // longer than what is read at a time
+    const auto path =
+        folder.write("results.jsonl",
+                     support::bytes("{\"event\":\"a\"}\n\n\nrubbish\n{\"event\":\"b\",\"name\":\"" +
+                                    longName + "\"}\n{\"event\":\"c\"}\n{\"event\":\"d\""));
+    EXPECT_EQ(CorpusRecords::readAll(path),
+              (std::vector<CorpusRecord>{
+                  {.event = "a"},
+                  {.event = "b", .name = longName},
+                  {.event = "c"}
+    }));
 }
