@@ -4,7 +4,7 @@
 #include "SkinKit/Pages/PreviewDocument.h"
 #include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
-#include "skintool/Loading.h"
+#include "skintool/Skins.h"
 
 #include <filesystem>
 #include <optional>

@@ -6,8 +6,7 @@
 #include "SkinKit/Windows/Main/MainShadeRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
-#include "skintool/Loading.h"
-#include "skintool/Pictures.h"
+#include "skintool/Skins.h"
 
 #include <filesystem>
 #include <system_error>

@@ -3,7 +3,7 @@
 // which libraries do not see to.
 #include "SkinKit/Base/JSON.h"
 
-#include "SkinKit/Base/Hex.h"
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Base/Numbers.h"
 #include "SkinKit/Base/Unicode.h"
 

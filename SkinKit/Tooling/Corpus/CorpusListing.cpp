@@ -1,9 +1,8 @@
 #include "SkinKit/Tooling/Corpus/CorpusListing.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/Base/Hex.h"
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Base/JSON.h"
-#include "SkinKit/Base/MD5.h"
 #include "SkinKit/Base/Unicode.h"
 #include "SkinKit/System/Folder.h"
 #include "SkinKit/System/InputFile.h"

@@ -11,7 +11,7 @@
 #include "SkinKit/Tooling/Corpus/CorpusManifest.h"
 #include "SkinKit/Tooling/Corpus/CorpusPlan.h"
 #include "SkinKit/Tooling/Corpus/CorpusWatchdog.h"
-#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 
 #include <algorithm>

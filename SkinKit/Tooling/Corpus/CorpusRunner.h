@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SkinKit/System/ProcessFootprint.h"
+#include "SkinKit/System/Process.h"
 #include "SkinKit/Tooling/CommandLine/CorpusOptions.h"
 #include "SkinKit/Tooling/Corpus/CorpusRecord.h"
 

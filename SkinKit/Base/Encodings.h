@@ -4,12 +4,19 @@
 
 #include <charconv>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+
+struct MD5Context;
+
+// Bytes as plain letters and digits, and what identifies them.
+namespace SkinKit {
 
 // Hexadecimal digits.
-namespace SkinKit::Hex {
+namespace Hex {
 
 inline constexpr std::string_view lowerCase = "0123456789abcdef";
 inline constexpr std::string_view upperCase = "0123456789ABCDEF";
@@ -50,5 +57,33 @@ inline std::optional<std::string> decoded(std::string_view hex)
     }
     return hex.empty() ? std::optional(std::move(bytes)) : std::nullopt;
 }
+
+}
+
+// For documents that contain pictures as text.
+namespace Base64 {
+
+// Four characters for every three bytes, the last ones padded with "=".
+std::string encoded(ByteView bytes);
+
+// The same in lines of at most 76 characters, each ended by "\r\n", as mail wants it.
+std::string encodedLines(ByteView bytes);
+
+}
+
+// The MD5 message digest (RFC 1321): a fingerprint that tells files apart; it protects nothing.
+class MD5 {
+public:
+    MD5();
+    ~MD5();
+
+    // The next bytes of the message.
+    void add(ByteView bytes);
+    // The digest of all of them, as 32 lower-case hexadecimal digits. Once, at the end.
+    std::string hexDigest();
+
+private:
+    std::unique_ptr<MD5Context> context_;
+};
 
 }
