@@ -1,3 +1,6 @@
+// UTF-8 is checked and two code pages are read by hand: utf8proc does not report which parts of
+// ill-formed text to replace, and the C library's iconv loads its tables at run time, which a
+// statically linked program can't rely on.
 #include "SkinKit/Base/Unicode.h"
 
 #include "SkinKit/Base/Check.h"
