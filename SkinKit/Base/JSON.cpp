@@ -7,6 +7,7 @@
 #include "SkinKit/Base/Numbers.h"
 #include "SkinKit/Base/Unicode.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace SkinKit {
@@ -118,10 +119,7 @@ private:
 
     bool takeWord(std::string_view word)
     {
-        for (const char c : word)
-            if (!skip(c))
-                return false;
-        return true;
+        return std::ranges::all_of(word, [this](char c) { return skip(c); });
     }
 
     bool takeText(std::string_view& text)

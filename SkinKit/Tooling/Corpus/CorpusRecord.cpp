@@ -71,7 +71,7 @@ bool read(const JSONNode& json, T& value)
     const T* const found = json.as<T>();
     if (found)
         value = *found;
-    return found;
+    return found != nullptr;
 }
 
 bool read(const JSONNode& json, std::string& text)
@@ -79,7 +79,7 @@ bool read(const JSONNode& json, std::string& text)
     const auto* const found = json.as<std::string_view>();
     if (found)
         text = *found;
-    return found;
+    return found != nullptr;
 }
 
 bool read(const JSONNode& json, std::int64_t& value)
