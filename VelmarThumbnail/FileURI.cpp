@@ -1,7 +1,8 @@
 #include "VelmarThumbnail/FileURI.h"
 
+#include "SkinKit/Base/Encodings.h"
+
 #include <algorithm>
-#include <charconv>
 #include <string>
 
 namespace VelmarThumbnail::FileURI {
@@ -24,12 +25,8 @@ std::optional<char> unescaped(std::string_view escape)
 {
     if (escape.size() < 3)
         return std::nullopt;
-    unsigned char byte = 0;
-    const char* const end = escape.data() + 3;
-    const auto [stop, error] = std::from_chars(escape.data() + 1, end, byte, 16);
-    if (error != std::errc{} || stop != end || byte == 0)
-        return std::nullopt;
-    return static_cast<char>(byte);
+    const auto byte = SkinKit::Hex::parse(escape.substr(1, 2));
+    return byte && *byte != 0 ? std::optional(static_cast<char>(*byte)) : std::nullopt;
 }
 
 }

@@ -1,7 +1,8 @@
 #include "VelmarThumbnail/Thumbnailer.h"
 
 #include "SkinKit/Graphics/PNGCodec.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/System/Sandbox.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"

@@ -1,4 +1,4 @@
-#include "SkinKit/Base/MD5.h"
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Tooling/Corpus/CorpusRunner.h"
 #include "tests/support/Collection.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
 #include "SkinKit/System/Process.h"
 #include "benchmarks/Cases.h"
 #include "benchmarks/RatioReporter.h"

@@ -23,8 +23,6 @@ skinkit_find_library(Dependency::seccomp seccomp.h libseccomp.a seccomp)
 set(skinkitDependencies Dependency::deflate Dependency::png Dependency::utf8proc Dependency::md)
 set(skinkitLinkNames deflate png16 z m utf8proc md)
 
-find_package(nlohmann_json REQUIRED)
-
 # Links a program without any shared library where the system has all of them static (and such a
 # program runs, which sanitizers prevent), else without a shared C++ runtime. Loading
 # and relocating them is a third of what a program costs that is done in milliseconds. The program is

@@ -7,7 +7,7 @@ namespace {
 
 using namespace SkinKit;
 
-JSON toJSON(const std::string& md5, const ManifestEntry& entry)
+JSON toJSON(const std::string& md5, const CorpusManifest::Entry& entry)
 {
     JSON::Object object{
         {"md5", md5}
@@ -23,16 +23,16 @@ JSON toJSON(const std::string& md5, const ManifestEntry& entry)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto manifest = parseManifest(asText({data, size}));
+    const auto manifest = CorpusManifest::parse(asText({data, size}));
     if (!manifest) {
         fuzzing::require(!manifest.error().empty());
         return 0;
     }
     JSON::Array entries;
-    for (const auto& [md5, entry] : *manifest) {
+    for (const auto& [md5, entry] : manifest->byMD5) {
         fuzzing::require(Unicode::lowercased(md5) == md5);
         entries.push_back(toJSON(md5, entry));
     }
-    fuzzing::require(parseManifest(JSON(std::move(entries)).text()) == manifest);
+    fuzzing::require(CorpusManifest::parse(JSON(std::move(entries)).text()) == manifest);
     return 0;
 }

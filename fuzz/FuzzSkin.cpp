@@ -1,7 +1,6 @@
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Sprites/GeneratedBaseSkin.h"
 #include "SkinKit/Sprites/SkinSprites.h"
-#include "SkinKit/Tooling/RequiredSprites.h"
 #include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"

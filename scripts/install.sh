@@ -20,7 +20,7 @@ install() {
 # What the library and the programs are built with and from.
 install_build_packages() {
     install g++ cmake ninja-build ccache \
-        libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev nlohmann-json3-dev \
+        libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev \
         libseccomp-dev
 }
 

@@ -1,8 +1,8 @@
 #include "skintool/Commands.h"
 
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
-#include "SkinKit/Tooling/Corpus/CorpusRecords.h"
 #include "SkinKit/Tooling/Report/CorpusReport.h"
 
 #include <expected>

@@ -1,6 +1,6 @@
 #include "skintool/Commands.h"
 
-#include "skintool/Loading.h"
+#include "skintool/Skins.h"
 
 #include <optional>
 #include <utility>

@@ -2,9 +2,9 @@
 
 #include "SkinKit/Base/Unicode.h"
 #include "SkinKit/Pages/PreviewDocument.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
-#include "skintool/Loading.h"
+#include "skintool/Skins.h"
 
 #include <filesystem>
 #include <optional>

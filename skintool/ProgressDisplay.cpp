@@ -1,13 +1,33 @@
 #include "skintool/ProgressDisplay.h"
 
-#include "SkinKit/System/Terminal.h"
+#include "SkinKit/System/Process.h"
 #include "skintool/Console.h"
+
+#include <algorithm>
+#include <cstdio>
 
 namespace skintool {
 
+void LiveLine::show(std::string_view text)
+{
+    const auto width = static_cast<std::size_t>(std::max(this->width(), 0));
+    std::string line(text.substr(0, width));
+    line.resize(width, ' ');
+    std::fprintf(stderr, "\r%s\r", line.c_str());
+    std::fflush(stderr);
+    isShown_ = true;
+}
+
+void LiveLine::end()
+{
+    if (isShown_)
+        std::fputc('\n', stderr);
+    isShown_ = false;
+}
+
 ProgressDisplay::ProgressDisplay()
 {
-    if (const auto columns = SkinKit::Terminal::errorColumns())
+    if (const auto columns = SkinKit::Process::errorColumns())
         live_.emplace(*columns);
 }
 

@@ -4,8 +4,7 @@
 #include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
-#include "skintool/Loading.h"
-#include "skintool/Pictures.h"
+#include "skintool/Skins.h"
 
 #include <optional>
 

@@ -5,8 +5,7 @@
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
-#include "skintool/Loading.h"
-#include "skintool/Pictures.h"
+#include "skintool/Skins.h"
 
 #include <filesystem>
 #include <system_error>

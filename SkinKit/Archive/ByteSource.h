@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/Base/Bytes.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <cstdint>
 #include <optional>

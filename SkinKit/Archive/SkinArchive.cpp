@@ -4,7 +4,8 @@
 #include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Base/Check.h"
 #include "SkinKit/Base/Unicode.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
 #include "SkinKit/System/Process.h"
 
 #include <algorithm>
@@ -180,7 +181,7 @@ std::expected<SkinArchive, SkinError> SkinArchive::openFolder(const std::filesys
             break;
         const std::string readable = Unicode::toValidUTF8(asBytes(entry.name));
         if (auto name = intake.wantedName(readable, entry.size)) {
-            auto bytes = Files::read(path / entry.name, intake.room(), Files::Links::refused);
+            auto bytes = Files::read(path / entry.name, intake.room(), Files::Links::rejected);
             if (!bytes && !Files::isUnsuitableFile(bytes.error()))
                 return unreadableFor(bytes.error());
             intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);

@@ -1,5 +1,6 @@
 #include "SkinKit/Base/Markdown.h"
 
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Base/Unicode.h"
 
 namespace SkinKit::Markdown {
@@ -53,7 +54,6 @@ std::string link(std::string_view text, std::string_view url)
     const std::string scheme = Unicode::lowercased(url.substr(0, url.find("://")));
     if (scheme != "https" && scheme != "http")
         return cell(text);
-    constexpr std::string_view digits = "0123456789ABCDEF";
     constexpr std::string_view plain = "-._~:/?#@!$'+,;=%";
     std::string target;
     for (const char c : url) {
@@ -62,10 +62,8 @@ std::string link(std::string_view text, std::string_view url)
         } else if (c == '&') {
             target += "&amp;";
         } else {
-            const auto byte = static_cast<unsigned char>(c);
             target += '%';
-            target += digits[byte >> 4];
-            target += digits[byte & 0xF];
+            Hex::append(target, static_cast<std::uint8_t>(c), Hex::upperCase);
         }
     }
     return std::string("[").append(cell(text)).append("](").append(target).append(")");

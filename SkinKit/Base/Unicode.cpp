@@ -1,3 +1,6 @@
+// UTF-8 is checked and two code pages are read by hand: utf8proc does not report which parts of
+// ill-formed text to replace, and the C library's iconv loads its tables at run time, which a
+// statically linked program can't rely on.
 #include "SkinKit/Base/Unicode.h"
 
 #include "SkinKit/Base/Check.h"
@@ -237,6 +240,12 @@ std::string fromCodePage437(ByteView bytes)
                      : byte < 0x80 ? byte
                                    : upperSigns[byte - 0x80U]);
     return text;
+}
+
+std::size_t characterLength(std::string_view text)
+{
+    const Part part = firstPart(asBytes(text));
+    return part.wellFormed ? part.length : 0;
 }
 
 char32_t takeCodePoint(std::string_view& text)

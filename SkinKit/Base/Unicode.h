@@ -28,6 +28,8 @@ std::optional<std::string> fromWindows1252(ByteView bytes);
 // Text in the code page that DOS began with, where control characters are signs, as UTF-8.
 std::string fromCodePage437(ByteView bytes);
 
+// The length in bytes of the character at the front of non-empty text; 0 when it is ill-formed.
+std::size_t characterLength(std::string_view text);
 // Takes the first code point off well-formed, non-empty text.
 char32_t takeCodePoint(std::string_view& text);
 void append(std::string& text, char32_t codePoint);

@@ -1,10 +1,10 @@
 #include "SkinKit/Formats/PlaylistStyleParser.h"
 
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Base/TextLines.h"
 #include "SkinKit/Formats/IniParser.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 namespace SkinKit::PlaylistStyleParser {
@@ -40,14 +40,8 @@ std::optional<RGBColor> hexColor(std::string_view text)
     if (text.starts_with('#'))
         text.remove_prefix(1);
     const auto digits = text.substr(0, digitCount);
-    const auto isHexDigit = [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-    };
-    if (digits.size() != digitCount || !std::ranges::all_of(digits, isHexDigit))
-        return std::nullopt;
-    std::uint32_t value = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
-    return rgb(value);
+    const auto value = digits.size() == digitCount ? Hex::parse(digits) : std::nullopt;
+    return value ? std::optional(rgb(*value)) : std::nullopt;
 }
 
 }

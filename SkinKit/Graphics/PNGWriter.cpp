@@ -1,7 +1,8 @@
 #include "SkinKit/Graphics/PNGWriter.h"
 
 #include "SkinKit/Graphics/BMPDecoder.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "SkinKit/Pages/PreviewDocument.h"
 
-#include "SkinKit/Base/Base64.h"
+#include "SkinKit/Base/Encodings.h"
 
 #include <string_view>
 

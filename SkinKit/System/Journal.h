@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SkinKit/System/Descriptor.h"
 #include "SkinKit/System/Files.h"
 
 #include <cstdint>
@@ -34,8 +35,8 @@ public:
     std::error_code rename(const std::filesystem::path& path);
 
 private:
-    Journal(std::filesystem::path path, int descriptor)
-        : path_(std::move(path)), descriptor_(descriptor)
+    Journal(std::filesystem::path path, Descriptor descriptor)
+        : path_(std::move(path)), descriptor_(std::move(descriptor))
     {
     }
 
@@ -44,7 +45,7 @@ private:
     Files::Result<bool> isAtItsName() const;
 
     std::filesystem::path path_;
-    Files::Descriptor descriptor_;
+    Descriptor descriptor_;
     std::int64_t size_ = 0;
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
+#include <optional>
 
 // The process as a whole and its threads.
 namespace SkinKit::Process {
@@ -13,6 +15,10 @@ std::chrono::nanoseconds threadTime();
 
 // Gives all memory that was freed back to the system. What is allocated next is slower for it.
 void releaseFreeMemory();
+
+// How many characters a line of the terminal has that standard error goes to; nothing when it goes
+// elsewhere.
+std::optional<int> errorColumns();
 
 // The rest is for a program's main, never for the library itself.
 
@@ -43,5 +49,21 @@ void deferInterrupts();
 int deferredInterrupt();
 // Ends the process as that signal would have.
 void raiseDeferredInterrupt();
+
+}
+
+// How much memory the process holds: its resident set, as the kernel counts it.
+namespace SkinKit::ProcessFootprint {
+
+// Now, and the most so far.
+struct Mebibytes {
+    std::int64_t current = 0;
+    std::int64_t lifetimeMax = 0;
+
+    bool operator==(const Mebibytes&) const = default;
+};
+
+// Both rounded down; 0 for what can't be found out.
+Mebibytes mebibytes();
 
 }

@@ -1,6 +1,6 @@
 #include "SkinKit/Tooling/SkinInfo.h"
 
-#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Base/Encodings.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,12 +11,9 @@ namespace {
 
 std::string hex(const RGBColor& color)
 {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text = "#";
-    for (const unsigned channel : {color.red, color.green, color.blue}) {
-        text += digits[channel >> 4];
-        text += digits[channel & 0xF];
-    }
+    for (const std::uint8_t channel : {color.red, color.green, color.blue})
+        Hex::append(text, channel, Hex::upperCase);
     return text;
 }
 
@@ -187,6 +184,36 @@ JSON::Object playlistStyleJSON(const PlaylistStyle& style)
         {"selectedBackground", hex(style.selectedBackground)},
         {"font",               style.font                   }
     };
+}
+
+}
+
+namespace RequiredSprites {
+
+std::vector<std::string_view> all()
+{
+    return {
+        "MAIN_WINDOW_BACKGROUND",
+        "MAIN_TITLE_BAR",
+        "MAIN_PLAY_BUTTON",
+        "MAIN_STEREO",
+        "DIGIT_0",
+        "MAIN_PLAYING_INDICATOR",
+        "MAIN_POSITION_SLIDER_BACKGROUND",
+        "MAIN_SHUFFLE_BUTTON",
+        "MAIN_VOLUME_BACKGROUND",
+        "MAIN_BALANCE_BACKGROUND",
+    };
+}
+
+std::vector<std::string_view> missing(const Skin& skin)
+{
+    auto sprites = all();
+    std::erase_if(sprites, [&skin](std::string_view sprite) {
+        const auto resolved = skin.resolve(sprite);
+        return resolved && !skin.generatedSheets.contains(resolved->sheet);
+    });
+    return sprites;
 }
 
 }

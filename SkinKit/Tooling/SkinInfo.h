@@ -12,6 +12,16 @@
 
 namespace SkinKit {
 
+// The ten sprites that a skin has to bring itself to count as a complete main window.
+namespace RequiredSprites {
+
+std::vector<std::string_view> all();
+
+// Those that the skin has no sheet for, or only a generated one; none when it is complete.
+std::vector<std::string_view> missing(const Skin& skin);
+
+}
+
 // The facts of one skin, for people or for programs. Holds no pixels, so the skin may go first.
 struct SkinInfo {
     struct Sheet {

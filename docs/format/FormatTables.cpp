@@ -15,7 +15,7 @@
 #include "SkinKit/Formats/RegionParser.h"
 #include "SkinKit/Graphics/BMPDecoder.h"
 #include "SkinKit/Graphics/BMPHeader.h"
-#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Tooling/SkinInfo.h"
 #include "docs/format/SpritePurposes.h"
 #include "tests/support/SkinBuilder.h"
 

@@ -1,4 +1,4 @@
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/OutputFile.h"
 #include "examples/samples/SampleSkins.h"
 
 #include <filesystem>

@@ -4,7 +4,7 @@
 #include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Graphics/PNGCodec.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Windows/Main/MainSliders.h"
 #include "SkinKit/Windows/Main/MainWindowLayout.h"
 

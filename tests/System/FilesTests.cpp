@@ -1,4 +1,6 @@
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -133,7 +135,7 @@ TEST(Files, ReadsNamesThatAreNotTextAndLinksWhereTheyAreFollowed)
     fs::create_symlink(path, folder / "link");
     EXPECT_EQ(Files::kind(folder / "link"), Files::Kind::regularFile);
     EXPECT_EQ(Files::read(folder / "link", 1000), bytes("content"));
-    EXPECT_FALSE(Files::read(folder / "link", 1000, Files::Links::refused));
+    EXPECT_FALSE(Files::read(folder / "link", 1000, Files::Links::rejected));
 }
 
 TEST(Files, GivesLinesWholeThatAreReadInPieces)

@@ -1,4 +1,4 @@
-#include "SkinKit/Base/JSON.h"
+#include "SkinKit/Tooling/Corpus/CorpusRecord.h"
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
@@ -285,10 +285,10 @@ public:
                                      ? std::string(SkinKit::asText(support::readFile(file)))
                                      : std::string());
         for (std::string line; std::getline(lines, line);) {
-            const auto json = SkinKit::JSON::parse(line);
-            EXPECT_TRUE(json) << line;
-            if (json && json->member<std::string>("event") == "result")
-                ++statuses_[json->member<std::string>("status").value_or("")];
+            const auto record = SkinKit::CorpusRecord::parse(line);
+            EXPECT_TRUE(record) << line;
+            if (record && record->event == "result")
+                ++statuses_[record->status.value_or("")];
         }
     }
 

@@ -66,7 +66,7 @@ protected:
 
     std::vector<CorpusRecord> records() const
     {
-        return CorpusRunner::readRecords(out / "results.jsonl").value();
+        return CorpusRecords::readAll(out / "results.jsonl").value();
     }
     // As when the process died while it wrote.
     void tearLastLine(std::uintmax_t bytes) const

@@ -3,7 +3,8 @@
 #include "SkinKit/Graphics/Canvas.h"
 #include "SkinKit/Graphics/ImageDiff.h"
 #include "SkinKit/Graphics/PNGWriter.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// Written by hand, since getopt and its like accept abbreviations and "--name=value", sort the
+// arguments, and word the errors themselves; here each error has its own fixed text.
 #pragma once
 
 #include "SkinKit/Base/Numbers.h"

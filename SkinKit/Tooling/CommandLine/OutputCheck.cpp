@@ -1,7 +1,7 @@
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Folder.h"
 
 #include <algorithm>
 #include <system_error>
@@ -16,11 +16,9 @@ namespace fs = std::filesystem;
 // of it.
 fs::path written(const fs::path& path)
 {
-    constexpr int maxLinks = 40; // as the system allows
     std::error_code error;
-    auto target = fs::absolute(path, error);
-    for (int i = 0; i < maxLinks && fs::is_symlink(target, error); ++i)
-        target = target.parent_path() / fs::read_symlink(target, error);
+    const auto whole = fs::absolute(path, error);
+    const auto target = Files::followLinks(whole).value_or(whole);
     return fs::weakly_canonical(target.parent_path(), error) / target.filename();
 }
 

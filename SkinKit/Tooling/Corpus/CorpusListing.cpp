@@ -1,13 +1,14 @@
 #include "SkinKit/Tooling/Corpus/CorpusListing.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
+#include "SkinKit/Base/Encodings.h"
 #include "SkinKit/Base/JSON.h"
-#include "SkinKit/Base/MD5.h"
 #include "SkinKit/Base/Unicode.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <functional>
 #include <limits>
 #include <map>
@@ -46,29 +47,6 @@ void giveTexts(std::vector<CorpusFile>& files)
     }
 }
 
-std::string toHex(std::string_view bytes)
-{
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string hex;
-    for (const std::uint8_t byte : asBytes(bytes)) {
-        hex += digits[byte >> 4];
-        hex += digits[byte & 15];
-    }
-    return hex;
-}
-
-std::optional<std::string> fromHex(std::string_view hex)
-{
-    std::string bytes;
-    for (; hex.size() >= 2; hex.remove_prefix(2)) {
-        std::uint8_t byte = 0;
-        if (std::from_chars(hex.data(), hex.data() + 2, byte, 16).ptr != hex.data() + 2)
-            return std::nullopt;
-        bytes += static_cast<char>(byte);
-    }
-    return hex.empty() ? std::optional(std::move(bytes)) : std::nullopt;
-}
-
 JSON toJSON(const CorpusFile& file)
 {
     JSON::Object object{
@@ -79,28 +57,32 @@ JSON toJSON(const CorpusFile& file)
     if (file.size)
         object.emplace("size", *file.size);
     if (file.pathBytes)
-        object.emplace("pathBytes", toHex(*file.pathBytes));
+        object.emplace("pathBytes", Hex::encoded(asBytes(*file.pathBytes)));
     return object;
 }
 
 // Takes the member of that name, which may be missing, but not of another type.
-template <typename T>
-bool take(const JSON& json, std::string_view key, std::optional<T>& value)
+template <typename T, typename Stored>
+bool take(const JSONNode& json, std::string_view key, std::optional<Stored>& value)
 {
-    value = json.member<T>(key);
-    return value || !json.member(key);
+    const T* const found = json.member<T>(key);
+    if (found)
+        value.emplace(*found);
+    return found || !json.member(key);
 }
 
-std::optional<CorpusFile> fromJSON(const JSON& json)
+std::optional<CorpusFile> fromJSON(const JSONNode& json)
 {
     std::optional<std::string> path;
     std::optional<std::string> hex;
     CorpusFile file;
-    if (!take(json, "path", path) || !path || !take(json, "md5", file.md5) ||
-        !take(json, "size", file.size) || !take(json, "pathBytes", hex))
+    if (!take<std::string_view>(json, "path", path) || !path ||
+        !take<std::string_view>(json, "md5", file.md5) ||
+        !take<std::int64_t>(json, "size", file.size) ||
+        !take<std::string_view>(json, "pathBytes", hex))
         return std::nullopt;
     file.path = std::move(*path);
-    file.pathBytes = hex ? fromHex(*hex) : std::nullopt;
+    file.pathBytes = hex ? Hex::decoded(*hex) : std::nullopt;
     return hex && !file.pathBytes ? std::nullopt : std::optional(std::move(file));
 }
 
@@ -210,20 +192,28 @@ std::string json(const std::vector<CorpusFile>& files)
     return text + "\n]\n";
 }
 
-std::optional<std::vector<CorpusFile>> parse(std::string_view text)
+std::optional<std::vector<CorpusFile>> parse(std::string_view json)
 {
-    const auto parsed = JSON::parse(text);
-    const auto* const array = parsed ? parsed->as<JSON::Array>() : nullptr;
-    if (!array)
+    const auto text = JSONText::read(json);
+    if (!text || !text->root().isArray())
         return std::nullopt;
     std::vector<CorpusFile> files;
-    for (const JSON& element : *array) {
+    for (const JSONNode& element : text->root()) {
         auto file = fromJSON(element);
         if (!file)
             return std::nullopt;
         files.push_back(std::move(*file));
     }
     return files;
+}
+
+Files::Result<std::optional<std::vector<CorpusFile>>> read(const fs::path& file)
+{
+    constexpr std::int64_t maxBytes = std::int64_t{1} << 32;
+    const auto bytes = Files::read(file, maxBytes);
+    if (!bytes && bytes.error() != std::errc::no_such_file_or_directory)
+        return std::unexpected(bytes.error());
+    return bytes ? parse(asText(*bytes)) : std::nullopt;
 }
 
 }

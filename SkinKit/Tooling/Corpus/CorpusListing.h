@@ -61,6 +61,8 @@ std::optional<std::string> md5Hex(const std::filesystem::path& file);
 // path stand under the key "pathBytes" in hexadecimal.
 std::string json(const std::vector<CorpusFile>& files);
 std::optional<std::vector<CorpusFile>> parse(std::string_view json);
+// The listing in a file; nothing when the file is missing or no listing.
+Files::Result<std::optional<std::vector<CorpusFile>>> read(const std::filesystem::path& file);
 
 }
 

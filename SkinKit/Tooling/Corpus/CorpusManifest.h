@@ -1,7 +1,9 @@
 #pragma once
 
+#include "SkinKit/Tooling/Corpus/CorpusRecord.h"
+
 #include <expected>
-#include <functional>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -9,20 +11,27 @@
 
 namespace SkinKit {
 
-// What a museum of skins knows of one.
-struct ManifestEntry {
-    std::optional<std::string> museumUrl;
-    std::optional<bool> nsfw;
+// What a museum of skins knows of them.
+struct CorpusManifest {
+    struct Entry {
+        std::optional<std::string> museumUrl;
+        std::optional<bool> nsfw;
 
-    bool operator==(const ManifestEntry&) const = default;
+        bool operator==(const Entry&) const = default;
+    };
+
+    std::map<std::string, Entry, std::less<>> byMD5; // in lower case
+
+    bool operator==(const CorpusManifest&) const = default;
+
+    // Reads a JSON array of objects with the keys "md5", "museum_url" and "nsfw". Of two with the
+    // same MD5 the later counts; one without is skipped, and so is a value of another type. The
+    // error says what is wrong with a text that is no such array, or with the file.
+    static std::expected<CorpusManifest, std::string> parse(std::string_view json);
+    static std::expected<CorpusManifest, std::string> read(const std::filesystem::path& file);
+
+    // The record with what is known of its MD5.
+    CorpusRecord decorated(CorpusRecord record) const;
 };
-
-// By fingerprint, in lower case.
-using CorpusManifest = std::map<std::string, ManifestEntry, std::less<>>;
-
-// Reads a JSON array of objects with the keys "md5", "museum_url" and "nsfw". Of two with the same
-// fingerprint the later counts; one without is passed over, and so is a value of another type. What
-// is wrong with a text that is no such array.
-std::expected<CorpusManifest, std::string> parseManifest(std::string_view json);
 
 }

@@ -2,10 +2,9 @@
 
 #include "SkinKit/Base/JSON.h"
 #include "SkinKit/Base/Numbers.h"
-#include "SkinKit/Tooling/Corpus/PlainLine.h"
+#include "SkinKit/System/InputFile.h"
 
 #include <chrono>
-#include <concepts>
 #include <utility>
 
 namespace SkinKit {
@@ -49,17 +48,6 @@ bool isThere(const std::string&)
 }
 
 template <typename T>
-T& made(std::optional<T>& field)
-{
-    return field.emplace();
-}
-
-std::string& made(std::string& event)
-{
-    return event;
-}
-
-template <typename T>
 JSON toJSON(const T& value)
 {
     return value;
@@ -78,15 +66,23 @@ JSON toJSON(const std::optional<T>& value)
 
 // Takes the value out when it has the type, or one that means the same.
 template <typename T>
-bool read(const JSON& json, T& value)
+bool read(const JSONNode& json, T& value)
 {
     const T* const found = json.as<T>();
     if (found)
         value = *found;
-    return found;
+    return found != nullptr;
 }
 
-bool read(const JSON& json, std::int64_t& value)
+bool read(const JSONNode& json, std::string& text)
+{
+    const auto* const found = json.as<std::string_view>();
+    if (found)
+        text = *found;
+    return found != nullptr;
+}
+
+bool read(const JSONNode& json, std::int64_t& value)
 {
     if (const auto* const decimal = json.as<double>()) {
         const auto whole = Numbers::exactInteger(*decimal);
@@ -96,7 +92,7 @@ bool read(const JSON& json, std::int64_t& value)
     return read<std::int64_t>(json, value);
 }
 
-bool read(const JSON& json, double& value)
+bool read(const JSONNode& json, double& value)
 {
     if (const auto* const whole = json.as<std::int64_t>())
         value = static_cast<double>(*whole);
@@ -107,54 +103,18 @@ bool read(const JSON& json, double& value)
     return true;
 }
 
-bool read(const JSON& json, std::vector<std::string>& texts)
+bool read(const JSONNode& json, std::vector<std::string>& texts)
 {
-    const auto* const array = json.as<JSON::Array>();
-    if (!array)
-        return false;
-    for (const JSON& element : *array)
+    for (const JSONNode& element : json)
         if (!read(element, texts.emplace_back()))
             return false;
-    return true;
+    return json.isArray();
 }
 
-bool isNull(const JSON& json)
+template <typename T>
+bool read(const JSONNode& json, std::optional<T>& field)
 {
-    return json.as<std::monostate>() != nullptr;
-}
-
-std::optional<CorpusRecord> parseAny(std::string_view line)
-{
-    const auto json = JSON::parse(line);
-    if (!json || !json->member("event"))
-        return std::nullopt;
-    CorpusRecord record;
-    bool isRecord = true;
-    visitFields(record, [&](const char* key, auto& field) {
-        const JSON* const found = json->member(key);
-        const bool isAbsent =
-            !found || (isNull(*found) && !std::same_as<decltype(field), std::string&>);
-        if (isRecord && !isAbsent)
-            isRecord = read(*found, made(field));
-    });
-    return isRecord ? std::optional(std::move(record)) : std::nullopt;
-}
-
-// A line in the form that most have, written by us and without odd characters, in a fraction of the
-// time; nothing when it is another, whatever it says.
-std::optional<CorpusRecord> parsePlain(std::string_view text)
-{
-    CorpusRecord record;
-    PlainLine line(text);
-    bool isPlain = true;
-    bool hasEvent = false;
-    visitFields(record, [&](std::string_view key, auto& field) {
-        if (!isPlain || !line.takeKey(key))
-            return;
-        isPlain = line.take(made(field));
-        hasEvent = hasEvent || std::same_as<decltype(field), std::string&>;
-    });
-    return isPlain && hasEvent && line.isAtEnd() ? std::optional(std::move(record)) : std::nullopt;
+    return json.isNull() || read(json, field.emplace());
 }
 
 }
@@ -182,8 +142,39 @@ std::string CorpusRecord::line() const
 
 std::optional<CorpusRecord> CorpusRecord::parse(std::string_view line)
 {
-    auto record = parsePlain(line);
-    return record ? std::move(record) : parseAny(line);
+    const auto json = JSONText::read(line);
+    if (!json || !json->root().member("event"))
+        return std::nullopt;
+    CorpusRecord record;
+    bool isRecord = true;
+    visitFields(record, [&](std::string_view key, auto& field) {
+        const JSONNode* const found = json->root().member(key);
+        isRecord = isRecord && (!found || read(*found, field));
+    });
+    return isRecord ? std::optional(std::move(record)) : std::nullopt;
+}
+
+namespace CorpusRecords {
+
+std::error_code read(const std::filesystem::path& file,
+                     const std::function<void(CorpusRecord)>& take)
+{
+    return Files::forEachLine(file, [&](std::string_view line) {
+        if (auto record = CorpusRecord::parse(line))
+            take(std::move(*record));
+    });
+}
+
+Files::Result<std::vector<CorpusRecord>> readAll(const std::filesystem::path& file)
+{
+    std::vector<CorpusRecord> records;
+    const auto error =
+        read(file, [&](CorpusRecord record) { records.push_back(std::move(record)); });
+    if (error && error != std::errc::no_such_file_or_directory)
+        return std::unexpected(error);
+    return records;
+}
+
 }
 
 }

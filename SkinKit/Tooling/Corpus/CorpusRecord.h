@@ -1,9 +1,14 @@
 #pragma once
 
+#include "SkinKit/System/Files.h"
+
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 namespace SkinKit {
@@ -49,5 +54,17 @@ struct CorpusRecord {
     // are passed over.
     static std::optional<CorpusRecord> parse(std::string_view line);
 };
+
+// A results file, in the order of its lines. Lines that are no record are skipped, such as one that
+// was cut off when the process that wrote it ended.
+namespace CorpusRecords {
+
+// Gives the records to `take` one by one, so that a long file costs no memory.
+std::error_code read(const std::filesystem::path& file,
+                     const std::function<void(CorpusRecord)>& take);
+// All of them; none when the file is missing.
+Files::Result<std::vector<CorpusRecord>> readAll(const std::filesystem::path& file);
+
+}
 
 }

@@ -4,14 +4,14 @@
 #include "SkinKit/Base/Check.h"
 #include "SkinKit/Base/Numbers.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/System/Files.h"
 #include "SkinKit/System/Journal.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 #include "SkinKit/Tooling/Corpus/CorpusListing.h"
+#include "SkinKit/Tooling/Corpus/CorpusManifest.h"
 #include "SkinKit/Tooling/Corpus/CorpusPlan.h"
-#include "SkinKit/Tooling/Corpus/CorpusRecords.h"
 #include "SkinKit/Tooling/Corpus/CorpusWatchdog.h"
-#include "SkinKit/Tooling/RequiredSprites.h"
+#include "SkinKit/Tooling/SkinInfo.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 
 #include <algorithm>
@@ -40,11 +40,12 @@ using Progress = CorpusRunner::Progress;
     fail(file, error.message());
 }
 
-template <typename T>
-T orFail(std::expected<T, Error> result)
+// What was read from `file`.
+template <typename T, typename Reason>
+T orFail(const fs::path& file, std::expected<T, Reason> result)
 {
     if (!result)
-        throw std::move(result.error());
+        fail(file, result.error());
     return std::move(*result);
 }
 
@@ -142,13 +143,16 @@ public:
             fail(runner_.corpus_, std::make_error_code(std::errc::not_a_directory));
         checkOutputs();
         if (config_.manifest)
-            manifest_ = orFail(readManifest(*config_.manifest));
+            manifest_ = orFail(*config_.manifest, CorpusManifest::read(*config_.manifest));
 
         Journal journal = openResults();
         CorpusHistory history;
         if (config_.resume)
-            history = CorpusHistory::of(orFail(readRecords(runner_.resultsURL())));
-        auto earlier = config_.resume ? earlierListing() : std::nullopt;
+            history = CorpusHistory::of(
+                orFail(runner_.resultsURL(), CorpusRecords::readAll(runner_.resultsURL())));
+        // What an earlier run listed, so that the work stays the same.
+        auto earlier = config_.resume ? orFail(listingFile(), CorpusListing::read(listingFile()))
+                                      : std::nullopt;
         auto found = earlier ? std::vector<CorpusFile>() : scan();
         if (earlier)
             noteNewFiles(*earlier);
@@ -247,17 +251,6 @@ private:
 
     fs::path listingFile() const { return runner_.out_ / "listing.json"; }
 
-    // What an earlier run listed, so that the work stays the same. Nothing when there is no file,
-    // or none that is a listing.
-    std::optional<std::vector<CorpusFile>> earlierListing() const
-    {
-        constexpr std::int64_t maxBytes = std::int64_t{1} << 32;
-        const auto bytes = Files::read(listingFile(), maxBytes);
-        if (!bytes && bytes.error() != std::errc::no_such_file_or_directory)
-            fail(listingFile(), bytes.error());
-        return bytes ? CorpusListing::parse(asText(*bytes)) : std::nullopt;
-    }
-
     // Files that came later are not in a listing that is used again.
     void noteNewFiles(const std::vector<CorpusFile>& listed) const
     {
@@ -315,7 +308,7 @@ private:
             record.status = "crashed";
             record.restart = ++history.abnormalEnds;
             record.t = CorpusRecord::now();
-            write(decorate(std::move(record), manifest_));
+            write(manifest_.decorated(std::move(record)));
         }
     }
 
@@ -343,7 +336,7 @@ private:
     {
         CorpusRecord record = recordOf(files_[i], "start");
         record.i = static_cast<std::int64_t>(i);
-        record = decorate(std::move(record), manifest_);
+        record = manifest_.decorated(std::move(record));
         if (!taken(watchdog_->start(record)))
             return false;
 
@@ -470,39 +463,6 @@ std::string CorpusRunner::progressLine(std::int64_t done, std::int64_t total, co
         line += " " + std::string(status) + " " + Numbers::oneDecimal(share) + "%";
     }
     return line;
-}
-
-std::expected<CorpusManifest, CorpusRunner::Error> CorpusRunner::readManifest(const fs::path& file)
-{
-    constexpr std::int64_t maxBytes = std::int64_t{1} << 30;
-    const auto bytes = Files::read(file, maxBytes);
-    if (!bytes)
-        return std::unexpected(Error{file.string() + ": " + bytes.error().message()});
-    auto manifest = parseManifest(asText(*bytes));
-    if (!manifest)
-        return std::unexpected(Error{file.string() + ": " + manifest.error()});
-    return std::move(*manifest);
-}
-
-std::expected<std::vector<CorpusRecord>, CorpusRunner::Error>
-CorpusRunner::readRecords(const fs::path& path)
-{
-    std::vector<CorpusRecord> records;
-    const auto error = CorpusRecords::read(
-        path, [&](CorpusRecord record) { records.push_back(std::move(record)); });
-    if (error && error != std::errc::no_such_file_or_directory)
-        return std::unexpected(Error{path.string() + ": " + error.message()});
-    return records;
-}
-
-CorpusRecord CorpusRunner::decorate(CorpusRecord record, const CorpusManifest& manifest)
-{
-    const auto found = record.md5 ? manifest.find(*record.md5) : manifest.end();
-    if (found != manifest.end()) {
-        record.museumUrl = found->second.museumUrl;
-        record.nsfw = found->second.nsfw;
-    }
-    return record;
 }
 
 }

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "SkinKit/System/ProcessFootprint.h"
+#include "SkinKit/System/Process.h"
 #include "SkinKit/Tooling/CommandLine/CorpusOptions.h"
-#include "SkinKit/Tooling/Corpus/CorpusManifest.h"
 #include "SkinKit/Tooling/Corpus/CorpusRecord.h"
 
 #include <cstdint>
@@ -128,15 +127,6 @@ public:
 
     // "[done/total] ok 50.0% partial …": shares of `done`.
     static std::string progressLine(std::int64_t done, std::int64_t total, const Tally& tally);
-
-    // See `parseManifest`; the error names the file.
-    static std::expected<CorpusManifest, Error> readManifest(const std::filesystem::path& file);
-    // All records in the order of the file; none when it is missing. Lines that are no record are
-    // passed over.
-    static std::expected<std::vector<CorpusRecord>, Error>
-    readRecords(const std::filesystem::path& file);
-    // The record with what the manifest says of its fingerprint.
-    static CorpusRecord decorate(CorpusRecord record, const CorpusManifest& manifest);
 
 private:
     class Run;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/System/Journal.h"
-#include "SkinKit/System/ProcessFootprint.h"
+#include "SkinKit/System/Process.h"
 #include "SkinKit/Tooling/Corpus/CorpusRecord.h"
 
 #include <chrono>

@@ -2,6 +2,7 @@
 
 #include "SkinKit/System/Files.h"
 
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -10,39 +11,39 @@
 
 namespace SkinKit {
 
-// What was noted down when a process crashed: the output of gdb or AddressSanitizer, or what the C
-// library said before it gave up. Usually one crash each; of several the first counts.
+// The output of gdb or AddressSanitizer on one crash, or the message of the C library before it
+// ended the process.
 struct CrashLog {
-    // What one log, and all together, may hold of their texts. A longer log loses its middle; past
-    // the total, only signatures and file names are kept.
+    // The limits for the text of one log, and of all. A longer log loses its middle; past the
+    // total, only file names and signatures are kept.
     static constexpr std::int64_t maxBytes = 1 << 20;
     static constexpr std::int64_t maxTotalBytes = 64 << 20;
 
     std::string file;      // its name in its folder, UTF-8
-    std::string text;      // UTF-8, without colours
-    std::string signature; // of `text`; empty without a stack and an abort line
+    std::string text;      // UTF-8
+    std::string signature; // of `text`; empty without a named frame and an abort message
 
     bool operator==(const CrashLog&) const = default;
 
-    // Of a text as it was found, which may be coloured.
     static CrashLog of(std::string_view file, std::string_view text);
 
-    // What tells one crash from another: the top three frames of the thread that crashed, innermost
-    // first and joined by arrows ("parse ← load ← main"). Frames by which a process aborts itself,
-    // the same in every such crash, are left out, and so are those of a signal handler. Without a
-    // stack the C library's line on why it aborted.
+    // What distinguishes one crash from another: the three innermost frames that have a name, of
+    // the thread that crashed, joined by arrows ("parse ← load ← main"). Frames of a signal
+    // handler, and those by which a process aborts itself, are skipped. Without a named frame the
+    // message of the C library.
     static std::string signatureOf(std::string_view text);
 
-    // What was found in a folder, in the order of the files' names.
+    // Whether a line shows a frame of a stack: "#1  0x0000555555555516 in Skin::parse (…".
+    static bool isFrame(std::string_view line);
+
     struct Folder;
 
-    // The text files that stand directly in a folder. Links and binary files (such as core dumps)
-    // are passed over. Fails when the folder can't be read.
+    // The text files directly in a folder, in ascending byte order of their names. Links and binary
+    // files (such as core dumps) are skipped. Fails when the folder can't be read.
     static Files::Result<Folder> readFolder(const std::filesystem::path& folder);
 };
 
 struct CrashLog::Folder {
-    // A file that can't be read, and why.
     struct UnreadFile {
         std::filesystem::path path;
         std::error_code error;

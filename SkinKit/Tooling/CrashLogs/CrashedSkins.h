@@ -4,7 +4,6 @@
 #include "SkinKit/Tooling/CrashLogs/CrashLog.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -13,38 +12,33 @@
 
 namespace SkinKit {
 
-// Finds out which skin a crash log is about: the one whose fingerprint it holds, else whose path or
-// file name, else whose name. A log's own file name is as good as its text. All must stand there as
-// whole words. Of equally good ones the longest counts, and the first of several skins of that
-// name.
+// Finds the skin that a crash log is about: the one whose MD5 the log's text or file name contains,
+// else whose path or file name, else whose name, each as whole words. A name needs four characters,
+// and does not count in a frame of a stack. Of equally good ones the longest counts, then the first
+// skin. The time does not depend on the number of skins.
 class CrashedSkins {
 public:
     explicit CrashedSkins(std::span<const CorpusSkins::File* const> skins);
 
-    // The skin's place among those given.
+    // The skin's position among those given.
     std::optional<std::size_t> find(const CrashLog& log) const;
 
 private:
     enum class Kind { name, file, md5 };
 
-    // Something that may stand in a log. It is looked for by one of its words: the last of a
-    // file's name, as those before may be folders that all have in common.
+    // Something to find in a log, by its last word: the words in front may be folders of all skins.
     struct Mark {
         std::string text;
-        std::size_t wordStart; // of that word, in `text`
+        std::size_t wordStart; // in `text`
         Kind kind;
         std::size_t skin;
     };
 
-    struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
-    };
-
-    void add(std::string_view text, Kind kind, std::size_t skin);
-    // Calls with every mark that stands in `text` as whole words.
+    void add(const std::string& text, Kind kind, std::size_t skin);
+    // Calls `take` with every mark in `text`.
     void forEachMark(std::string_view text, auto take) const;
 
-    std::unordered_multimap<std::string, Mark, Hash, std::equal_to<>> marks_; // by that word
+    std::unordered_multimap<std::string, Mark> marks_; // by that word
 };
 
 }

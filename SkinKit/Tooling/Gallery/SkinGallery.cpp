@@ -7,17 +7,21 @@
 #include "SkinKit/Pages/PreviewDocument.h"
 #include "SkinKit/Pages/SkinGalleryPage.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/System/Files.h"
+#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/InputFile.h"
+#include "SkinKit/System/OutputFile.h"
 #include "SkinKit/Tooling/Corpus/CorpusListing.h"
-#include "SkinKit/Tooling/Gallery/ParallelFor.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <mutex>
 #include <optional>
 #include <set>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -73,7 +77,7 @@ std::optional<ByteBuffer> marked(const Image& picture)
 
 Files::Result<bool> isMarked(const fs::path& path)
 {
-    auto file = Files::InputFile::open(path, Files::Links::refused);
+    auto file = Files::InputFile::open(path, Files::Links::rejected);
     if (!file)
         return std::unexpected(file.error());
     std::array<std::uint8_t, markEnd> start;
@@ -146,6 +150,36 @@ std::optional<Error> removeStale(const fs::path& out, const std::vector<std::str
             return failure(out / name, error.message()).error();
     }
     return std::nullopt;
+}
+
+// As many threads up to `count` as the system starts.
+std::vector<std::jthread> startThreads(std::size_t count, const std::function<void()>& work)
+{
+    std::vector<std::jthread> threads;
+    try {
+        while (threads.size() < count)
+            threads.emplace_back(work);
+    } catch (const std::system_error&) {
+        return threads; // those there are, and the caller's, do all the work
+    }
+    return threads;
+}
+
+// Calls `body` for 0 … count - 1, each once, in no certain order, on the caller's thread and as
+// many others as the machine runs at a time. Where fewer can be started, or none, those there are
+// do all. No more calls are begun once one gives false.
+void parallelFor(std::size_t count, const std::function<bool(std::size_t)>& body)
+{
+    std::atomic<std::size_t> next = 0;
+    std::atomic<bool> goesOn = true;
+    const auto work = [&] {
+        for (std::size_t i = next++; i < count && goesOn; i = next++)
+            if (!body(i))
+                goesOn = false;
+    };
+    const std::size_t most = std::max(std::thread::hardware_concurrency(), 1U);
+    const auto helpers = startThreads(std::min(most, std::max<std::size_t>(count, 1)) - 1, work);
+    work();
 }
 
 // Makes the files of one skin after the other; may be used by several threads.

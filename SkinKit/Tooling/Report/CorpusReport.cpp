@@ -1,7 +1,7 @@
 #include "SkinKit/Tooling/Report/CorpusReport.h"
 
 #include "SkinKit/Base/Numbers.h"
-#include "SkinKit/Tooling/Corpus/CorpusSample.h"
+#include "SkinKit/Tooling/Corpus/CorpusPlan.h"
 #include "SkinKit/Tooling/CrashLogs/CrashedSkins.h"
 
 #include <algorithm>

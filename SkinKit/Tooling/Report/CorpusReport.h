@@ -3,7 +3,6 @@
 #include "SkinKit/Base/JSON.h"
 #include "SkinKit/Tooling/Corpus/CorpusRecord.h"
 #include "SkinKit/Tooling/Corpus/CorpusSkins.h"
-#include "SkinKit/Tooling/Corpus/FailureClasses.h"
 #include "SkinKit/Tooling/CrashLogs/CrashLog.h"
 #include "SkinKit/Tooling/Report/CorpusSummary.h"
 

@@ -74,3 +74,33 @@ TEST(CorpusHistory, KnowsWhatWasAnsweredAndWhatWasNot)
     }));
     EXPECT_EQ(history.abnormalEnds, 3);
 }
+
+TEST(CorpusSample, IsEverythingWhenThereIsNoMore)
+{
+    for (const std::uint64_t seed : {0ULL, 1ULL, ~0ULL}) {
+        EXPECT_EQ(CorpusSample::indices(5, 5, seed), (std::vector<std::size_t>{0, 1, 2, 3, 4}));
+        EXPECT_EQ(CorpusSample::indices(2, 9, seed), (std::vector<std::size_t>{0, 1}));
+    }
+    EXPECT_EQ(CorpusSample::indices(0, 0, 1), std::vector<std::size_t>{});
+    EXPECT_EQ(CorpusSample::indices(0, 3, 1), std::vector<std::size_t>{});
+    EXPECT_EQ(CorpusSample::indices(1, 0, 1), std::vector<std::size_t>{});
+}
+
+// Positions worked out apart from this program, from the generator's published constants.
+TEST(CorpusSample, DrawsTheSamePositionsForASeedEverywhere)
+{
+    EXPECT_EQ(CorpusSample::indices(10, 3, 1), (std::vector<std::size_t>{2, 4, 8}));
+    EXPECT_EQ(CorpusSample::indices(10, 3, 2), (std::vector<std::size_t>{3, 8, 9}));
+    EXPECT_EQ(CorpusSample::indices(1000, 4, 0), (std::vector<std::size_t>{135, 501, 909, 996}));
+    EXPECT_EQ(CorpusSample::indices(7, 6, UINT64_MAX),
+              (std::vector<std::size_t>{1, 2, 3, 4, 5, 6}));
+}
+
+TEST(CorpusSample, KeepsThePickedThingsInTheirOrder)
+{
+    const std::vector<std::string> letters{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
+    std::vector<std::string> expected;
+    for (const auto index : CorpusSample::indices(10, 4, 5))
+        expected.push_back(letters[index]);
+    EXPECT_EQ(CorpusSample::pick(letters, 4, 5), expected);
+}

@@ -56,7 +56,7 @@ protected:
         return run();
     }
 
-    Records records() { return CorpusRunner::readRecords(results).value(); }
+    Records records() { return CorpusRecords::readAll(results).value(); }
     // Without what no two runs have in common.
     Records stripped()
     {
@@ -515,23 +515,6 @@ TEST_F(CorpusRun, DoesNotGoOnByTheListingOfAnotherRun)
     processed.clear();
     EXPECT_TRUE(resume());
     EXPECT_EQ(processed, Names{"new.wsz"});
-}
-
-TEST(CorpusRunner, ReadsTheRecordsThatAreWhole)
-{
-    const TemporaryFolder folder;
-    EXPECT_EQ(CorpusRunner::readRecords(folder / "missing"), Records{});
-    EXPECT_FALSE(CorpusRunner::readRecords(folder.path()));
-    const std::string longName(200'000, 'x'); // longer than what is read at a time
-    const auto path = folder.write(
-        "results.jsonl", bytes("{\"event\":\"a\"}\n\n\nrubbish\n{\"event\":\"b\",\"name\":\"" +
-                               longName + "\"}\n{\"event\":\"c\"}\n{\"event\":\"d\""));
-    EXPECT_EQ(CorpusRunner::readRecords(path),
-              (Records{
-                  {.event = "a"},
-                  {.event = "b", .name = longName},
-                  {.event = "c"}
-    }));
 }
 
 TEST(CorpusRunner, ProcessesSkinsOfAllKinds)

@@ -2,7 +2,6 @@
 
 #include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/SkinParser.h"
-#include "SkinKit/Tooling/Gallery/ParallelFor.h"
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "tests/support/Collection.h"
 #include "tests/support/SkinBuilder.h"
@@ -107,17 +106,4 @@ TEST(SkinGallery, ReplacesAndDeletesNothingButItsOwnFiles)
     EXPECT_EQ(names,
               (std::set<std::string>{"index.html", "pictures/1.png", "pictures/4.png",
                                      "pictures/mine.png", "previews/1.html", "previews/2.html"}));
-}
-
-TEST(ParallelFor, CallsEachOnceAndStopsWhenTold)
-{
-    std::vector<std::atomic<int>> calls(1000);
-    parallelFor(calls.size(), [&](std::size_t i) { return ++calls[i] > 0; });
-    for (const auto& count : calls)
-        EXPECT_EQ(count, 1);
-    parallelFor(0, [](std::size_t) -> bool { throw 0; });
-
-    std::atomic<int> begun = 0;
-    parallelFor(1'000'000, [&](std::size_t) { return ++begun < 10; });
-    EXPECT_LT(begun, 1000);
 }

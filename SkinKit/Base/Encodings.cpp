@@ -1,11 +1,13 @@
-#include "SkinKit/Base/Base64.h"
+// Base64 is written by hand, since none of the libraries that are used anyway has it.
+#include "SkinKit/Base/Encodings.h"
+
+#include <md5.h>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <string_view>
 
-namespace SkinKit::Base64 {
+namespace SkinKit {
+namespace Base64 {
 namespace {
 
 constexpr std::string_view alphabet =
@@ -56,6 +58,26 @@ std::string encodedLines(ByteView bytes)
         bytes = bytes.subspan(line.size());
     }
     return text;
+}
+
+}
+
+MD5::MD5() : context_(std::make_unique<MD5Context>())
+{
+    MD5Init(context_.get());
+}
+
+MD5::~MD5() = default;
+
+void MD5::add(ByteView bytes)
+{
+    MD5Update(context_.get(), bytes.data(), bytes.size());
+}
+
+std::string MD5::hexDigest()
+{
+    char digits[MD5_DIGEST_STRING_LENGTH];
+    return MD5End(context_.get(), digits);
 }
 
 }

@@ -1,4 +1,4 @@
-#include "SkinKit/System/ProcessFootprint.h"
+#include "SkinKit/System/Process.h"
 
 #include "SkinKit/Base/Bytes.h"
 

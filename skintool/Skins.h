@@ -1,8 +1,12 @@
 #pragma once
 
+#include "SkinKit/Graphics/Image.h"
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Tooling/SkinInfo.h"
+#include "SkinKit/Windows/WindowRenderer.h"
+#include "skintool/Console.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -23,5 +27,22 @@ std::optional<LoadedSkin> loadOrSayWhyNot(const std::string& input,
 // The skin's name as the user gave it, without its extension; a folder has none. Empty for a path
 // without a name, such as the root.
 std::string skinName(const std::filesystem::path& input);
+
+// What the commands that write pictures share.
+namespace Pictures {
+
+// Before anything is allocated: whether a picture can be held and written, given its size if any
+// raster can have it.
+bool canWrite(std::optional<SkinKit::Size> size);
+
+// That no picture can have this scale. The status to end with.
+ExitStatus sayScaleIsTooLarge(std::int64_t scale);
+
+SkinKit::Clip clip(bool noRegion);
+
+// Writes a PNG file, or says why it can't be.
+ExitStatus write(const SkinKit::Image& image, const std::filesystem::path& path);
+
+}
 
 }

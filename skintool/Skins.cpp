@@ -1,16 +1,16 @@
-#include "skintool/Loading.h"
+#include "skintool/Skins.h"
 
+#include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/System/Files.h"
-#include "skintool/Console.h"
 
 #include <system_error>
 #include <utility>
 
 namespace skintool {
 
-namespace {
-
 using namespace SkinKit;
+
+namespace {
 
 // Why an archive may seem to have no sheets.
 void sayUnreadableFiles(const SkinArchive::Unreadable& files)
@@ -46,6 +46,35 @@ std::string skinName(const std::filesystem::path& input)
     const auto path = Files::named(input);
     const bool isFolder = std::filesystem::is_directory(path, ignored);
     return (isFolder ? path.filename() : path.stem()).string();
+}
+
+namespace Pictures {
+
+bool canWrite(std::optional<Size> size)
+{
+    return size && size->width <= PNGWriter::maxSide && size->height <= PNGWriter::maxSide;
+}
+
+ExitStatus sayScaleIsTooLarge(std::int64_t scale)
+{
+    Console::sayError("--scale " + std::to_string(scale) + " is too large");
+    return trouble;
+}
+
+Clip clip(bool noRegion)
+{
+    return noRegion ? Clip::none : Clip::toRegion;
+}
+
+ExitStatus write(const Image& image, const std::filesystem::path& path)
+{
+    if (const auto error = PNGWriter::write(image, path)) {
+        Console::sayError(path.string(), error.message());
+        return trouble;
+    }
+    return done;
+}
+
 }
 
 }
