@@ -1,5 +1,4 @@
 #include "SkinKit/Formats/RegionParser.h"
-#include "tests/support/Bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -91,14 +90,6 @@ TEST(RegionParser, ReadsCoordinatesLeniently)
     for (const auto& [points, expected] : rows)
         EXPECT_EQ(polygons("99", points), (expected.empty() ? Polygons{} : Polygons{expected}))
             << points;
-}
-
-TEST(RegionParser, RepairsBytesThatAreNotUTF8)
-{
-    const auto bytes = support::bytes("[Normal]\nNumPoints=3\nPointList=\xFF,9,1,1,2,1,2,2");
-    EXPECT_EQ(*RegionParser::parse(asText(bytes)).normal(), (Polygons{
-                                                                {{1, 1}, {2, 1}, {2, 2}}
-    }));
 }
 
 TEST(RegionParser, EndsTheListWhereItFindsTooLittleMemory)

@@ -1,11 +1,7 @@
 #include "SkinKit/Formats/VisColorParser.h"
-#include "tests/support/Bytes.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
-#include <random>
-#include <regex>
 #include <string>
 
 using namespace SkinKit;
@@ -75,34 +71,4 @@ TEST(VisColorParser, ReadsThreeNumbersFromTheStartOfALine)
     };
     for (const auto& [line, expected] : rows)
         EXPECT_EQ(colorOf(line), expected) << line;
-}
-
-TEST(VisColorParser, MatchesWhatTheExpressionMatches)
-{
-    const std::regex expression(R"(^\s*(\d+)\s*,?\s*(\d+)\s*,?\s*(\d+))");
-    constexpr std::string_view alphabet = "0123  ,,x\t";
-    std::mt19937 random(4);
-    for (int round = 0; round < 20'000; ++round) {
-        std::string line;
-        for (auto length = 1 + random() % 11; length > 0; --length)
-            line += alphabet[random() % alphabet.size()];
-        std::optional<RGBColor> expected;
-        std::smatch match;
-        if (std::regex_search(line, match, expression)) {
-            const auto channel = [&match](std::size_t group) {
-                return static_cast<std::uint8_t>(std::min(255L, std::stol(match[group].str())));
-            };
-            expected = RGBColor{channel(1), channel(2), channel(3)};
-        }
-        ASSERT_EQ(colorOf(line), expected) << "'" << line << "'";
-    }
-}
-
-TEST(VisColorParser, RepairsBytesThatAreNotUTF8)
-{
-    const auto bytes = support::bytes("1,2,3 \xFF\n\xFF"
-                                      "4,5,6\n7,8,9");
-    const auto result = VisColorParser::parseCounted(asText(bytes));
-    EXPECT_EQ(result.parsedCount, 2);
-    EXPECT_EQ(result.colors[1], (RGBColor{7, 8, 9}));
 }

@@ -7,15 +7,6 @@
 using namespace SkinKit;
 using support::TemporaryFolder;
 
-TEST(PNGWriter, WritesAFileAndReadsItBack)
-{
-    const TemporaryFolder folder;
-    const Image image = support::solidImage({5, 3}, {1, 2, 3});
-    EXPECT_FALSE(PNGWriter::write(image, folder / "a.png"));
-    EXPECT_EQ(PNGWriter::read(folder / "a.png"), image);
-    EXPECT_EQ(support::readFile(folder / "a.png"), PNGWriter::data(image));
-}
-
 TEST(PNGWriter, ReadsBitmapsToo)
 {
     const TemporaryFolder folder;
