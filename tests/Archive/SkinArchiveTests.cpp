@@ -205,21 +205,18 @@ TEST(SkinArchive, AllowsTheExtensionsItIsGiven)
 TEST(SkinArchive, FailsOnWhatIsNoArchive)
 {
     const TemporaryFolder folder;
-    const ByteBuffer whole = ZipWriter{}.add("a.bmp", bytes("x")).bytes();
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    const std::filesystem::path paths[] = {
-        folder / "missing",        folder.write("text", bytes("not an archive")),
-        folder.write("empty", {}), folder.write("cut", ByteView(whole).first(whole.size() - 25)),
-        folder / "pipe",           "/dev/zero",
+    const std::pair<std::filesystem::path, std::string_view> rows[] = {
+        {folder / "missing", "No such file or directory"},
+        {folder.write("text", bytes("not an archive")), "Not a zip archive"},
+        {folder / "pipe", "Not a regular file"},
+        {"/dev/zero", "Not a regular file"},
     };
-    for (const auto& path : paths) {
+    for (const auto& [path, reason] : rows) {
         const auto archive = SkinArchive::open(path);
         ASSERT_FALSE(archive) << path;
-        EXPECT_EQ(archive.error().kind(), SkinError::Kind::unreadableArchive) << path;
-        EXPECT_GT(archive.error().description().size(), std::size("Unreadable archive: ")) << path;
+        EXPECT_EQ(archive.error(), SkinError::unreadableArchive(std::string(reason))) << path;
     }
-    EXPECT_FALSE(SkinArchive::open(ByteView(whole).first(whole.size() - 25)));
-    EXPECT_FALSE(SkinArchive::open(ByteView()));
 }
 
 TEST(SkinArchive, ReadsAFolderInByteOrderOfItsNames)
@@ -241,14 +238,6 @@ TEST(SkinArchive, ReadsAFolderInByteOrderOfItsNames)
     EXPECT_EQ(textOf(*archive, "caf\uFFFD.txt"), "latin");
     EXPECT_EQ(archive->entryCount(), 6); // the folder is no file
     EXPECT_EQ(archive->leftOutCount(), 4);
-}
-
-TEST(SkinArchive, HoldsTheFilesOfAFolderToTheSameLimit)
-{
-    const TemporaryFolder folder;
-    folder.write("a.bmp", ofSize(100));
-    folder.write("b.bmp", ofSize(101));
-    EXPECT_EQ(namesOf(*SkinArchive::open(folder.path(), {.maxEntryBytes = 100})), Names{"a.bmp"});
 }
 
 TEST(SkinArchive, WrapsFilesThatSomebodyHas)

@@ -78,20 +78,6 @@ TEST(CurDecoder, BelievesAnUndoubledHeightWhenTheDirectoryAndTheBytesAgree)
     }
 }
 
-TEST(CurDecoder, ReadsPNGPicturesByTheirContent)
-{
-    auto pixels = PixelBuffer::transparent({3, 2});
-    pixels.row(1)[2] = packPixel(0, 0, 128, 128);
-    const Image image(std::move(pixels), Image::Alpha::any);
-    const auto cursor = CurDecoder::decode(curFile(png(image), {1, 1}));
-    ASSERT_TRUE(cursor);
-    const CursorImage expected{
-        image, Point{1, 1},
-         32
-    };
-    EXPECT_EQ(cursor->images[0], expected);
-}
-
 TEST(CurDecoder, KeepsTheHotSpotInsideThePicture)
 {
     const std::tuple<int, Point, Point> rows[] = {

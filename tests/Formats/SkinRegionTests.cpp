@@ -40,12 +40,6 @@ TEST(SkinRegion, MasksAWindowAtDeviceScale)
     EXPECT_EQ(mask(triangle, {2, 2}, 2), (Rows{"####", ".###", "..##", "...#"}));
 }
 
-TEST(SkinRegion, ShowsNothingWithoutPolygons)
-{
-    EXPECT_EQ(mask({}, {2, 1}, 1), Rows{".."});
-    EXPECT_EQ(mask({{}, {{0, 0}}}, {2, 1}, 1), Rows{".."});
-}
-
 TEST(SkinRegion, GivesNoMaskOfASizeThatCannotBe)
 {
     for (const Size size : {

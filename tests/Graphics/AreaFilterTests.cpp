@@ -81,16 +81,6 @@ TEST(AreaFilter, GivesEveryPixelTheExactMeanOfWhatItCovers)
     }
 }
 
-TEST(AreaFilter, RoundsHalvesUp)
-{
-    EXPECT_EQ(AreaFilter::resample(picture({"wk"}, legend), {1, 1}, whole({1, 1})).pixel({0, 0}),
-              packPixel(128, 128, 128));
-    // Each weight is a sixth, which no binary fraction is.
-    EXPECT_EQ(
-        AreaFilter::resample(picture({"wkwkwk"}, legend), {1, 1}, whole({1, 1})).pixel({0, 0}),
-        packPixel(128, 128, 128));
-}
-
 TEST(AreaFilter, CoversPixelsInPartWhereTheCellEndsBetweenThem)
 {
     const Image image = picture({"##oo"}, legend);

@@ -7,16 +7,6 @@
 using namespace SkinKit;
 using support::TemporaryFolder;
 
-TEST(PNGWriter, ReadsBitmapsToo)
-{
-    const TemporaryFolder folder;
-    const Image image = support::solidImage({5, 3}, {1, 2, 3});
-    EXPECT_EQ(PNGWriter::read(folder.write("a.png", support::encodeBMP(image, 8))), image);
-    EXPECT_EQ(PNGWriter::read(folder.write("b", support::bytes("neither"))), std::nullopt);
-    EXPECT_EQ(PNGWriter::read(folder / "missing"), std::nullopt);
-    EXPECT_EQ(PNGWriter::read(folder.path()), std::nullopt);
-}
-
 TEST(PNGWriter, TellsAnEncodingThatFailedFromAFileThatDid)
 {
     const TemporaryFolder folder;
