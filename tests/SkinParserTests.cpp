@@ -154,17 +154,6 @@ TEST(SkinParser, NotesHowManyColoursTheVisualizerFileHas)
         EXPECT_EQ(complete().text("viscolor.txt", colorLines(count)).parse()->fallbacks, notes);
 }
 
-TEST(SkinParser, AddsThePlaylistsNotesLast)
-{
-    const auto skin = complete()
-                          .text("viscolor.txt", "")
-                          .text("pledit.txt", "[Text]\nCurrent=x\nNormal=y")
-                          .parse();
-    EXPECT_EQ(skin->fallbacks, (Notes{"viscolor.txt has 0 of 24 colours; defaults for 0\u201323",
-                                      "pledit.txt normal 'y' unusable; default",
-                                      "pledit.txt current 'x' unusable; default"}));
-}
-
 TEST(SkinParser, TakesPicturesForWhatTheyHoldWhateverTheyAreCalled)
 {
     const ByteBuffer png = *PNGCodec::encode(dot);
@@ -197,16 +186,6 @@ TEST(SkinParser, RefusesModernSkinsAndThoseWithoutAPicture)
               SkinError::noBitmaps());
 }
 
-TEST(SkinParser, OpensAFileOrPassesTheArchivesErrorOn)
-{
-    const support::TemporaryFolder folder;
-    const auto path = folder.write("a.wsz", complete().zip());
-    EXPECT_EQ(SkinParser::parse(path), complete().parse());
-    EXPECT_EQ(SkinParser::parse(path, {.maxEntryBytes = 10}).error(), SkinError::noBitmaps());
-    EXPECT_EQ(SkinParser::parse(folder / "missing").error().kind(),
-              SkinError::Kind::unreadableArchive);
-}
-
 // Each pixel of a sheet has a colour of its own, so that one taken from elsewhere shows.
 TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
 {
@@ -231,30 +210,6 @@ TEST(SkinParser, DrawsTheSameFromSheetsThatAreCutToWhatIsDrawn)
     for (const auto& state : {MainWindowState::idle(), MainWindowState::webampScreenshot()})
         EXPECT_EQ(MainWindowRenderer::render(*whole, state, 1, Clip::none),
                   MainWindowRenderer::render(*cut, state, 1, Clip::none));
-}
-
-// What a damaged picture claims is not taken from the others' share.
-TEST(SkinParser, DecodesPNGSheetsBehindDamagedOnesThatClaimTheLargestSizes)
-{
-    for (const Size claimed : {
-             Size{4096, 2048},
-             {5792, 5792}
-    }) {
-        auto cut = *PNGCodec::encode(support::solidImage({1, 1}, {1, 2, 3}));
-        for (const auto& [offset, side] : {
-                 std::pair(18U, claimed.width), {22U, claimed.height}
-        }) {
-            cut[offset] = static_cast<std::uint8_t>(side >> 8);
-            cut[offset + 1] = static_cast<std::uint8_t>(side & 0xFF);
-        }
-        cut.resize(45);
-        SkinBuilder builder;
-        for (const auto* name :
-             {"balance.png", "cbuttons.png", "eq_ex.png", "eqmain.png", "gen.png"})
-            builder.file(name, cut);
-        builder.file("main.png", *PNGCodec::encode(support::solidImage({275, 116}, {1, 2, 3})));
-        EXPECT_FALSE(builder.parse()->generatedSheets.contains("MAIN"));
-    }
 }
 
 TEST(SkinParser, RejectsASkinThatTakesTooLong)

@@ -85,9 +85,3 @@ TEST(Skin, CutsBandFramesOutOfTwoRows)
         expectPart(skin.image("EQ_SLIDER_BACKGROUND", BandFrame{frame}), skin, expected);
     }
 }
-
-TEST(Skin, UsesTheExtendedDigitsWhenItHasThem)
-{
-    EXPECT_TRUE(skinOf("NUMS_EX", {108, 13}).usesNumsEx());
-    EXPECT_FALSE(skinOf("NUMBERS", {108, 13}).usesNumsEx());
-}

@@ -82,26 +82,3 @@ TEST(Threads, DrawOneSkinAllAtOnceAsOneAloneDoes)
         for (const auto& drawings : drawn)
             EXPECT_EQ(drawings[i], drawing(skins[i])) << i;
 }
-
-TEST(Threads, ParseAndDrawSkinsOfTheirOwnAllAtOnceAsOneAloneDoes)
-{
-    const auto files = archives();
-    const auto ownFile = [&](int thread, std::size_t i) -> const ByteBuffer& {
-        return files[(static_cast<std::size_t>(thread) + i) % files.size()];
-    };
-    std::vector<std::vector<std::pair<Skin, Drawing>>> made(threadCount);
-    inAllThreadsAtOnce([&](int thread) {
-        for (std::size_t i = 0; i < files.size(); ++i) {
-            Skin skin = parsed(ownFile(thread, i));
-            Drawing drawn = drawing(skin);
-            made[static_cast<std::size_t>(thread)].emplace_back(std::move(skin), std::move(drawn));
-        }
-    });
-    for (int thread = 0; thread < threadCount; ++thread)
-        for (std::size_t i = 0; i < files.size(); ++i) {
-            const Skin skin = parsed(ownFile(thread, i));
-            const auto& [theirs, drawn] = made[static_cast<std::size_t>(thread)][i];
-            EXPECT_EQ(theirs, skin) << thread << " " << i;
-            EXPECT_EQ(drawn, drawing(skin)) << thread << " " << i;
-        }
-}

@@ -44,12 +44,6 @@ TEST(Inflate, UndoesWhatZlibDidWhateverSizeWasExpected)
     }
 }
 
-TEST(Inflate, InflatesTheMostCompressedStreamThereIs)
-{
-    const ByteBuffer zeros(5 << 20, 0);
-    EXPECT_EQ(inflated(support::deflated(zeros), 10, INT64_MAX), zeros);
-}
-
 TEST(Inflate, GivesNothingForAStreamCutShortAndIgnoresWhatFollowsItsEnd)
 {
     const ByteBuffer data = someBytes(2000);
@@ -58,19 +52,6 @@ TEST(Inflate, GivesNothingForAStreamCutShortAndIgnoresWhatFollowsItsEnd)
         EXPECT_FALSE(inflated(ByteView(stream).first(length), 2000, 4000)) << length;
     stream.insert(stream.end(), {1, 2, 3});
     EXPECT_EQ(inflated(stream, 2000, 4000), data);
-}
-
-TEST(Inflate, SurvivesDamage)
-{
-    const ByteBuffer data = someBytes(500);
-    const ByteBuffer stream = support::deflated(data);
-    EXPECT_FALSE(inflated(ByteBuffer{0x07}, 10, 100)); // a block of the reserved kind
-    for (std::size_t i = 0; i < stream.size(); ++i) {
-        ByteBuffer damaged = stream;
-        damaged[i] ^= 0x55;
-        const auto result = inflated(damaged, 500, 600);
-        EXPECT_TRUE(!result || result->size() <= 600) << i;
-    }
 }
 
 TEST(Inflate, BeginsOnlyWhatTheTimeLeftCovers)

@@ -194,26 +194,6 @@ TEST(SkinArchive, DropsWhatWouldBurstTheTotalAndStopsOnlyWhenItIsReached)
     }
 }
 
-TEST(SkinArchive, ReadsEverythingWhenNothingIsLimited)
-{
-    ZipWriter writer;
-    writer.add("a.bmp", ofSize(1000)).add({.name = "b.txt", .data = bytes("x"), .method = 0});
-    const SkinArchive::Limits limits{.maxEntryBytes = INT64_MAX, .maxTotalBytes = INT64_MAX};
-    EXPECT_EQ(namesOf(opened(writer, limits)), (Names{"a.bmp", "b.txt"}));
-
-    const TemporaryFolder folder;
-    folder.write("a.bmp", ofSize(1000));
-    EXPECT_EQ(namesOf(*SkinArchive::open(folder.path(), limits)), Names{"a.bmp"});
-
-    // A compressed size far beyond the container's end asks for no memory.
-    ByteBuffer lying = ZipWriter{}.add({.name = "a.bmp", .data = bytes("x"), .method = 0}).bytes();
-    const std::string_view directory("PK\x01\x02");
-    const auto entry = asText(lying).find(directory);
-    support::put32(lying, entry + 20, 0xFFFFFFF0);
-    const auto archive = SkinArchive::open(lying, limits);
-    EXPECT_TRUE(!archive || archive->files().empty());
-}
-
 TEST(SkinArchive, AllowsTheExtensionsItIsGiven)
 {
     ZipWriter writer;
@@ -225,21 +205,18 @@ TEST(SkinArchive, AllowsTheExtensionsItIsGiven)
 TEST(SkinArchive, FailsOnWhatIsNoArchive)
 {
     const TemporaryFolder folder;
-    const ByteBuffer whole = ZipWriter{}.add("a.bmp", bytes("x")).bytes();
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
-    const std::filesystem::path paths[] = {
-        folder / "missing",        folder.write("text", bytes("not an archive")),
-        folder.write("empty", {}), folder.write("cut", ByteView(whole).first(whole.size() - 25)),
-        folder / "pipe",           "/dev/zero",
+    const std::pair<std::filesystem::path, std::string_view> rows[] = {
+        {folder / "missing", "No such file or directory"},
+        {folder.write("text", bytes("not an archive")), "Not a zip archive"},
+        {folder / "pipe", "Not a regular file"},
+        {"/dev/zero", "Not a regular file"},
     };
-    for (const auto& path : paths) {
+    for (const auto& [path, reason] : rows) {
         const auto archive = SkinArchive::open(path);
         ASSERT_FALSE(archive) << path;
-        EXPECT_EQ(archive.error().kind(), SkinError::Kind::unreadableArchive) << path;
-        EXPECT_GT(archive.error().description().size(), std::size("Unreadable archive: ")) << path;
+        EXPECT_EQ(archive.error(), SkinError::unreadableArchive(std::string(reason))) << path;
     }
-    EXPECT_FALSE(SkinArchive::open(ByteView(whole).first(whole.size() - 25)));
-    EXPECT_FALSE(SkinArchive::open(ByteView()));
 }
 
 TEST(SkinArchive, ReadsAFolderInByteOrderOfItsNames)
@@ -261,14 +238,6 @@ TEST(SkinArchive, ReadsAFolderInByteOrderOfItsNames)
     EXPECT_EQ(textOf(*archive, "caf\uFFFD.txt"), "latin");
     EXPECT_EQ(archive->entryCount(), 6); // the folder is no file
     EXPECT_EQ(archive->leftOutCount(), 4);
-}
-
-TEST(SkinArchive, HoldsTheFilesOfAFolderToTheSameLimit)
-{
-    const TemporaryFolder folder;
-    folder.write("a.bmp", ofSize(100));
-    folder.write("b.bmp", ofSize(101));
-    EXPECT_EQ(namesOf(*SkinArchive::open(folder.path(), {.maxEntryBytes = 100})), Names{"a.bmp"});
 }
 
 TEST(SkinArchive, WrapsFilesThatSomebodyHas)
@@ -302,20 +271,6 @@ TEST(SkinArchive, FindsAFileByTheFirstExtensionThatIsThere)
     EXPECT_EQ(found("text.bmp", {"bmp"}), "");
 }
 
-TEST(SkinArchive, ReadsOnBehindAnyNumberOfEntriesThatCostNoWork)
-{
-    ZipWriter zip;
-    for (int i = 0; i < 500; ++i) {
-        const std::string name = std::to_string(i);
-        zip.add({.name = name + ".bmp", .data = {}, .method = 12, .stored = bytes("x")});
-        zip.add({.name = name + ".png", .data = {}, .stored = bytes("no stream")});
-    }
-    zip.add("last.txt", bytes("x"));
-    for (const std::int64_t most : {std::int64_t{8} << 20, INT64_MAX})
-        EXPECT_EQ(namesOf(opened(zip, {.maxEntryBytes = most, .maxTotalBytes = most})),
-                  Names{"last.txt"});
-}
-
 TEST(SkinArchive, RejectsWhatTakesTooLong)
 {
     // Each entry is one byte longer than it may be, which shows when all of it is decompressed.
@@ -329,17 +284,6 @@ TEST(SkinArchive, RejectsWhatTakesTooLong)
     EXPECT_EQ(archive.error().description(), "Unreadable archive: Takes too long to read");
 }
 
-TEST(SkinArchive, LeavesOutNamesThatTakeTooMuchMemory)
-{
-    // Each byte becomes three in UTF-8.
-    ZipWriter zip;
-    for (int i = 0; i < 200; ++i)
-        zip.add(std::string(60'000, '\xB0') + std::to_string(i) + ".bmp", {});
-    const auto names = namesOf(opened(zip));
-    EXPECT_GT(names.size(), 100U);
-    EXPECT_LT(names.size() * 180'000, static_cast<std::size_t>(LoadMeter::defaultMemory));
-}
-
 TEST(SkinArchive, CountsTheFilesItCannotDecode)
 {
     ZipWriter zip;
@@ -349,12 +293,4 @@ TEST(SkinArchive, CountsTheFilesItCannotDecode)
         .add({.name = "unwanted.jpg", .data = bytes("x"), .flags = 1});
     EXPECT_EQ(opened(zip).unreadable().encrypted, 1);
     EXPECT_EQ(opened(zip).unreadable().otherMethod, 2);
-}
-
-TEST(SkinArchiveDeathTest, StopsOnNegativeLimits)
-{
-    const ByteBuffer zip = ZipWriter{}.add("a.bmp", {}).bytes();
-    EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxEntryBytes = -1})), "negative");
-    EXPECT_DEATH(static_cast<void>(SkinArchive::open(zip, {.maxTotalBytes = -1})), "negative");
-    EXPECT_DEATH(static_cast<void>(SkinArchive::open("/none", {.maxEntryBytes = -1})), "negative");
 }

@@ -2,15 +2,12 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/ZipWriter.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <string>
 
 using namespace SkinKit;
 using support::append;
-using support::append16;
-using support::append32;
 using support::bytes;
 using support::put16;
 using support::put32;
@@ -70,32 +67,6 @@ ByteBuffer withLargeNumbers()
 
 }
 
-TEST(ZipFile, TellsOfEachEntryWhatTheDirectorySays)
-{
-    ZipWriter writer;
-    writer
-        .add({.name = "sub/a.bmp",
-              .data = bytes("12345"),
-              .flags = 1,
-              .stored = bytes("abc"),
-              .uncompressedSize = 4'000'000'000})
-        .add({.name = "b", .data = bytes("2"), .method = 0})
-        .add({.name = "c/", .method = 99});
-    const ByteBuffer container = writer.bytes();
-    const auto zip = ZipFile::open(ByteView(container));
-    ASSERT_TRUE(zip);
-    ASSERT_EQ(zip->entries().size(), 3U);
-    const auto& a = zip->entries()[0];
-    const auto& b = zip->entries()[1];
-    const auto& c = zip->entries()[2];
-    EXPECT_EQ(a.path(), "sub/a.bmp");
-    EXPECT_EQ(a.uncompressedBytes, 4'000'000'000);
-    EXPECT_EQ(a.compressedBytes, 3);
-    EXPECT_TRUE(a.isEncrypted && a.isRegularFile && a.method == ZipFile::Method::deflated);
-    EXPECT_TRUE(!b.isEncrypted && b.isRegularFile && b.method == ZipFile::Method::stored);
-    EXPECT_TRUE(!c.isRegularFile && c.method == ZipFile::Method::other);
-}
-
 TEST(ZipFile, ReadsNamesAsUTF8OrElseAsCodePage437)
 {
     const std::pair<std::string, std::string> rows[] = {
@@ -144,18 +115,10 @@ TEST(ZipFile, ReadsNumbersOf64Bits)
     }
 }
 
-TEST(ZipFile, BelievesTheDirectoryRatherThanTheEntriesOwnHeaders)
-{
-    // Everything but the lengths of name and extra field.
-    ByteBuffer container = twoEntries();
-    for (std::size_t i = secondHeader; i < secondHeader + 26; ++i)
-        container[i] = 0xEE;
-    EXPECT_EQ(listing(container), "a=1 b=2");
-}
-
 TEST(ZipFile, GivesWhatADamagedContainerStillHas)
 {
     const std::tuple<std::size_t, std::uint32_t, std::string> rows[] = {
+        {secondHeader + 8, 0xEEEEEEEE, "a=1 b=2"}, // method and time in the entry's own header
         {0 + 28,           0xFFFF,     "a=? b=2"}, // extra field's length: beyond the end
         {directory + 20,   0xFFFFFFF0, "a=? b=2"}, // compressed size
         {directory + 42,   0xFFFFFFF0, "a=? b=2"}, // offset
@@ -193,36 +156,17 @@ TEST(ZipFile, SaysWhyItRefuses)
     }
 }
 
-TEST(ZipFile, RefusesMoreEntriesThanAnyArchiveHasUse)
+TEST(ZipFile, LimitsTheEntriesAndTheDirectory)
 {
-    // The claim alone costs nothing and counts for nothing.
-    ByteBuffer container = twoEntries();
-    put32(container, end + 8, 0xFFFFFFFF);
-    EXPECT_EQ(listing(container), "a=1 b=2");
-
-    const auto withEntries = [](std::size_t count, std::size_t commentBytes) {
-        ByteBuffer file;
-        const ByteBuffer comment(commentBytes, '.');
-        ByteBuffer entry = bytes("PK\x01\x02");
-        entry.resize(46);
-        std::fill(entry.begin() + 4, entry.end(), std::uint8_t{0});
-        put16(entry, 32, static_cast<std::uint32_t>(commentBytes));
-        append(entry, comment);
-        for (std::size_t i = 0; i < count; ++i)
-            append(file, entry);
-        const auto size = static_cast<std::uint32_t>(file.size());
-        append(file, bytes("PK\x05\x06"));
-        append32(file, 0);
-        append32(file, static_cast<std::uint32_t>(count << 16 | count));
-        append32(file, size);
-        append32(file, 0);
-        append16(file, 0);
-        return file;
+    const auto withEntries = [](std::int64_t count, std::size_t nameBytes) {
+        ZipWriter zip;
+        for (; count > 0; --count)
+            zip.add({.name = std::string(nameBytes, 'a'), .method = 0});
+        return zip.bytes();
     };
-    const auto most = ZipFile::open(withEntries(ZipFile::maxEntries, 0));
-    ASSERT_TRUE(most);
-    EXPECT_EQ(most->entries().size(), ZipFile::maxEntries);
-    EXPECT_EQ(listing(withEntries(ZipFile::maxEntries + 1, 0)),
+    const ByteBuffer most = withEntries(ZipFile::maxEntries, 1);
+    EXPECT_EQ(ZipFile::open(ByteView(most))->entries().size(), ZipFile::maxEntries);
+    EXPECT_EQ(listing(withEntries(ZipFile::maxEntries + 1, 1)),
               "Zip archive of more than 65535 entries");
     EXPECT_EQ(listing(withEntries(300, 60'000)), "The zip archive's directory is too large");
 }

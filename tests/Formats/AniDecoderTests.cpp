@@ -54,19 +54,6 @@ std::string stepsOf(const AniFile& file)
 
 }
 
-TEST(AniDecoder, ShowsEachFrameInTurnAtTheDefaultRate)
-{
-    AniFile file = twoFrames();
-    file.defaultRate = 7;
-    const auto cursor = AniDecoder::decode(file.bytes());
-    ASSERT_TRUE(cursor);
-    ASSERT_EQ(cursor->frames.size(), 2U);
-    EXPECT_EQ(cursor->frames[0], CurDecoder::decode(frame(1)));
-    EXPECT_EQ(cursor->frames[1], CurDecoder::decode(frame(2)));
-    EXPECT_EQ(cursor->defaultJiffies, 7);
-    EXPECT_EQ(stepsOf(file), "0:7 1:7");
-}
-
 TEST(AniDecoder, FollowsTheSequenceAndTheRateOfEachStep)
 {
     using Numbers = std::vector<std::uint32_t>;
@@ -107,21 +94,6 @@ TEST(AniDecoder, LeavesOutDamagedFramesAndTheirSteps)
     EXPECT_EQ(AniDecoder::decode(file.bytes())->frames.size(), 2U);
 }
 
-TEST(AniDecoder, TakesTheFirstOfSeveralLikeChunks)
-{
-    const ByteBuffer header(36, 0);
-    const ByteBuffer sequence(8, 0);
-    const ByteBuffer rates{5, 0, 0, 0, 0, 0, 0, 0};
-    AniFile file = twoFrames();
-    file.sequence = {1};
-    file.rates = {3};
-    file.steps = 2;
-    support::append(file.extraChunks, chunk("anih", header));
-    support::append(file.extraChunks, chunk("seq ", sequence));
-    support::append(file.extraChunks, chunk("rate", rates));
-    EXPECT_EQ(stepsOf(file), "0:5 0:10");
-}
-
 TEST(AniDecoder, TellsFramesByTheirBytes)
 {
     const auto red = solidImage({2, 2}, {255, 0, 0});
@@ -137,25 +109,6 @@ TEST(AniDecoder, TellsFramesByTheirBytes)
     const CursorImage png{red, middle, 32};
     EXPECT_EQ(cursor->frames[1].best(), bitmap);
     EXPECT_EQ(cursor->frames[2].best(), png);
-}
-
-TEST(AniDecoder, SkipsOtherChunksAndTheirPadding)
-{
-    AniFile file = twoFrames();
-    file.rates = {3};
-    support::append(file.extraChunks, chunk("junk", bytes("odd")));
-    support::append(file.extraChunks, chunk("none", {}));
-    support::append(file.extraChunks, chunk("LIST", bytes("INFO what is no chunk at all")));
-    EXPECT_EQ(stepsOf(file), "0:3 1:10");
-}
-
-TEST(AniDecoder, FindsTheFramesWhateverTheirListClaims)
-{
-    for (const std::uint32_t size : {4U, 5U, 30U, 100'000U, 0xFFFFFFFFU}) {
-        AniFile file = twoFrames();
-        file.listBytes = size;
-        EXPECT_EQ(stepsOf(file), "0:10 1:10") << size;
-    }
 }
 
 TEST(AniDecoder, GivesNothingWithoutHeaderFramesOrSteps)
@@ -179,17 +132,6 @@ TEST(AniDecoder, GivesNothingWithoutHeaderFramesOrSteps)
     };
     for (const auto& [what, file] : rows)
         EXPECT_FALSE(AniDecoder::decode(file)) << what;
-}
-
-TEST(AniDecoder, LeavesOutFramesThatFindTooLittleMemory)
-{
-    const auto large = curFile(cursorPicture(encodeBMP(solidImage({256, 256}, {0, 0, 0}), 1)));
-    AniFile file;
-    file.frames.assign(140, large);
-    const auto cursor = AniDecoder::decode(file.bytes());
-    ASSERT_TRUE(cursor);
-    EXPECT_EQ(cursor->frames.size(), 127U);
-    EXPECT_EQ(cursor->steps.size(), 127U);
 }
 
 TEST(AniDecoder, ReadsNothingPastTheEndHoweverShortTheFileIsCut)

@@ -1,17 +1,14 @@
 #include "SkinKit/Formats/CurDecoder.h"
-#include "SkinKit/Graphics/BMPDecoder.h"
 #include "SkinKit/Graphics/PNGCodec.h"
 #include "tests/support/CursorWriter.h"
 #include "tests/support/Pictures.h"
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 
+// Colours, alpha and masks are compared with another decoder in tests/differential.
 using namespace SkinKit;
-using support::append32;
-using support::BMPFile;
 using support::ByteBuffer;
 using support::CurFile;
 using support::curFile;
@@ -48,15 +45,6 @@ Rows rowsOfOnly(ByteView file)
     return rowsOf(cursor->images[0].image, legend);
 }
 
-// A bitmap of one row, 32 bits a pixel.
-ByteBuffer row32(const std::vector<std::uint32_t>& pixels)
-{
-    BMPFile file{.width = static_cast<int>(pixels.size()), .height = 1, .bitCount = 32};
-    for (const auto pixel : pixels)
-        append32(file.pixels, pixel);
-    return file.bytes();
-}
-
 // A bitmap without its file header, nothing else changed.
 ByteBuffer plainBitmap(const Image& image)
 {
@@ -69,128 +57,6 @@ ByteBuffer png(const Image& image)
     return *PNGCodec::encode(image);
 }
 
-// A picture in so many random colours.
-Image noise(Size size, int colors)
-{
-    std::mt19937 random(7);
-    std::vector<Pixel> palette(static_cast<std::size_t>(colors));
-    for (auto& color : palette)
-        color = (random() & 0x00FFFFFF) | packPixel(0, 0, 0);
-    auto pixels = PixelBuffer::uninitialized(size);
-    for (std::size_t i = 0; i < pixels.count(); ++i)
-        pixels.data()[i] = palette[random() % palette.size()];
-    return {std::move(pixels), Image::Alpha::opaque};
-}
-
-}
-
-TEST(CurDecoder, HidesWhatTheMaskCoversAtEveryDepth)
-{
-    // Of few colours, so that palettes are short; and so wide that the mask's rows are padded.
-    const Image colors = noise({33, 2}, 2);
-    const std::string clear(32, '-');
-    for (const int bitCount : {1, 4, 8, 16, 24, 32}) {
-        const auto bmp = encodeBMP(colors, bitCount);
-        const auto cursor =
-            CurDecoder::decode(curFile(cursorPicture(bmp, {clear + '#', '#' + clear})));
-        ASSERT_TRUE(cursor);
-        EXPECT_EQ(cursor->images[0].bitCount, bitCount);
-        const Image& image = cursor->images[0].image;
-        EXPECT_FALSE(image.isOpaque());
-        const Image shown = *BMPDecoder::decode(bmp);
-        for (int y = 0; y < 2; ++y)
-            for (int x = 0; x < 33; ++x) {
-                const bool isMasked = Point{x, y} == Point{32, 0} || Point{x, y} == Point{0, 1};
-                ASSERT_EQ(image.pixel({x, y}), isMasked ? transparentPixel : shown.pixel({x, y}))
-                    << bitCount << ": " << x << ", " << y;
-            }
-    }
-}
-
-TEST(CurDecoder, DecodesColoursAsTheBitmapDecoderDoes)
-{
-    for (const int bitCount : {1, 4, 8, 16, 24, 32})
-        for (const int width : {1, 2, 7, 8, 31, 33, 256}) {
-            const auto bmp = encodeBMP(noise({width, 5}, 2), bitCount);
-            const auto cursor = CurDecoder::decode(curFile(cursorPicture(bmp)));
-            ASSERT_TRUE(cursor) << bitCount << " bits, width " << width;
-            EXPECT_EQ(cursor->images[0].image, *BMPDecoder::decode(bmp))
-                << bitCount << " bits, width " << width;
-            EXPECT_TRUE(cursor->images[0].image.isOpaque());
-        }
-}
-
-TEST(CurDecoder, TakesAlphaInsteadOfTheMaskWhereThereIsAny)
-{
-    const auto bmp = row32({0xFFFF0000, 0x80FFFFFF, 0x00FFFFFF});
-    const auto cursor = CurDecoder::decode(curFile(cursorPicture(bmp, {"###"})));
-    ASSERT_TRUE(cursor);
-    const Image& image = cursor->images[0].image;
-    EXPECT_EQ(image.pixel({0, 0}), packPixel(255, 0, 0));
-    EXPECT_EQ(image.pixel({1, 0}), packPixel(128, 128, 128, 128));
-    EXPECT_EQ(image.pixel({2, 0}), transparentPixel);
-    EXPECT_EQ(rowsOfOnly(curFile(cursorPicture(row32({0xFF0000, 0x0000FF}), {"-#"}))), Rows{"r."});
-}
-
-TEST(CurDecoder, TakesAByteThatBelongsToAColourForNoAlpha)
-{
-    for (const auto& [red, expected] : {
-             std::pair{0x00FF0000U, packPixel(128, 0, 0, 128)},
-             {0xFF000000U, packPixel(128, 0, 0)}
-    }) {
-        BMPFile file{.width = 1, .height = 1, .bitCount = 32, .compression = 3};
-        for (const std::uint32_t word : {red, 0x0000FF00U, 0x000000FFU, 0x80FF0000U})
-            append32(file.pixels, word);
-        const auto cursor = CurDecoder::decode(curFile(cursorPicture(file.bytes())));
-        ASSERT_TRUE(cursor);
-        EXPECT_EQ(cursor->images[0].image.pixel({0, 0}), expected);
-    }
-}
-
-TEST(CurDecoder, ReadsColoursAndMaskFromTheTopWhenTheHeightIsNegative)
-{
-    const BMPFile file{
-        .width = 1, .height = -2, .pixels = {0, 0, 255, 0, 255, 0, 0, 0}
-    };
-    auto topDown = cursorPicture(file.bytes());
-    const ByteBuffer mask{0x80, 0, 0, 0, 0, 0, 0, 0};
-    support::append(topDown, mask);
-    EXPECT_EQ(rowsOfOnly(curFile(topDown)), (Rows{".", "b"}));
-}
-
-TEST(CurDecoder, ReadsTheSmallestHeader)
-{
-    ByteBuffer core;
-    append32(core, 12);
-    for (const std::uint32_t field : {2U, 2U, 1U, 1U})
-        support::append16(core, field);
-    const ByteBuffer paletteColorsAndMask{0, 0, 0, 0, 0, 255, 0x40, 0, 0, 0, 0x80, 0, 0, 0};
-    support::append(core, paletteColorsAndMask);
-    EXPECT_EQ(rowsOfOnly(curFile(core)), Rows{".r"});
-}
-
-TEST(CurDecoder, ShowsWhatAMissingPartOfTheMaskWouldHide)
-{
-    const auto whole =
-        cursorPicture(encodeBMP(picture({"rbr", "brb"}, legend), 24), {"#--", "#-#"});
-    const std::pair<std::size_t, Rows> rows[] = {
-        {0, {".br", ".r."}},
-        {4, {"rbr", ".r."}}, // the upper row's comes last
-        {7, {"rbr", ".r."}}, // a row's padding may be missing as well
-        {8, {"rbr", "brb"}},
-    };
-    for (const auto& [missing, expected] : rows)
-        EXPECT_EQ(rowsOfOnly(curFile(ByteView(whole).first(whole.size() - missing))), expected)
-            << missing;
-}
-
-TEST(CurDecoder, ShowsInvertingPixelsInBlackAndOtherMaskedOnesNotAtAll)
-{
-    const Image colors = picture({"kwrb"}, legend);
-    for (const int bitCount : {4, 8, 24, 32})
-        EXPECT_EQ(rowsOfOnly(curFile(cursorPicture(encodeBMP(colors, bitCount), {"####"}))),
-                  Rows{".k.."})
-            << bitCount;
 }
 
 TEST(CurDecoder, BelievesAnUndoubledHeightWhenTheDirectoryAndTheBytesAgree)
@@ -210,20 +76,6 @@ TEST(CurDecoder, BelievesAnUndoubledHeightWhenTheDirectoryAndTheBytesAgree)
         const CurFile file{{{.picture = {bytes.begin(), bytes.end()}, .size = {1, statedHeight}}}};
         EXPECT_EQ(rowsOfOnly(file.bytes()), expected) << bytes.size() << " bytes";
     }
-}
-
-TEST(CurDecoder, ReadsPNGPicturesByTheirContent)
-{
-    auto pixels = PixelBuffer::transparent({3, 2});
-    pixels.row(1)[2] = packPixel(0, 0, 128, 128);
-    const Image image(std::move(pixels), Image::Alpha::any);
-    const auto cursor = CurDecoder::decode(curFile(png(image), {1, 1}));
-    ASSERT_TRUE(cursor);
-    const CursorImage expected{
-        image, Point{1, 1},
-         32
-    };
-    EXPECT_EQ(cursor->images[0], expected);
 }
 
 TEST(CurDecoder, KeepsTheHotSpotInsideThePicture)

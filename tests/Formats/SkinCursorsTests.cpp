@@ -106,17 +106,3 @@ TEST(SkinCursors, ArePartOfASkinAndMakeNoNotes)
     EXPECT_EQ(skin->warnings, plain->warnings);
     EXPECT_EQ(skin->fallbacks, plain->fallbacks);
 }
-
-TEST(SkinCursors, ShareThePixelsOfTwoFiles)
-{
-    const auto large =
-        support::cursorPicture(support::encodeBMP(support::solidImage({256, 256}, {0, 0, 0}), 1));
-    support::CurFile file;
-    file.entries.assign(64, {.picture = large});
-    SkinBuilder builder;
-    for (const char* const name : {"close.cur", "eqclose.cur", "normal.cur"})
-        builder.file(name, file.bytes());
-    const auto cursors = loaded(builder);
-    EXPECT_EQ(namesIn(cursors), (Names{"CLOSE", "EQCLOSE"}));
-    EXPECT_EQ(cursors.unreadable, Names{"normal.cur"});
-}

@@ -40,27 +40,6 @@ TEST(SkinRegion, MasksAWindowAtDeviceScale)
     EXPECT_EQ(mask(triangle, {2, 2}, 2), (Rows{"####", ".###", "..##", "...#"}));
 }
 
-TEST(SkinRegion, JoinsPolygonsThatOverlap)
-{
-    const Polygons nested{
-        {{0, 0}, {4, 0}, {4, 3}, {0, 3}},
-        {{1, 1}, {3, 1}, {3, 2}, {1, 2}}
-    };
-    EXPECT_EQ(mask(nested, {4, 3}, 1), (Rows{"####", "####", "####"}));
-    // Unless one runs round the other way, and so takes away.
-    const Polygons opposed{
-        {{0, 0}, {4, 0}, {4, 3}, {0, 3}},
-        {{1, 1}, {1, 2}, {3, 2}, {3, 1}}
-    };
-    EXPECT_EQ(mask(opposed, {4, 3}, 1), (Rows{"####", "#..#", "####"}));
-}
-
-TEST(SkinRegion, ShowsNothingWithoutPolygons)
-{
-    EXPECT_EQ(mask({}, {2, 1}, 1), Rows{".."});
-    EXPECT_EQ(mask({{}, {{0, 0}}}, {2, 1}, 1), Rows{".."});
-}
-
 TEST(SkinRegion, GivesNoMaskOfASizeThatCannotBe)
 {
     for (const Size size : {
@@ -71,16 +50,4 @@ TEST(SkinRegion, GivesNoMaskOfASizeThatCannotBe)
         EXPECT_FALSE(SkinRegion::maskImage({}, size, 1));
     EXPECT_FALSE(SkinRegion::maskImage({}, {5, 5}, INT_MAX));
     EXPECT_FALSE(SkinRegion::maskImage({}, {5, 5}, 0));
-}
-
-TEST(SkinRegion, MakesClosedOutlinesAndHoldsCoordinatesWithinRange)
-{
-    const Polygons polygons{
-        {{1, -2}, {3, 4}},
-        {},
-        {{INT64_MAX, INT64_MIN}}
-    };
-    EXPECT_EQ(SkinRegion::path(polygons, 3), (Path{
-                                                 {{{3, -6}, {9, 12}}, {{INT64_MAX, INT64_MIN}}}
-    }));
 }

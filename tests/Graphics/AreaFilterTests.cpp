@@ -81,24 +81,6 @@ TEST(AreaFilter, GivesEveryPixelTheExactMeanOfWhatItCovers)
     }
 }
 
-TEST(AreaFilter, RoundsHalvesUp)
-{
-    EXPECT_EQ(AreaFilter::resample(picture({"wk"}, legend), {1, 1}, whole({1, 1})).pixel({0, 0}),
-              packPixel(128, 128, 128));
-    // Each weight is a sixth, which no binary fraction is.
-    EXPECT_EQ(
-        AreaFilter::resample(picture({"wkwkwk"}, legend), {1, 1}, whole({1, 1})).pixel({0, 0}),
-        packPixel(128, 128, 128));
-}
-
-TEST(AreaFilter, LetsColoursCountByTheirAlpha)
-{
-    // Half red, half nothing is half a red, not a dark one.
-    const Image half = AreaFilter::resample(picture({"#."}, legend), {1, 1}, whole({1, 1}));
-    EXPECT_EQ(half.pixel({0, 0}), packPixel(128, 0, 0, 128));
-    EXPECT_EQ(unpremultiply(half.pixel({0, 0})), packPixel(255, 0, 0, 128));
-}
-
 TEST(AreaFilter, CoversPixelsInPartWhereTheCellEndsBetweenThem)
 {
     const Image image = picture({"##oo"}, legend);
@@ -125,21 +107,4 @@ TEST(AreaFilter, LeavesOutWhatFallsOutsideThePicture)
         AreaFilter::resample(picture({"#o", "ow"}, legend), {1, 1}, {-1, -1, 2, 2});
     EXPECT_EQ(result.pixel({0, 0}), packPixel(255, 255, 255));
     EXPECT_EQ(AreaFilter::resample(result, {2, 1}, {5, 0, 2, 1}), picture({".."}, legend));
-}
-
-TEST(AreaFilter, KnowsWhetherTheResultIsOpaque)
-{
-    const Image image = support::solidImage({5, 3}, {9, 8, 7});
-    EXPECT_TRUE(AreaFilter::resample(image, {2, 1}, whole({2, 1})).isOpaque());
-    EXPECT_FALSE(AreaFilter::resample(image, {2, 1}, {0.5, 0, 1.5, 1}).isOpaque());
-    EXPECT_FALSE(AreaFilter::resample(noise({5, 3}, 2), {2, 1}, whole({2, 1})).isOpaque());
-}
-
-TEST(AreaFilterDeathTest, StopsOnACellWithoutAnArea)
-{
-    const Image image = support::solidImage({2, 2}, {});
-    EXPECT_DEATH(AreaFilter::resample(image, {1, 1}, {0, 0, 0, 1}), "finite area");
-    EXPECT_DEATH(
-        AreaFilter::resample(image, {1, 1}, {0, 0, std::numeric_limits<double>::infinity(), 1}),
-        "finite area");
 }

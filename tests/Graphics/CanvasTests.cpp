@@ -91,14 +91,6 @@ TEST(Canvas, ClipsToRectanglesAndPolygonsTogether)
     EXPECT_EQ(rowsOf(canvas.image(), legend), (Rows{"......", ".#+.#.", ".##.#.", "......"}));
 }
 
-TEST(Canvas, ClipsEverythingAwayWithAPathOfNoPolygons)
-{
-    Canvas canvas({2, 1});
-    canvas.clip(Path{});
-    canvas.fill({0, 0, 2, 1}, {255, 0, 0});
-    EXPECT_EQ(rowsOf(canvas.image(), legend), Rows{".."});
-}
-
 TEST(Canvas, GivesTheCallersStateBack)
 {
     Canvas canvas({4, 1});
@@ -111,10 +103,4 @@ TEST(Canvas, GivesTheCallersStateBack)
     }
     canvas.fill({0, 0, 1, 1}, {255, 0, 0});
     EXPECT_EQ(rowsOf(canvas.image(), legend), Rows{"#..."});
-}
-
-TEST(CanvasDeathTest, StopsOnARasterThatCannotExist)
-{
-    EXPECT_DEATH(Canvas({0, 5}), "size that can be held");
-    EXPECT_DEATH(Canvas({40'000, 40'000}), "size that can be held");
 }

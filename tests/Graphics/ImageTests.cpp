@@ -59,18 +59,3 @@ TEST(Image, SharesItsPixelsWithCopiesAndCropsThatOutliveIt)
     image.reset();
     EXPECT_EQ(rowsOf(crop, legend), Rows{"ef"});
 }
-
-TEST(Image, EqualsAnotherOfTheSameSizeAndPixels)
-{
-    const Image image = picture({"abab", "abab"}, legend);
-    EXPECT_EQ(*image.crop({0, 0, 2, 2}), *image.crop({2, 0, 2, 2}));
-    EXPECT_EQ(*image.crop({0, 0, 2, 2}), picture({"ab", "ab"}, legend));
-    EXPECT_NE(*image.crop({0, 0, 2, 2}), *image.crop({1, 0, 2, 2}));
-    EXPECT_NE(*image.crop({0, 0, 4, 1}), *image.crop({0, 0, 2, 2}));
-}
-
-TEST(Image, KnowsWhetherItsMakerVouchedForOpacity)
-{
-    EXPECT_TRUE(picture({"ab"}, legend).crop({0, 0, 1, 1})->isOpaque());
-    EXPECT_FALSE(picture({"a."}, legend).crop({0, 0, 1, 1})->isOpaque());
-}

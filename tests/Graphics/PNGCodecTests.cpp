@@ -171,34 +171,12 @@ TEST(PNGCodec, ReadsEveryColourTypeAndDepthAsTheFormatsOwnLibraryDoes)
 
 TEST(PNGCodec, KeepsTheHighByteOfSixteenBits)
 {
-    for (const int colorType : {PNG_COLOR_TYPE_GRAY, PNG_COLOR_TYPE_RGB, PNG_COLOR_TYPE_GRAY_ALPHA,
-                                PNG_COLOR_TYPE_RGB_ALPHA})
-        for (const bool transparent : {false, true}) {
-            const bool hasAlpha = (colorType & PNG_COLOR_MASK_ALPHA) != 0;
-            if (transparent && hasAlpha)
-                continue;
-            PNGFile file = randomFile(colorType, 16, PNG_INTERLACE_ADAM7, 7);
-            file.hasTransparentColor = transparent;
-            const std::size_t channels =
-                file.bytesPerRow() / 2 / static_cast<std::size_t>(file.width);
-            // The second pixel is the transparent one but for a low byte.
-            std::memcpy(file.rows.data() + 2 * channels, file.rows.data(), 2 * channels);
-            file.rows[4 * channels - 1] ^= 1;
-            std::vector<Pixel> expected;
-            for (std::size_t i = 0; i < file.rows.size(); i += 2 * channels) {
-                const auto* const sample = file.rows.data() + i;
-                const bool isColor = (colorType & PNG_COLOR_MASK_COLOR) != 0;
-                const bool isKey =
-                    transparent && std::memcmp(sample, file.rows.data(), 2 * channels) == 0;
-                expected.push_back(packPixel(sample[0], sample[isColor ? 2 : 0],
-                                             sample[isColor ? 4 : 0],
-                                             hasAlpha ? sample[2 * channels - 2]
-                                             : isKey  ? 0
-                                                      : 255));
-            }
-            SCOPED_TRACE(testing::Message() << "type " << colorType << transparent);
-            expectPixels(PNGCodec::decode(encoded(file), generous), expected);
-        }
+    const PNGFile file = randomFile(PNG_COLOR_TYPE_RGB_ALPHA, 16, PNG_INTERLACE_NONE, 7);
+    std::vector<Pixel> expected;
+    for (std::size_t i = 0; i < file.rows.size(); i += 8)
+        expected.push_back(
+            packPixel(file.rows[i], file.rows[i + 2], file.rows[i + 4], file.rows[i + 6]));
+    expectPixels(PNGCodec::decode(encoded(file), generous), expected);
 }
 
 TEST(PNGCodec, IgnoresGamma)
@@ -291,10 +269,9 @@ TEST(PNGCodec, TellsTheSizeThatAFileStates)
     EXPECT_EQ(PNGCodec::size(file), (Size{300, 7}));
     EXPECT_EQ(PNGCodec::size(ByteView(file).first(24)), (Size{300, 7}));
     EXPECT_FALSE(PNGCodec::size(ByteView(file).first(23)));
-    ByteBuffer negative = file;
-    negative[16] = 0x80;
-    EXPECT_FALSE(PNGCodec::size(negative));
-    ByteBuffer other = file;
-    other[12] = 'i';
-    EXPECT_FALSE(PNGCodec::size(other));
+    for (const std::size_t place : {12U, 16U}) { // the chunk's name, the sign of the width
+        ByteBuffer other = file;
+        other[place] ^= 0x80;
+        EXPECT_FALSE(PNGCodec::size(other));
+    }
 }

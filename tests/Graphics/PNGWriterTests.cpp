@@ -7,25 +7,6 @@
 using namespace SkinKit;
 using support::TemporaryFolder;
 
-TEST(PNGWriter, WritesAFileAndReadsItBack)
-{
-    const TemporaryFolder folder;
-    const Image image = support::solidImage({5, 3}, {1, 2, 3});
-    EXPECT_FALSE(PNGWriter::write(image, folder / "a.png"));
-    EXPECT_EQ(PNGWriter::read(folder / "a.png"), image);
-    EXPECT_EQ(support::readFile(folder / "a.png"), PNGWriter::data(image));
-}
-
-TEST(PNGWriter, ReadsBitmapsToo)
-{
-    const TemporaryFolder folder;
-    const Image image = support::solidImage({5, 3}, {1, 2, 3});
-    EXPECT_EQ(PNGWriter::read(folder.write("a.png", support::encodeBMP(image, 8))), image);
-    EXPECT_EQ(PNGWriter::read(folder.write("b", support::bytes("neither"))), std::nullopt);
-    EXPECT_EQ(PNGWriter::read(folder / "missing"), std::nullopt);
-    EXPECT_EQ(PNGWriter::read(folder.path()), std::nullopt);
-}
-
 TEST(PNGWriter, TellsAnEncodingThatFailedFromAFileThatDid)
 {
     const TemporaryFolder folder;

@@ -15,17 +15,6 @@ unsigned nearest(double value)
 
 }
 
-TEST(Pixel, PacksItsChannelsInMemoryOrder)
-{
-    const Pixel pixel = packPixel(1, 2, 3, 4);
-    const auto* const bytes = reinterpret_cast<const unsigned char*>(&pixel);
-    for (unsigned i = 0; i < 4; ++i)
-        EXPECT_EQ(bytes[i], i + 1);
-    EXPECT_EQ(opaquePixel({1, 2, 3}), packPixel(1, 2, 3, 255));
-    EXPECT_EQ(redOf(pixel) * 1000 + greenOf(pixel) * 100 + blueOf(pixel) * 10 + alphaOf(pixel),
-              1234U);
-}
-
 TEST(Pixel, RoundsEveryProductToTheNearest)
 {
     for (unsigned alpha = 0; alpha <= 255; ++alpha)

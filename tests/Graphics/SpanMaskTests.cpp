@@ -93,24 +93,3 @@ TEST(SpanMask, GivesACentreOnAnEdgeToTheAreaToItsRight)
     for (const auto& [polygon, expected] : rows)
         EXPECT_EQ(shape(SpanMask::fill(Path{{polygon}}, area), area), expected);
 }
-
-TEST(SpanMask, IntersectsToThePixelsInBoth)
-{
-    std::mt19937 random(14);
-    for (int round = 0; round < 300; ++round) {
-        const Path first = randomPath(random, -2, 16);
-        const Path second = randomPath(random, -2, 16);
-        const Rect inner{3, 2, 9, 10};
-        const Rect outer{0, 0, 14, 14};
-        const SpanMask both =
-            SpanMask::fill(first, inner).intersected(SpanMask::fill(second, outer));
-        const auto a = reference(first, inner);
-        const auto b = reference(second, inner);
-        auto expected = a;
-        for (std::size_t y = 0; y < expected.size(); ++y)
-            for (std::size_t x = 0; x < expected[y].size(); ++x)
-                if (b[y][x] == '.')
-                    expected[y][x] = '.';
-        ASSERT_EQ(shape(both, inner), expected) << round;
-    }
-}

@@ -45,11 +45,3 @@ TEST(PreviewDocument, SetsThePictureBesideThePageInAMIMEDocument)
               "UE5H\r\n"
               "--=_skin_preview--\r\n");
 }
-
-TEST(PreviewDocument, HoldsOnlyThePageOfASkinThatCannotBeShown)
-{
-    const auto document = PreviewDocument::mhtml(failurePage);
-    EXPECT_TRUE(document.contains("\r\nContent-ID: <page>\r\n"));
-    EXPECT_FALSE(document.contains("image/png"));
-    EXPECT_TRUE(document.ends_with("\r\n--=_skin_preview--\r\n"));
-}

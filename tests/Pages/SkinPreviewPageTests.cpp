@@ -113,15 +113,6 @@ TEST(SkinPreviewPage, SaysWhyASkinCannotBeShown)
               pageOf("a", "<h1>Can't preview a</h1>\n<p>&lt;1&gt; &amp; &quot;2&quot;</p>\n"));
 }
 
-TEST(SkinPreviewPage, ReadsTheSkinWithinTheCallersLimitsAndLeavesOutWhatItLacks)
-{
-    const TemporaryFolder folder;
-    const auto skin = folder.write("skin.wsz", SkinBuilder().allSheets().zip());
-    EXPECT_EQ(SkinPreviewPage::make(skin).html, pageOf("skin", "<h1>skin</h1>\n" + imageLine));
-    EXPECT_TRUE(SkinPreviewPage::make(skin, {.maxEntryBytes = 10})
-                    .html.contains("<p>No classic skin bitmaps found</p>"));
-}
-
 TEST(SkinPreviewPage, ChoosesTheReadmeAmongTheTextsThatAreNotOfTheFormat)
 {
     struct Row {

@@ -6,15 +6,6 @@
 
 using namespace VelmarThumbnail;
 
-TEST(FileURI, IsTheScheme)
-{
-    EXPECT_TRUE(FileURI::isFileURI("file:///a"));
-    EXPECT_TRUE(FileURI::isFileURI("FILE:"));
-    EXPECT_FALSE(FileURI::isFileURI("./file:a"));
-    EXPECT_FALSE(FileURI::isFileURI("files"));
-    EXPECT_FALSE(FileURI::isFileURI("http://a"));
-}
-
 TEST(FileURI, StandsForThePathWhoseBytesItSpellsOut)
 {
     const std::pair<std::string_view, std::optional<std::filesystem::path>> rows[] = {

@@ -125,23 +125,6 @@ TEST_F(ThumbnailProviderTest, StretchesTheWindowInAContextOfAnotherScale)
     EXPECT_EQ(canvas.image(), window(1));
 }
 
-TEST_F(ThumbnailProviderTest, ShowsTheWholeWindowOfAFolderWhateverTheSkinsRegion)
-{
-    const auto cut = SkinBuilder(builder)
-                         .text("region.txt", "[Normal]\nNumPoints=3\nPointList=0,0 9,0 9,9\n")
-                         .unpack(folder / "cut");
-    EXPECT_EQ(ask(cut, 300).reply->image(1), window(1));
-}
-
-TEST_F(ThumbnailProviderTest, DrawsOnAnotherThreadWhenAllElseIsGone)
-{
-    auto reply = ask(skin, 300).reply;
-    std::filesystem::remove(skin);
-    std::optional<Image> image;
-    std::thread([&, own = std::move(*reply)] { image = own.image(1); }).join();
-    EXPECT_EQ(image, window(1));
-}
-
 TEST_F(ThumbnailProviderTest, RepliesWithTheErrorOfARefusedSkin)
 {
     const auto modern = folder.write("modern.wsz", SkinBuilder().text("skin.xml", "<x/>").zip());
@@ -159,13 +142,4 @@ TEST_F(ThumbnailProviderTest, RepliesWithTheErrorOfARefusedSkin)
         EXPECT_FALSE(answer.reply);
         EXPECT_EQ(answer.error, (ThumbnailError{"SkinKit.SkinError", row.code, row.description}));
     }
-}
-
-TEST(ThumbnailReply, HasNoImageWhenItsCallbackDoesNotDraw)
-{
-    const ThumbnailReply reply{
-        {3, 2},
-        [](const DrawingContext&) { return false; }
-    };
-    EXPECT_FALSE(reply.image(1));
 }

@@ -106,18 +106,6 @@ TEST_F(ThumbnailerTest, DrawsWhatASkinLacksThoughItIsLockedIn)
     EXPECT_EQ(PNGWriter::read(output), provided(lacking, 128));
 }
 
-TEST_F(ThumbnailerTest, NeverExceedsTheSizeAskedFor)
-{
-    for (int size = ThumbnailerOptions::smallestSize; size <= ThumbnailerOptions::largestSize;
-         ++size) {
-        const auto side = static_cast<double>(size);
-        const auto context =
-            ThumbnailFit::fit({side, side}, {}, 1, ThumbnailProvider::window).contextSize;
-        ASSERT_LE(std::max(context.width, context.height), side);
-        ASSERT_GE(std::min(context.width, context.height), 1);
-    }
-}
-
 TEST_F(ThumbnailerTest, TellsHowLargeTheWindowIsInTheVeryFileThatStandsThere)
 {
     using namespace std::string_view_literals;

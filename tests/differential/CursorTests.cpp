@@ -6,19 +6,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 using namespace SkinKit;
 using namespace differential;
+using support::BMPFile;
 
 namespace {
 
 constexpr std::size_t fileHeaderBytes = 14;
 
 // The bitmap as it lies in a cursor file: its height counts the mask's rows too.
-ByteBuffer picture(const RandomBMP& bmp, support::ByteView mask)
+ByteBuffer picture(const BMPFile& bmp, support::ByteView mask)
 {
-    RandomBMP doubled = bmp;
+    BMPFile doubled = bmp;
     doubled.height *= 2;
     const auto file = doubled.bytes();
     ByteBuffer bytes(file.begin() + fileHeaderBytes, file.end());
@@ -47,33 +49,25 @@ struct Plane {
     }
 };
 
-// Whether every pixel has a byte of alpha: the last of four, and no colour's.
-bool hasAlphaByte(const RandomBMP& bmp, support::ByteView file)
+// Whether every pixel has a byte of alpha: the last of four, in no colour's mask.
+bool hasAlphaByte(const BMPFile& bmp)
 {
-    constexpr std::size_t masksOffset = 54;
-    constexpr std::size_t maskBytes = 4;
-    if (bmp.bitCount != 32)
-        return false;
-    for (std::size_t i = 0; bmp.compression == 3 && i < 3; ++i)
-        if (file[masksOffset + i * maskBytes + 3] != 0)
-            return false;
-    return true;
+    return bmp.bitCount == 32 &&
+           std::ranges::all_of(bmp.masks, [](std::uint32_t mask) { return mask >> 24 == 0; });
 }
 
 // What the cursor shows: the bitmap decoder's colours, and of alpha or mask the one that counts.
-Image expected(const RandomBMP& bmp, support::ByteView mask)
+Image expected(const BMPFile& bmp, support::ByteView mask)
 {
-    const auto file = bmp.bytes();
-    // Where the pixels are said to be counts for nothing in a cursor.
-    auto plainFile = file;
-    support::put32(plainFile, 10, 0);
-    const Image colors = BMPDecoder::decode(plainFile).value();
+    BMPFile file = bmp;
+    file.pixelOffset.reset(); // cursors have none
+    const Image colors = BMPDecoder::decode(file.bytes()).value();
     const Plane pixels{bmp.pixels, static_cast<std::size_t>(bmp.bitCount), bmp.width, bmp.height};
     const Plane hidden{mask, 1, bmp.width, bmp.height};
     const auto alpha = [&](int x, int y) { return pixels.bits(x, y, 24, 8); };
 
     bool usesAlpha = false;
-    if (hasAlphaByte(bmp, file))
+    if (hasAlphaByte(bmp))
         for (int y = 0; y < colors.height(); ++y)
             for (int x = 0; x < colors.width(); ++x)
                 usesAlpha = usesAlpha || alpha(x, y) != 0;
@@ -100,7 +94,7 @@ TEST(DifferentialCursor, ShowsTheBitmapDecodersColorsBehindItsMaskOrWithItsAlpha
 {
     Random random(4);
     for (int round = 0; round < 6000; ++round) {
-        RandomBMP bmp(random, RandomBMP::Kind::ofCursor);
+        BMPFile bmp = randomBMP(random, BMPKind::ofCursor);
         const bool hasNoAlpha = bmp.bitCount == 32 && random.oneIn(2);
         for (std::size_t i = 3; hasNoAlpha && i < bmp.pixels.size(); i += 4)
             bmp.pixels[i] = 0;

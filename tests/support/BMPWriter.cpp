@@ -112,25 +112,35 @@ void appendRuns(ByteBuffer& pixels, const std::vector<std::uint8_t>& row, int bi
 
 ByteBuffer BMPFile::bytes() const
 {
-    const auto start = static_cast<std::uint32_t>(54 + 4 * palette.size());
     ByteBuffer file = support::bytes("BM");
-    append32(file, start + static_cast<std::uint32_t>(pixels.size()));
-    append32(file, 0);
-    append32(file, start);
-    append32(file, 40);
-    append32(file, static_cast<std::uint32_t>(width));
-    append32(file, static_cast<std::uint32_t>(height));
-    append16(file, 1);
-    append16(file, static_cast<std::uint32_t>(bitCount));
-    append32(file, compression);
-    append32(file, static_cast<std::uint32_t>(pixels.size()));
-    append32(file, 2835);
-    append32(file, 2835);
-    append32(file, colorsUsed);
-    append32(file, 0);
-    for (const RGBColor& color : palette)
-        file.insert(file.end(), {color.blue, color.green, color.red, 0});
+    file.resize(14 + headerBytes + (headerBytes == 40 ? 4 * masks.size() : 0), 0);
+    put32(file, 14, headerBytes);
+    if (headerBytes == 12) {
+        put16(file, 18, static_cast<std::uint32_t>(width));
+        put16(file, 20, static_cast<std::uint32_t>(height));
+        put16(file, 22, 1);
+        put16(file, 24, static_cast<std::uint32_t>(bitCount));
+    } else {
+        put32(file, 18, static_cast<std::uint32_t>(width));
+        put32(file, 22, static_cast<std::uint32_t>(height));
+        put16(file, 26, 1);
+        put16(file, 28, static_cast<std::uint32_t>(bitCount));
+        put32(file, 30, compression);
+        put32(file, 34, static_cast<std::uint32_t>(pixels.size()));
+        put32(file, 38, 2835);
+        put32(file, 42, 2835);
+        put32(file, 46, colorsUsed);
+    }
+    for (std::size_t i = 0; i < masks.size(); ++i)
+        put32(file, 54 + 4 * i, masks[i]);
+    for (const RGBColor& color : palette) {
+        file.insert(file.end(), {color.blue, color.green, color.red});
+        if (headerBytes != 12)
+            file.push_back(0);
+    }
+    put32(file, 10, pixelOffset.value_or(static_cast<std::uint32_t>(file.size())));
     append(file, pixels);
+    put32(file, 2, static_cast<std::uint32_t>(file.size()));
     return file;
 }
 

@@ -5,20 +5,24 @@
 #include "tests/support/Bytes.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 // Bitmap files, written from the format's tables and from nothing in the decoder.
 namespace support {
 
-// The fields of a 40-byte header, to be set wrong at will, and what follows it.
+// A file with any header, its fields to be set wrong at will.
 struct BMPFile {
+    std::uint32_t headerBytes = 40; // 12: the oldest one, whose sides have 16 bits
     std::int32_t width = 1;
     std::int32_t height = 1; // negative: top row first
     int bitCount = 24;
     std::uint32_t compression = 0;
     std::uint32_t colorsUsed = 0;
+    std::vector<std::uint32_t> masks; // red, green, blue
     std::vector<SkinKit::RGBColor> palette;
-    ByteBuffer pixels; // as they lie in the file, rows padded
+    std::optional<std::uint32_t> pixelOffset; // else where the pixels begin
+    ByteBuffer pixels;                        // as they are in the file, rows padded
 
     ByteBuffer bytes() const;
 };
