@@ -1,9 +1,9 @@
 #include "SkinKit/SkinParser.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "SkinKit/Tooling/SkinInfo.h"
+#include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 #include "SkinKit/Windows/Equalizer/EQWindowRenderer.h"
 #include "SkinKit/Windows/Main/MainShadeRenderer.h"
-#include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 #include "VelmarThumbnail/ThumbnailProvider.h"
 #include "fuzz/Fuzzing.h"
@@ -13,31 +13,20 @@
 namespace {
 
 using namespace SkinKit;
+using WindowDrawing::Clip;
 
-// The other windows, which are as large as they say.
-void renderOthers(const Skin& skin)
+// The windows rolled up, and the picture that the desktop shows: each of the size it should have.
+void drawOthers(const SkinArchive& archive, const Skin& skin)
 {
-    for (const bool isShaded : {false, true}) {
-        const EQWindowState state{.shaded = isShaded};
-        fuzzing::require(
-            EQWindowRenderer::render(skin, state, 1, EQWindowRenderer::Clip::toRegion).size() ==
-            EQWindowRenderer::size(state, 1));
-    }
-    const PlaylistWindowState state{
-        .entries = {{.name = "A – Ω"}, {.name = "b", .duration = 61}}
-    };
-    fuzzing::require(PlaylistWindowRenderer::render(skin, state, 1).size() ==
-                     PlaylistWindowRenderer::size(state.steps, 1));
-    fuzzing::require(PlaylistWindowRenderer::renderShade(skin, state, 1).size() ==
-                     PlaylistWindowRenderer::shadeSize(state.steps, 1));
-    fuzzing::require(MainShadeRenderer::render(skin, MainWindowState::idle(), 1,
-                                               MainShadeRenderer::Clip::toRegion)
-                         .size() == MainShadeRenderer::size(1));
-}
+    const EQWindowState shaded{.shaded = true};
+    fuzzing::require(EQWindowRenderer::render(skin, shaded, 1, Clip::toRegion).size() ==
+                     EQWindowRenderer::size(shaded, 1));
+    fuzzing::require(
+        MainShadeRenderer::render(skin, MainWindowState::idle(), 1, Clip::toRegion).size() ==
+        MainShadeRenderer::size(1));
+    fuzzing::require(PlaylistWindowRenderer::renderShade(skin, {}, 1).size() ==
+                     PlaylistWindowRenderer::shadeSize({}, 1));
 
-// The picture that the desktop shows of it.
-void drawThumbnail(const SkinArchive& archive)
-{
     std::optional<VelmarThumbnail::ThumbnailReply> reply;
     VelmarThumbnail::ThumbnailProvider::provideThumbnail(
         {
@@ -55,8 +44,7 @@ void drawThumbnail(const SkinArchive& archive)
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const SkinArchive::Limits limits{.maxEntryBytes = 1 << 17, .maxTotalBytes = 1 << 19};
-    const ByteBuffer file = fuzzing::withPNGChecksums({data, size});
-    const auto archive = SkinArchive::open(file, limits);
+    const auto archive = SkinArchive::open(fuzzing::withPNGChecksums({data, size}), limits);
     const auto skin = archive ? SkinParser::parse(*archive) : std::unexpected(archive.error());
     if (!skin) {
         fuzzing::require(!skin.error().description().empty());
@@ -75,13 +63,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     if (pixels > 100'000)
         return fuzzing::notKept;
 
-    const auto draw = [](const Skin& drawn) {
-        return MainWindowRenderer::render(drawn, MainWindowState::webampScreenshot(), 2,
-                                          MainWindowRenderer::Clip::toRegion);
-    };
     const auto again = SkinParser::parse(*archive);
-    fuzzing::require(again == skin && draw(*skin) == draw(*again));
-    renderOthers(*skin);
-    drawThumbnail(*archive);
+    const auto state = DesktopState::webampScreenshot();
+    const Image image = DesktopRenderer::render(*skin, state, 1, Clip::toRegion);
+    fuzzing::require(again == skin && image.size() == DesktopRenderer::size(state, 1) &&
+                     image == DesktopRenderer::render(*again, state, 1, Clip::toRegion));
+    drawOthers(*archive, *skin);
     return 0;
 }

@@ -54,14 +54,14 @@ constexpr std::pair<const char*, std::string_view> texts[] = {
      R"({"path":"\ufffd.wsz","pathBytes":"ff2e77737a","size":0},{"path":"d"}])"},
     {"JSON/manifest.json",
      R"([{"md5":"00FF","museum_url":"https://a.b/c","nsfw":true},{"md5":"00ff","nsfw":1}])"},
-    {"CorpusRecords/results.jsonl", R"(
-{"event":"start","i":0,"md5":"00ff","name":"a","path":"b/a.wsz","t":1.5}
-{"entries":2,"event":"result","fallbacks":["x"],"footprintMiB":9,"i":0,"mainWindowComplete":false,"md5":"00ff"}
-{"event":"result","ms":1e-07,"nsfw":true,"path":"b/a.wsz","status":"partial","t":2,"warnings":["Missing gen.bmp"]}
-{"error":"Unreadable archive: \u20ac","event":"result","ms":3.25,"of":null,"path":"\"","status":"failed","x":[{}]}
-{"event":"result","path":"c","restart":1,"status":"crashed"}
-{"event":"result","ms":18446744073709551615,"path":"d","status":"timeout"}
-{"event":"end","t":-5})"},
+    {"CorpusRecords/results.jsonl",
+     R"({"event":"start","i":0,"md5":"00ff","name":"a","path":"b/a.wsz","t":1.5})" "\n"
+     R"({"event":"result","fallbacks":["x"],"i":0,"ms":1e-07,"nsfw":true,"path":"b/a.wsz",)"
+     R"("status":"partial","t":2,"warnings":["Missing gen.bmp","|"]})" "\n"
+     R"({"error":"\u20ac","event":"result","ms":3,"of":null,"path":"\"","status":"failed","x":[]})"
+     "\n" R"({"event":"result","path":"c","restart":1,"status":"crashed"})" "\n"
+     R"({"event":"result","ms":18446744073709551615,"path":"d","status":"timeout"})" "\n"
+     R"({"event":"end","t":-5})"},
     {"CrashLog/gdb.txt",
      "Thread 2 \"a\" received signal SIGSEGV\n#0  0x01 in S::read (this=0x0, s=\"(\") at a.cpp:7\n"
      "[Current thread is 1 (LWP 3)]\nThread 2 (LWP 4):\n#0  0x01 in S::read (this=0x0) at a.cpp:7\n"
@@ -138,22 +138,13 @@ ByteBuffer smallPNG(std::uint8_t depth, std::uint8_t colorType)
 
 void addPNGs(Files& files)
 {
-    for (const auto& [colorType, depth] : {
-             std::pair{0, 1 },
-             {0, 2 },
-             {0, 8 },
-             {0, 16},
-             {2, 8 },
-             {3, 1 },
-             {3, 4 },
-             {3, 8 },
-             {4, 8 },
-             {6, 8 },
-             {6, 16}
-    }) {
+    // clang-format off
+    constexpr std::pair<std::uint8_t, std::uint8_t> kinds[] = { // depth, colour type
+        {1, 0}, {2, 0}, {8, 0}, {16, 0}, {8, 2}, {1, 3}, {4, 3}, {8, 3}, {8, 4}, {8, 6}, {16, 6}};
+    // clang-format on
+    for (const auto& [depth, colorType] : kinds) {
         const auto name = std::to_string(colorType) + "-" + std::to_string(depth);
-        const auto png =
-            smallPNG(static_cast<std::uint8_t>(depth), static_cast<std::uint8_t>(colorType));
+        const auto png = smallPNG(depth, colorType);
         files["PNG/" + name] = png;
         if (depth == 8)
             files["Cursor/" + name] = curFile(png, {1, 1});
