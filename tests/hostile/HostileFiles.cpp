@@ -156,10 +156,11 @@ void addAll(ZipWriter& zip, const std::vector<std::string>& names, ByteView cont
     }
 }
 
-void writeSheets(const path& file, std::string_view extension, ByteView content)
+void writeSheets(const path& file, std::string_view extension, ByteView content,
+                 Method method = compressed)
 {
     ZipWriter zip;
-    addAll(zip, sheetNames(extension), content);
+    addAll(zip, sheetNames(extension), content, method);
     write(file, zip.bytes());
 }
 
@@ -358,7 +359,7 @@ constexpr HostileFile table[] = {
     {"PNGEmptyBlocks", "eight PNGs of 4096 x 2048 that are 8 MiB of deflated nothing",
      [](const path& file) {
         const auto pixels = zlibFramed(deflatedNothing(largestEntry - 1000));
-        writeSheets(file, "png", pngFile(deepestPNG, pngChunk("IDAT", pixels)));
+        writeSheets(file, "png", pngFile(deepestPNG, pngChunk("IDAT", pixels)), asIs);
     }},
 
     // Texts and cursors.
