@@ -342,7 +342,7 @@ constexpr HostileFile table[] = {
     {"Sheets4Bit", "sixteen sheets of 4096 x 2048, 4-bit", [](const path& file) {
         BMPFile sheet{.width = width, .height = height, .bitCount = 4};
         sheet.palette.assign(16, {1, 2, 3});
-        sheet.pixels.resize(width / 2 * height, 0);
+        sheet.pixels.resize(std::size_t{width} / 2 * height, 0);
         writeSheets(file, "bmp", sheet.bytes());
     }},
     {"SheetsPNG", "the same, PNG with alpha",
@@ -379,7 +379,7 @@ constexpr HostileFile table[] = {
     {"CursorsLargest", "24 cursors of 65,535 times the same 256 x 256 pixels",
      [](const path& file) {
         BMPFile sheet{.width = 256, .height = 256, .bitCount = 24};
-        sheet.pixels.resize(256 * 256 * 3, 0);
+        sheet.pixels.resize(256UZ * 256 * 3, 0);
         writeWithSheet(file, cursorNames(), sharingCursor(cursorPicture(sheet.bytes())));
     }},
     {"CursorSteps", "24 cursors of 600,000 steps each", [](const path& file) {
