@@ -1,44 +1,27 @@
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/Archive/ZipFile.h"
 #include "SkinKit/Base/Unicode.h"
 #include "fuzz/Fuzzing.h"
 
-namespace {
-
-using namespace SkinKit;
-
-// The same file found by its name in capitals, and its name as it must be.
-void requireFound(const SkinArchive& archive, const std::string& name, ByteView bytes)
-{
-    const auto dot = name.rfind('.');
-    fuzzing::require(!name.contains('/') && Unicode::lowercased(name) == name &&
-                     Unicode::fromUTF8(asBytes(name)).has_value());
-    const auto found = archive.file(name.substr(0, dot), {name.substr(dot + 1)});
-    fuzzing::require(found && found->data() == bytes.data() && found->size() == bytes.size());
-}
-
-}
-
+// A ZIP file. Limits hold for each file and all of them, and names are lower case without folders.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    using namespace SkinKit;
     const SkinArchive::Limits limits{.maxEntryBytes = 4096, .maxTotalBytes = 10'000};
     const auto archive = SkinArchive::open(ByteView(data, size), limits);
-    if (!archive) {
-        fuzzing::require(archive.error().kind() == SkinError::Kind::unreadableArchive);
+    if (!archive)
         return 0;
-    }
     std::int64_t total = 0;
     for (const auto& [name, bytes] : archive->files()) {
-        fuzzing::require(limits.allowedExtensions.contains(name.substr(name.rfind('.') + 1)));
+        const auto dot = name.rfind('.');
+        fuzzing::require(!name.contains('/') && Unicode::lowercased(name) == name &&
+                         Unicode::fromUTF8(asBytes(name)).has_value());
+        fuzzing::require(limits.allowedExtensions.contains(name.substr(dot + 1)) &&
+                         archive->file(name.substr(0, dot), {name.substr(dot + 1)}).has_value());
         fuzzing::require(std::ssize(bytes) <= limits.maxEntryBytes);
-        requireFound(*archive, name, bytes);
         total += std::ssize(bytes);
     }
-    fuzzing::require(total <= limits.maxTotalBytes && archive->leftOutCount() >= 0);
-    fuzzing::require(archive->entryCount() <= std::int64_t{ZipFile::maxEntries});
-
+    fuzzing::require(total <= limits.maxTotalBytes);
     const auto again = SkinArchive::open(ByteView(data, size), limits);
-    fuzzing::require(again && again->files() == archive->files() &&
-                     again->entryCount() == archive->entryCount());
+    fuzzing::require(again && again->files() == archive->files());
     return 0;
 }

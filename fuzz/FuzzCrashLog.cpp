@@ -2,6 +2,7 @@
 #include "fuzz/Fuzzing.h"
 
 #include <array>
+#include <string>
 
 // The input's first line is the name of a skin and of the log, the rest the log.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -10,16 +11,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const std::string_view text = asText({data, size});
     const std::string name(text.substr(0, text.find('\n')));
     const auto log = CrashLog::of(name, text);
-    fuzzing::require(log == CrashLog::of(name, text) && log.file == name);
-    fuzzing::require(log.text == text && log.signature == CrashLog::signatureOf(text));
-    fuzzing::require(!log.signature.contains('\n') && !log.signature.contains('\r'));
+    fuzzing::require(log == CrashLog::of(name, text) &&
+                     log.signature.find_first_of("\r\n") == log.signature.npos);
 
-    const CorpusSkins::File skins[] = {
-        {.path = "y/a.wsz", .name = "a", .md5 = "00ff00ff00ff00ff00ff00ff00ff00ff"},
-        {.path = name, .name = name}
-    };
-    const std::array pointers{&skins[0], &skins[1]};
-    const auto found = CrashedSkins(pointers).find(log);
-    fuzzing::require(!found || *found < pointers.size());
+    const CorpusSkins::File skin{.path = name, .name = name};
+    const auto found = CrashedSkins(std::array{&skin}).find(log);
+    fuzzing::require(!found || *found == 0);
     return 0;
 }

@@ -1,9 +1,9 @@
 #include "SkinKit/Graphics/PNGCodec.h"
 #include "fuzz/Fuzzing.h"
-#include "fuzz/PNGChecksums.h"
 
-#include <algorithm>
+#include <string>
 
+// A PNG file. What was decoded is encoded, with a remark where it may have one, and decoded again.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     using namespace SkinKit;
@@ -12,15 +12,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const auto image = PNGCodec::decode(file, limits);
     if (!image)
         return 0;
-    fuzzing::require(image->size() == PNGCodec::size(file));
-    fuzzing::require(image->width() <= limits.maxSide && image->height() <= limits.maxSide &&
+    fuzzing::require(image->size() == PNGCodec::size(file) && image->width() <= limits.maxSide &&
+                     image->height() <= limits.maxSide &&
                      image->width() * image->height() <= limits.maxPixels);
-    for (int y = 0; y < image->height(); ++y)
-        for (const Pixel pixel : image->row(y)) {
-            const unsigned alpha = alphaOf(pixel);
-            fuzzing::require(std::max({redOf(pixel), greenOf(pixel), blueOf(pixel)}) <= alpha &&
-                             (alpha == 255 || !image->isOpaque()));
-        }
+    fuzzing::requireSound(*image);
     fuzzing::require(PNGCodec::decode(file, limits) == image);
+
+    const auto encoded = PNGCodec::encode(*image);
+    fuzzing::require(encoded && PNGCodec::decode(*encoded, limits) == image);
+    const PNGCodec::Text text{"Remark", std::string(asText(file).substr(0, 100))};
+    const auto remarked = PNGCodec::encode(*image, {&text, 1});
+    fuzzing::require(!remarked || PNGCodec::decode(*remarked, limits) == image);
     return 0;
 }

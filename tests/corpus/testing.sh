@@ -11,6 +11,12 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 log=$scratch/log # both streams of the last command run
 
+stop() {
+    printf 'Line %s: %s\n' "${BASH_LINENO[-2]}" "$1" >&2
+    [ ! -f "$log" ] || cat "$log" >&2
+    exit 1
+}
+
 # expect STATUS COMMAND…
 expect() {
     local expected=$1 status=0
@@ -19,20 +25,9 @@ expect() {
     [ "$status" -eq "$expected" ] || stop "$* ended with status $status instead of $expected"
 }
 
-# expect_same EXPECTED FOUND: two files.
-expect_same() {
-    diff -u "$1" "$2" >&2 || stop 'expected (-) and found (+) differ'
-}
-
-# expect_told PATTERN: the last command said so.
+# expect_told PATTERN: the last command printed it.
 expect_told() {
     grep -q -e "$1" "$log" || stop "nothing told of $1"
-}
-
-stop() {
-    printf 'Line %s: %s\n' "${BASH_LINENO[-2]}" "$1" >&2
-    [ ! -f "$log" ] || cat "$log" >&2
-    exit 1
 }
 
 # wait_until COMMAND…: for at most ten seconds.
@@ -44,6 +39,3 @@ wait_until() {
     done
     stop "never came true: $*"
 }
-
-# A process is gone once its parent, or that of all, has taken notice.
-is_gone() { ! kill -0 "$1" 2>/dev/null; }

@@ -19,7 +19,6 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
-#include <cstring>
 #include <type_traits>
 
 namespace {
@@ -31,9 +30,10 @@ struct Plan {
     bool goesOn = false;
 };
 
-Plan readPlan()
+Plan plan;
+
+[[gnu::constructor]] void begin()
 {
-    Plan plan;
     const char* const path = std::getenv("FAILING_COUNTER");
     const char* const how = std::getenv("FAILING_HOW");
     const int file = path ? ::open(path, O_RDWR | O_CLOEXEC) : -1;
@@ -45,18 +45,9 @@ Plan readPlan()
         std::abort();
     ::close(file);
     plan.call = static_cast<unsigned>(std::strtoul(std::getenv("FAILING_CALL"), nullptr, 10));
-    plan.error =
-        std::strcmp(how, "short") == 0 ? 0 : static_cast<int>(std::strtol(how, nullptr, 10));
+    plan.error = std::atoi(how); // 0 for "short"
     plan.goesOn = std::getenv("FAILING_ON") != nullptr;
     plan.counter = static_cast<std::atomic<unsigned>*>(memory); // from here on calls are counted
-    return plan;
-}
-
-Plan plan;
-
-[[gnu::constructor]] void begin()
-{
-    plan = readPlan();
 }
 
 bool isDue()
@@ -67,38 +58,39 @@ bool isDue()
     return number == plan.call || (plan.goesOn && number > plan.call);
 }
 
-enum class Interruption { possible, impossible };
-
 template <typename Result, typename... Arguments>
 Result next(const char* name, Arguments... arguments)
 {
     return reinterpret_cast<Result (*)(Arguments...)>(::dlsym(RTLD_NEXT, name))(arguments...);
 }
 
-template <typename Result>
-Result failed()
+// Calls the C library's function of that name, unless it is this call's turn to fail: a slow one,
+// which a signal may interrupt.
+template <typename Result, typename... Arguments>
+Result slow(const char* name, Arguments... arguments)
 {
+    if (!isDue() || plan.error == 0)
+        return next<Result>(name, arguments...);
+    errno = plan.error;
     if constexpr (std::is_pointer_v<Result>)
         return nullptr;
     else
         return -1;
 }
 
-// Calls the C library's function of that name, unless it is this call's turn to fail.
+// The same for one that nothing interrupts.
 template <typename Result, typename... Arguments>
-Result call(Interruption interruption, const char* name, Arguments... arguments)
+Result fast(const char* name, Arguments... arguments)
 {
-    const bool fails = isDue() && plan.error != 0 &&
-                       (plan.error != EINTR || interruption == Interruption::possible);
-    if (!fails)
-        return next<Result>(name, arguments...);
-    errno = plan.error;
-    return failed<Result>();
+    if (plan.error != EINTR)
+        return slow<Result>(name, arguments...);
+    isDue(); // counts it
+    return next<Result>(name, arguments...);
 }
 
-// The same for what may be done in part.
+// The same for a slow one that may be done in part.
 template <typename Buffer, typename... Rest>
-ssize_t transfer(const char* name, int file, Buffer* buffer, size_t count, Rest... rest)
+ssize_t part(const char* name, int file, Buffer* buffer, size_t count, Rest... rest)
 {
     if (isDue()) {
         if (plan.error != 0) {
@@ -110,9 +102,9 @@ ssize_t transfer(const char* name, int file, Buffer* buffer, size_t count, Rest.
     return next<ssize_t>(name, file, buffer, count, rest...);
 }
 
-mode_t modeOf(int flags, va_list arguments)
+mode_t modeOf(int flags, va_list rest)
 {
-    return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+    return (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
 }
 
 }
@@ -121,49 +113,19 @@ extern "C" {
 
 int open(const char* path, int flags, ...)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return call<int>(Interruption::possible, "open", path, flags, mode);
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = modeOf(flags, rest);
+    va_end(rest);
+    return slow<int>("open", path, flags, mode);
 }
 int openat(int folder, const char* path, int flags, ...)
 {
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeOf(flags, arguments);
-    va_end(arguments);
-    return call<int>(Interruption::possible, "openat", folder, path, flags, mode);
-}
-
-ssize_t read(int file, void* buffer, size_t count)
-{
-    return transfer("read", file, buffer, count);
-}
-ssize_t pread(int file, void* buffer, size_t count, off_t offset)
-{
-    return transfer("pread", file, buffer, count, offset);
-}
-ssize_t write(int file, const void* buffer, size_t count)
-{
-    return transfer("write", file, buffer, count);
-}
-
-int fsync(int file)
-{
-    return call<int>(Interruption::possible, "fsync", file);
-}
-int fdatasync(int file)
-{
-    return call<int>(Interruption::possible, "fdatasync", file);
-}
-int ftruncate(int file, off_t size) noexcept
-{
-    return call<int>(Interruption::possible, "ftruncate", file, size);
-}
-int flock(int file, int operation) noexcept
-{
-    return call<int>(Interruption::possible, "flock", file, operation);
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = modeOf(flags, rest);
+    va_end(rest);
+    return slow<int>("openat", folder, path, flags, mode);
 }
 
 // Whatever it says, the file is closed.
@@ -176,58 +138,38 @@ int close(int file)
     return -1;
 }
 
-int stat(const char* path, struct stat* status) noexcept
-{
-    return call<int>(Interruption::impossible, "stat", path, status);
-}
-int lstat(const char* path, struct stat* status) noexcept
-{
-    return call<int>(Interruption::impossible, "lstat", path, status);
-}
-int fstat(int file, struct stat* status) noexcept
-{
-    return call<int>(Interruption::impossible, "fstat", file, status);
-}
-int fstatat(int folder, const char* path, struct stat* status, int flags) noexcept
-{
-    return call<int>(Interruption::impossible, "fstatat", folder, path, status, flags);
-}
-ssize_t readlink(const char* path, char* target, size_t size) noexcept
-{
-    return call<ssize_t>(Interruption::impossible, "readlink", path, target, size);
-}
-char* realpath(const char* path, char* target) noexcept
-{
-    return call<char*>(Interruption::impossible, "realpath", path, target);
-}
+// clang-format off
+using Status = struct stat;
+ssize_t read(int file, void* to, size_t n)            { return part("read", file, to, n); }
+ssize_t pread(int file, void* to, size_t n, off_t at) { return part("pread", file, to, n, at); }
+ssize_t write(int file, const void* from, size_t n)   { return part("write", file, from, n); }
 
-DIR* opendir(const char* path)
-{
-    return call<DIR*>(Interruption::possible, "opendir", path);
-}
-dirent* readdir(DIR* folder)
-{
-    return call<dirent*>(Interruption::impossible, "readdir", folder);
-}
+int fsync(int file)                          { return slow<int>("fsync", file); }
+int fdatasync(int file)                      { return slow<int>("fdatasync", file); }
+int ftruncate(int file, off_t size) noexcept { return slow<int>("ftruncate", file, size); }
+int flock(int file, int what) noexcept       { return slow<int>("flock", file, what); }
+DIR* opendir(const char* path)               { return slow<DIR*>("opendir", path); }
 
-int mkdir(const char* path, mode_t mode) noexcept
+dirent* readdir(DIR* folder)                          { return fast<dirent*>("readdir", folder); }
+int stat(const char* path, Status* to) noexcept       { return fast<int>("stat", path, to); }
+int lstat(const char* path, Status* to) noexcept      { return fast<int>("lstat", path, to); }
+int fstat(int file, Status* to) noexcept              { return fast<int>("fstat", file, to); }
+int mkdir(const char* path, mode_t mode) noexcept     { return fast<int>("mkdir", path, mode); }
+int fchmod(int file, mode_t mode) noexcept            { return fast<int>("fchmod", file, mode); }
+int rename(const char* from, const char* to) noexcept { return fast<int>("rename", from, to); }
+int unlink(const char* path) noexcept                 { return fast<int>("unlink", path); }
+int remove(const char* path) noexcept                 { return fast<int>("remove", path); }
+char* realpath(const char* path, char* to) noexcept
 {
-    return call<int>(Interruption::impossible, "mkdir", path, mode);
+    return fast<char*>("realpath", path, to);
 }
-int fchmod(int file, mode_t mode) noexcept
+ssize_t readlink(const char* path, char* to, size_t size) noexcept
 {
-    return call<int>(Interruption::impossible, "fchmod", file, mode);
+    return fast<ssize_t>("readlink", path, to, size);
 }
-int rename(const char* from, const char* to) noexcept
+int fstatat(int folder, const char* path, Status* to, int flags) noexcept
 {
-    return call<int>(Interruption::impossible, "rename", from, to);
+    return fast<int>("fstatat", folder, path, to, flags);
 }
-int unlink(const char* path) noexcept
-{
-    return call<int>(Interruption::impossible, "unlink", path);
-}
-int remove(const char* path) noexcept
-{
-    return call<int>(Interruption::impossible, "remove", path);
-}
+// clang-format on
 }

@@ -5,13 +5,14 @@
 #include <span>
 #include <string_view>
 
-// Skins made to cost whoever opens them as much as possible: memory, time, or both.
+// Skins made to cost whoever opens them as much as possible: memory, time, or both. One file for
+// each class of cost.
 namespace hostile {
 
 struct HostileFile {
-    std::string_view name; // of letters, digits and underscores
+    std::string_view name; // letters and digits
     std::string_view what;
-    // Makes the file or folder that is then opened, and what it needs beside it.
+    // Makes the file or folder that is then opened.
     void (*make)(const std::filesystem::path& path);
 
     friend std::ostream& operator<<(std::ostream& stream, const HostileFile& file)

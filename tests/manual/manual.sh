@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034 # for those who source it
-# What the programs say of their own command lines. To be sourced by the tests here, which are
+# What the programs print about their own command lines. To be sourced by the tests here, which are
 # called with the source folder and the programs.
 
 set -euo pipefail
@@ -7,38 +7,25 @@ set -euo pipefail
 export LC_ALL=C.UTF-8
 source_folder=$(realpath "$1")
 mapfile -t programs < <(realpath "${@:2}")
-here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
+failed=0
 
-# skip PACKAGE
-skip() {
-    echo "Skipped: this test needs the package $1"
-    exit 77
+fail() {
+    echo "$*"
+    failed=1
 }
 
 # help_of NAME [WORD]: what the program of this name prints for --help.
 help_of() {
     local program
     for program in "${programs[@]}"; do
-        [ "$(basename "$program")" = "$1" ] || continue
-        "$program" "${@:2}" --help </dev/null
-        return
+        [ "$(basename "$program")" != "$1" ] || "$program" "${@:2}" --help </dev/null
     done
-}
-
-# The sub-commands of skintool.
-sub_commands() {
-    help_of skintool | sed -n '/^Sub-commands/,/^$/ s/^  \([^ ]*\) .*/\1/p'
 }
 
 # The forms of all command lines, each as a line such as "skintool info".
 forms() {
-    local program
-    for program in "${programs[@]}"; do
-        basename "$program"
-    done
-    sub_commands | sed 's/^/skintool /'
+    basename -a "${programs[@]}"
+    help_of skintool | sed -n '/^Sub-commands/,/^$/ s/^  \([^ ]*\) .*/skintool \1/p'
 }
 
 # option_lines NAME [WORD]: the options with their values, as the help has them before it explains.
@@ -59,14 +46,7 @@ choices_of() {
 
 # expect_same WHAT EXPECTED FOUND, texts of several lines
 expect_same() {
-    [ "$2" = "$3" ] && return
-    echo "$1: expected (<) and found (>)"
-    diff <(echo "$2") <(echo "$3") || true
-    failed=1
+    [ "$2" = "$3" ] || fail "$1: expected (<) and found (>)" "$(diff <(echo "$2") <(echo "$3"))"
 }
-failed=0
 
-[ -n "$(sub_commands)" ] || {
-    echo "No sub-commands in the help"
-    exit 1
-}
+[ "$(forms | wc -l)" -gt 3 ] || fail "No sub-commands in the help"
