@@ -98,7 +98,7 @@ bool draw(const DrawingContext& context, const Image& image, const ThumbnailFit:
 
 SkinArchive::Limits limits()
 {
-    return {.maxProcessorTime = std::chrono::milliseconds(2500)};
+    return {.maxProcessorTime = std::chrono::seconds(2)};
 }
 
 void provideThumbnail(const ThumbnailRequest& request, const Completion& completion,

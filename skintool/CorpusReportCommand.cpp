@@ -74,18 +74,18 @@ std::expected<std::vector<CrashLog>, Trouble> readCrashLogs(const CorpusReportOp
     return std::move(found->logs);
 }
 
-// Fails for a file without a record: it is no file of results, or of a run that was ended at once.
+// Fails for a file without a skin: it holds no results, or those of a run over an empty collection.
 std::expected<CorpusSkins, Trouble> readSkins(const CorpusReportOptions& options)
 {
     CorpusSkins skins;
-    bool hasRecords = false;
+    bool hasSkins = false;
     const auto take = [&](CorpusRecord record) {
+        hasSkins = hasSkins || record.event == "start" || record.event == "result";
         skins.add(std::move(record));
-        hasRecords = true;
     };
     if (const auto error = CorpusRecords::read(options.input, take))
         return std::unexpected(Trouble{options.input, error.message()});
-    if (!hasRecords)
+    if (!hasSkins)
         return std::unexpected(Trouble{"", "no results in " + options.input});
     return skins;
 }

@@ -68,7 +68,13 @@ ExitStatus run(const PreviewOptions& options)
         Console::sayError(output->string(), conflict->text);
         return trouble;
     }
-    const auto page = SkinPreviewPage::tryMake(options.input, SkinArchive::Limits());
+    const auto archive = SkinArchive::open(std::filesystem::path(options.input));
+    const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
+                              : std::unexpected(archive.error());
+    if (archive)
+        sayUnreadableFiles(*archive);
+    const auto page = skin ? SkinPreviewPage::of(options.input, *archive, *skin)
+                           : std::unexpected(skin.error().description());
     if (page)
         return write(*page, *output, options.mhtml);
 

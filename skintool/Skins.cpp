@@ -10,32 +10,27 @@ namespace skintool {
 
 using namespace SkinKit;
 
-namespace {
-
-// Why an archive may seem to have no sheets.
-void sayUnreadableFiles(const SkinArchive::Unreadable& files)
+void sayUnreadableFiles(const SkinArchive& archive)
 {
     const auto say = [](std::int64_t count, const std::string& what) {
         if (count > 0)
             Console::say("skintool: files left out because they are " + what + ": " +
                          std::to_string(count));
     };
-    say(files.encrypted, "encrypted");
-    say(files.otherMethod, "compressed by another method than deflate");
-}
-
+    say(archive.unreadable().encrypted, "encrypted");
+    say(archive.unreadable().otherMethod, "compressed by another method than deflate");
 }
 
 std::optional<LoadedSkin> loadOrSayWhyNot(const std::string& input, SkinParser::Sheets sheets)
 {
     const auto archive = SkinArchive::open(std::filesystem::path(input));
     auto skin = archive ? SkinParser::parse(*archive, sheets) : std::unexpected(archive.error());
-    if (!skin) {
+    if (!skin)
         Console::sayError(input, skin.error().description());
-        if (archive)
-            sayUnreadableFiles(archive->unreadable());
+    if (archive)
+        sayUnreadableFiles(*archive);
+    if (!skin)
         return std::nullopt;
-    }
     auto info = SkinInfo::of(input, *archive, *skin);
     return LoadedSkin{std::move(info), std::move(*skin)};
 }

@@ -24,6 +24,10 @@ struct LoadedSkin {
 std::optional<LoadedSkin> loadOrSayWhyNot(const std::string& input,
                                           SkinKit::SkinParser::Sheets sheets);
 
+// Prints on standard error how many files of the archive cannot be read. They look like missing
+// ones otherwise.
+void sayUnreadableFiles(const SkinKit::SkinArchive& archive);
+
 // The skin's name as the user gave it, without its extension; a folder has none. Empty for a path
 // without a name, such as the root.
 std::string skinName(const std::filesystem::path& input);

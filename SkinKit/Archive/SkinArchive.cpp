@@ -116,11 +116,12 @@ public:
         archive_.files_.emplace(std::move(name), std::move(*bytes));
     }
 
-    std::expected<SkinArchive, SkinError> take(std::int64_t entryCount)
+    std::expected<SkinArchive, SkinError> take(std::int64_t entryCount, std::int64_t folderCount)
     {
         if (meter_.isOutOfTime())
             return std::unexpected(SkinError::takesTooLong());
         archive_.entryCount_ = entryCount;
+        archive_.leftOutCount_ = entryCount - folderCount - std::ssize(archive_.files_);
         archive_.timeLeft_ = meter_.timeLeft();
         return std::move(archive_);
     }
@@ -150,6 +151,7 @@ SkinArchive::SkinArchive(const Table& files) : entryCount_(std::ssize(files))
 {
     for (const auto& [name, bytes] : files)
         files_.emplace(Unicode::lowercased(name), bytes);
+    leftOutCount_ = entryCount_ - std::ssize(files_);
 }
 
 std::expected<SkinArchive, SkinError> SkinArchive::open(const std::filesystem::path& path,
@@ -187,7 +189,8 @@ std::expected<SkinArchive, SkinError> SkinArchive::openFolder(const std::filesys
             intake.keep(std::move(*name), bytes ? std::optional(std::move(*bytes)) : std::nullopt);
         }
     }
-    return intake.take(std::ranges::count(*entries, false, &Files::FolderEntry::isFolder));
+    return intake.take(std::ssize(*entries),
+                       std::ranges::count(*entries, true, &Files::FolderEntry::isFolder));
 }
 
 std::expected<SkinArchive, SkinError> SkinArchive::open(Files::InputFile file, const Limits& limits)
@@ -219,7 +222,8 @@ SkinArchive::of(const std::expected<ZipFile, std::string>& zip, const Limits& li
     // Damage leaves an entry out; but one that can't be read is no entry that is missing.
     if (zip->readError())
         return unreadableFor(zip->readError());
-    return intake.take(std::ranges::count(zip->entries(), false, &ZipFile::Entry::isFolder));
+    return intake.take(std::ssize(zip->entries()),
+                       std::ranges::count(zip->entries(), true, &ZipFile::Entry::isFolder));
 }
 
 std::optional<ByteView> SkinArchive::file(std::string_view base,

@@ -81,9 +81,10 @@ public:
     std::optional<ByteView> file(std::string_view base,
                                  std::initializer_list<std::string_view> extensions) const;
 
-    // How many files the container had, folders not counted, and how many of them `files` lacks.
+    // The number of entries in the container, and how many of those that are not folders `files`
+    // lacks.
     std::int64_t entryCount() const { return entryCount_; }
-    std::int64_t leftOutCount() const { return entryCount_ - std::ssize(files_); }
+    std::int64_t leftOutCount() const { return leftOutCount_; }
     // Of those left out, the files that would have been read but for their encoding.
     struct Unreadable {
         std::int64_t encrypted = 0;
@@ -105,6 +106,7 @@ private:
 
     Table files_;
     std::int64_t entryCount_ = 0;
+    std::int64_t leftOutCount_ = 0;
     Unreadable unreadable_;
     LoadMeter::Time timeLeft_ = LoadMeter::Time::max();
 };

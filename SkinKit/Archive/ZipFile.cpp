@@ -133,6 +133,8 @@ std::string describeOther(const ByteSource& source)
     // clang-format off
     static constexpr Kind kinds[] = {
         {"PK\x03\x04"sv,       "Truncated zip archive: no directory at its end"},
+        {"PK\x07\x08"sv,       "Truncated zip archive: no directory at its end"},
+        {"PK00"sv,             "Truncated zip archive: no directory at its end"},
         {"Rar!\x1A\x07"sv,     "A RAR archive, not a zip archive"},
         {"7z\xBC\xAF\x27\x1C"sv, "A 7z archive, not a zip archive"},
         {"\x1F\x8B"sv,         "A gzip file, not a zip archive"},

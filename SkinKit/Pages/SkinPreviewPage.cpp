@@ -115,26 +115,25 @@ std::string cutShort(std::string_view text)
 SkinPreviewPage SkinPreviewPage::make(const std::filesystem::path& path,
                                       const SkinArchive::Limits& limits)
 {
-    auto page = tryMake(path, limits);
-    return page ? std::move(*page) : failure(path, page.error());
-}
-
-std::expected<SkinPreviewPage, std::string>
-SkinPreviewPage::tryMake(const std::filesystem::path& path, const SkinArchive::Limits& limits)
-{
     const auto archive = SkinArchive::open(path, limits);
     const auto skin = archive ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
                               : std::unexpected(archive.error());
     if (!skin)
-        return std::unexpected(skin.error().description());
+        return failure(path, skin.error().description());
+    auto page = of(path, *archive, *skin);
+    return page ? std::move(*page) : failure(path, page.error());
+}
 
+std::expected<SkinPreviewPage, std::string>
+SkinPreviewPage::of(const std::filesystem::path& path, const SkinArchive& archive, const Skin& skin)
+{
     auto picture = PNGWriter::data(
-        MainWindowRenderer::render(*skin, MainWindowState::idle(), imageScale, Clip::none));
+        MainWindowRenderer::render(skin, MainWindowState::idle(), imageScale, Clip::none));
     if (!picture)
         return std::unexpected("Could not render the skin");
 
     SkinPreviewPage result{.title = titleOf(path)};
-    result.html = page(result.title, body(result.title, *skin, readme(*archive)));
+    result.html = page(result.title, body(result.title, skin, readme(archive)));
     result.attachments.emplace("main", std::move(*picture));
     return result;
 }

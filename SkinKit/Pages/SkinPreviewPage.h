@@ -2,6 +2,7 @@
 
 #include "SkinKit/Archive/SkinArchive.h"
 #include "SkinKit/Base/Bytes.h"
+#include "SkinKit/Skin.h"
 
 #include <expected>
 #include <filesystem>
@@ -29,10 +30,10 @@ struct SkinPreviewPage {
     static SkinPreviewPage make(const std::filesystem::path& path,
                                 const SkinArchive::Limits& limits = {});
 
-    // The two pages that `make` chooses from, for who needs to know which it is: that of a skin, or
-    // why there is none, and the one that gives a reason.
-    static std::expected<SkinPreviewPage, std::string> tryMake(const std::filesystem::path& path,
-                                                               const SkinArchive::Limits& limits);
+    // The two pages that `make` chooses from: that of a skin which is loaded already, or why there
+    // is none, and the one that gives a reason. `path` only gives the title.
+    static std::expected<SkinPreviewPage, std::string>
+    of(const std::filesystem::path& path, const SkinArchive& archive, const Skin& skin);
     static SkinPreviewPage failure(const std::filesystem::path& path, const std::string& reason);
 
     // The text to show as a skin's read-me, at most some 20 KB of it; nothing when the skin has

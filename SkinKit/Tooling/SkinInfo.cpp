@@ -221,7 +221,7 @@ std::vector<std::string_view> missing(const Skin& skin)
 SkinInfo SkinInfo::of(std::string_view name, const SkinArchive& archive, const Skin& skin)
 {
     SkinInfo info{.name = std::string(name),
-                  .entryCount = archive.entryCount(),
+                  .keptCount = std::ssize(archive.files()),
                   .leftOutCount = archive.leftOutCount(),
                   .missingSprites = RequiredSprites::missing(skin),
                   .warnings = skin.warnings,
@@ -249,8 +249,8 @@ std::string SkinInfo::summary() const
     const auto generated =
         std::ranges::count_if(sheets, [](const auto& sheet) { return sheet.second.isGenerated; });
     return counted(std::ssize(sheets) - generated, "sheet") + " found, " +
-           std::to_string(generated) + " generated; " + std::to_string(entryCount - leftOutCount) +
-           " of " + std::to_string(entryCount) + " entries kept; main window " +
+           std::to_string(generated) + " generated; " + std::to_string(keptCount) + " of " +
+           std::to_string(keptCount + leftOutCount) + " entries kept; main window " +
            (missingSprites.empty()
                 ? "complete"
                 : "incomplete (" + std::to_string(missingSprites.size()) + " of " +
@@ -321,19 +321,19 @@ JSON SkinInfo::json() const
         colors.emplace_back(hex(color));
 
     return JSON::Object{
-        {"name",               name                                                                        },
-        {"status",             status()                                                                    },
-        {"entries",            JSON::Object{{"kept", entryCount - leftOutCount}, {"leftOut", leftOutCount}}},
-        {"mainWindowComplete", missingSprites.empty()                                                      },
-        {"missingSprites",     textArray(missingSprites)                                                   },
-        {"sheets",             sheetsJSON(sheets)                                                          },
-        {"warnings",           textArray(warnings)                                                         },
-        {"fallbacks",          textArray(fallbacks)                                                        },
-        {"visColors",          colors                                                                      },
-        {"region",             regionFields                                                                },
-        {"playlistStyle",      playlistStyleJSON(playlistStyle)                                            },
-        {"cursors",            cursorFields                                                                },
-        {"unreadableCursors",  textArray(unreadableCursors)                                                },
+        {"name",               name                                                        },
+        {"status",             status()                                                    },
+        {"entries",            JSON::Object{{"kept", keptCount}, {"leftOut", leftOutCount}}},
+        {"mainWindowComplete", missingSprites.empty()                                      },
+        {"missingSprites",     textArray(missingSprites)                                   },
+        {"sheets",             sheetsJSON(sheets)                                          },
+        {"warnings",           textArray(warnings)                                         },
+        {"fallbacks",          textArray(fallbacks)                                        },
+        {"visColors",          colors                                                      },
+        {"region",             regionFields                                                },
+        {"playlistStyle",      playlistStyleJSON(playlistStyle)                            },
+        {"cursors",            cursorFields                                                },
+        {"unreadableCursors",  textArray(unreadableCursors)                                },
     };
 }
 

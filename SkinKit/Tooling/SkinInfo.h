@@ -50,8 +50,8 @@ struct SkinInfo {
     };
 
     std::string name;              // UTF-8
-    std::int64_t entryCount = 0;   // of the container
-    std::int64_t leftOutCount = 0; // of those
+    std::int64_t keptCount = 0;    // files of the container that were read
+    std::int64_t leftOutCount = 0; // and those that were not
     std::map<std::string, Sheet> sheets;
     std::vector<std::string_view> missingSprites; // of those that the main window requires
     std::vector<std::string> warnings;

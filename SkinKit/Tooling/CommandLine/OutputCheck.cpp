@@ -1,9 +1,8 @@
 #include "SkinKit/Tooling/CommandLine/OutputCheck.h"
 
 #include "SkinKit/Archive/SkinArchive.h"
-#include "SkinKit/System/Folder.h"
+#include "SkinKit/System/Files.h"
 
-#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -40,11 +39,12 @@ bool isReadFrom(const Input& folder, const fs::path& output)
         return true;
     if (!hasAnotherName(output))
         return false;
-    const auto entries = Files::list(root);
-    return entries && std::ranges::any_of(*entries, [&](const Files::FolderEntry& entry) {
-               return entry.isRegularFile && folder.isRead(entry.name) &&
-                      isSame(root / entry.name, output);
-           });
+    const auto skipped = fs::directory_options::skip_permission_denied;
+    for (fs::recursive_directory_iterator entry(root, skipped, error), end; entry != end && !error;
+         entry.increment(error))
+        if (folder.isRead(entry->path().lexically_relative(root)) && isSame(entry->path(), output))
+            return true;
+    return false;
 }
 
 std::optional<std::string> conflict(const Input& input, const fs::path& output)

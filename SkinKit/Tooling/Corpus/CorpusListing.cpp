@@ -98,7 +98,7 @@ namespace {
 
 // Gives the path of every skin, below the folder, and its size to `take`; the folders that can't be
 // read.
-Files::Result<std::vector<Scan::UnreadFolder>>
+Files::Result<std::vector<UnreadFolder>>
 forEachSkin(const fs::path& folder, Files::Details details,
             const std::function<void(std::string path, std::int64_t size)>& take)
 {
@@ -108,7 +108,7 @@ forEachSkin(const fs::path& folder, Files::Details details,
     if (error)
         return std::unexpected(error);
 
-    std::vector<Scan::UnreadFolder> unreadFolders;
+    std::vector<UnreadFolder> unreadFolders;
     std::vector<std::string> folders{""}; // still to be read, below the root
     while (!folders.empty()) {
         const std::string below = std::move(folders.back());
@@ -150,21 +150,22 @@ Files::Result<Scan> scan(const fs::path& folder)
     return scan;
 }
 
-Files::Result<std::int64_t> countNew(const fs::path& folder, const std::vector<CorpusFile>& listed)
+Files::Result<NewFiles> findNew(const fs::path& folder, const std::vector<CorpusFile>& listed)
 {
     std::unordered_set<std::string_view> known;
     known.reserve(listed.size());
     for (const CorpusFile& file : listed)
         known.insert(file.pathBytes ? *file.pathBytes : file.path);
 
-    std::int64_t count = 0;
-    const auto unreadFolders =
+    NewFiles found;
+    auto unreadFolders =
         forEachSkin(folder, Files::Details::kinds, [&](const std::string& path, std::int64_t) {
-            count += known.contains(path) ? 0 : 1;
+            found.count += known.contains(path) ? 0 : 1;
         });
     if (!unreadFolders)
         return std::unexpected(unreadFolders.error());
-    return count;
+    found.unreadFolders = std::move(*unreadFolders);
+    return found;
 }
 
 std::optional<std::string> md5Hex(const fs::path& path)

@@ -33,14 +33,14 @@ struct CorpusFile {
 // The skins of a collection, in a fixed order.
 namespace CorpusListing {
 
+// A folder that could not be read, and why.
+struct UnreadFolder {
+    std::filesystem::path path; // below the collection's folder
+    std::error_code error;
+};
+
 // What was found below a folder.
 struct Scan {
-    // A folder that could not be looked into, and why.
-    struct UnreadFolder {
-        std::filesystem::path path; // below the collection's folder
-        std::error_code error;
-    };
-
     std::vector<CorpusFile> files; // without fingerprints
     std::vector<UnreadFolder> unreadFolders;
 };
@@ -50,9 +50,15 @@ struct Scan {
 // `folder` itself. Fails when `folder` can't be read; a folder below it is told of instead.
 Files::Result<Scan> scan(const std::filesystem::path& folder);
 
-// How many files below `folder` a scan would find that `listed` has not. Costs less than a scan.
-Files::Result<std::int64_t> countNew(const std::filesystem::path& folder,
-                                     const std::vector<CorpusFile>& listed);
+// Files below a folder that a listing lacks.
+struct NewFiles {
+    std::int64_t count = 0;
+    std::vector<UnreadFolder> unreadFolders;
+};
+
+// The files that a scan of `folder` would find and `listed` lacks. Faster than a scan.
+Files::Result<NewFiles> findNew(const std::filesystem::path& folder,
+                                const std::vector<CorpusFile>& listed);
 
 // The fingerprint of a whole file, or nothing when it can't be read.
 std::optional<std::string> md5Hex(const std::filesystem::path& file);

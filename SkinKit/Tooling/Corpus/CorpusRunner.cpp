@@ -162,7 +162,11 @@ public:
             removeListing();
         Journal results =
             config_.resume ? resumed(std::move(journal)) : startedOver(std::move(journal));
-        files_ = earlier ? std::move(*earlier) : listed(std::move(found));
+        const auto foundCount = std::ssize(found);
+        auto listing = earlier ? std::move(earlier) : listed(std::move(found));
+        if (!listing)
+            return {.files = foundCount, .left = foundCount, .cancelled = true};
+        files_ = std::move(*listing);
         const auto plan = CorpusPlan::of(files_, config_.sample, config_.seed);
 
         CorpusWatchdog watchdog(std::move(results), watchdogSettings());
@@ -171,9 +175,10 @@ public:
         answered_ = std::move(history.answered);
         if (const auto error = watchdog.startThread())
             throw Error{"no thread for the watchdog: " + error.message()};
-        const End end = processAll(plan.skins);
+        End end = processAll(plan.skins);
+        if (end == End::completed)
+            end = recordDuplicates(plan.duplicates);
         if (end == End::completed) {
-            recordDuplicates(plan.duplicates);
             write({.event = "end",
                    .footprintMiB = runner_.hooks_.footprint().lifetimeMax,
                    .t = CorpusRecord::now()});
@@ -196,8 +201,14 @@ private:
         std::vector inputs{OutputCheck::collection(runner_.corpus_)};
         if (config_.manifest)
             inputs.push_back({*config_.manifest, "the manifest"});
-        if (const auto conflict = OutputCheck::find(inputs, {runner_.resultsURL(), listingFile()}))
+        std::vector outputs{runner_.resultsURL(), listingFile()};
+        if (!config_.resume)
+            outputs.push_back(backupFile());
+        if (const auto conflict = OutputCheck::find(inputs, outputs))
             fail(conflict->output, conflict->text);
+        std::error_code ignored;
+        if (!config_.resume && fs::is_directory(backupFile(), ignored))
+            fail(backupFile(), std::make_error_code(std::errc::is_a_directory));
     }
 
     Journal openResults() const
@@ -226,12 +237,10 @@ private:
     {
         if (results.size() == 0)
             return results;
-        fs::path backup = runner_.resultsURL();
-        backup += "~";
-        if (const auto error = results.rename(backup))
-            fail(backup, error);
+        if (const auto error = results.rename(backupFile()))
+            fail(backupFile(), error);
         runner_.callbacks_.note(runner_.resultsURL().string() + ": earlier results kept as " +
-                                backup.string());
+                                backupFile().string());
         return openResults();
     }
 
@@ -250,18 +259,18 @@ private:
     }
 
     fs::path listingFile() const { return runner_.out_ / "listing.json"; }
+    fs::path backupFile() const { return runner_.out_ / "results.jsonl~"; }
 
     // Files that came later are not in a listing that is used again.
     void noteNewFiles(const std::vector<CorpusFile>& listed) const
     {
-        const auto found = CorpusListing::countNew(runner_.corpus_, listed);
-        if (!found)
-            fail(runner_.corpus_, found.error());
-        if (*found > 0)
+        const auto found = orFail(runner_.corpus_, CorpusListing::findNew(runner_.corpus_, listed));
+        noteUnread(found.unreadFolders);
+        if (found.count > 0)
             runner_.callbacks_.note(listingFile().string() + ": listing of " +
                                     Files::dateOf(listingFile()).value_or("unknown date") +
-                                    " reused, " + std::to_string(*found) + " new file" +
-                                    (*found == 1 ? "" : "s") +
+                                    " reused, " + std::to_string(found.count) + " new file" +
+                                    (found.count == 1 ? "" : "s") +
                                     " ignored; to start over, run without --resume");
     }
 
@@ -278,19 +287,24 @@ private:
 
     std::vector<CorpusFile> scan() const
     {
-        auto scan = CorpusListing::scan(runner_.corpus_);
-        if (!scan)
-            fail(runner_.corpus_, scan.error());
-        for (const auto& [folder, error] : scan->unreadFolders)
-            runner_.callbacks_.note((runner_.corpus_ / folder).string() + ": " + error.message());
-        return std::move(scan->files);
+        auto found = orFail(runner_.corpus_, CorpusListing::scan(runner_.corpus_));
+        noteUnread(found.unreadFolders);
+        return std::move(found.files);
     }
 
-    // With the fingerprints, and kept for the runs to come.
-    std::vector<CorpusFile> listed(std::vector<CorpusFile> files)
+    void noteUnread(const std::vector<CorpusListing::UnreadFolder>& folders) const
+    {
+        for (const auto& [folder, error] : folders)
+            runner_.callbacks_.note((runner_.corpus_ / folder).string() + ": " + error.message());
+    }
+
+    // With the fingerprints, and kept for the runs to come. Nothing when the run is cancelled.
+    std::optional<std::vector<CorpusFile>> listed(std::vector<CorpusFile> files)
     {
         begin({.phase = Progress::Phase::listing, .total = std::ssize(files)});
         for (CorpusFile& file : files) {
+            if (runner_.callbacks_.isCancelled())
+                return std::nullopt;
             file.md5 = CorpusListing::md5Hex(runner_.corpus_ / file.location());
             step();
         }
@@ -349,11 +363,13 @@ private:
         return true;
     }
 
-    void recordDuplicates(const std::vector<CorpusPlan::Duplicate>& duplicates)
+    End recordDuplicates(const std::vector<CorpusPlan::Duplicate>& duplicates)
     {
-        const Progress skins = numbers_; // what the last line tells of
+        const Progress skins = numbers_; // what the last line reports
         begin({.phase = Progress::Phase::duplicates, .total = std::ssize(duplicates)});
         for (const auto& [file, of] : duplicates) {
+            if (runner_.callbacks_.isCancelled())
+                return End::cancelled;
             if (!answered_.contains(files_[file].path)) {
                 CorpusRecord record = recordOf(files_[file], "result");
                 record.of = files_[of].path;
@@ -362,6 +378,7 @@ private:
             step();
         }
         numbers_ = skins;
+        return End::completed;
     }
 
     // A line after the first of so many skins, or when five seconds have passed.

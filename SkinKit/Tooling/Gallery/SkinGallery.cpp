@@ -199,11 +199,16 @@ public:
                   .picture = numbered(picturesFolder, number, pictureExtension),
                   .preview = numbered(previewsFolder, number, previewExtension)};
         const fs::path path = skins_ / file.location();
-        const auto page = SkinPreviewPage::make(path);
-        if (const auto error = write(card.preview, asBytes(marked(PreviewDocument::html(page)))))
+        const auto archive = SkinArchive::open(path);
+        const auto skin = archive
+                              ? SkinParser::parse(*archive, SkinParser::Sheets::croppedToSprites)
+                              : std::unexpected(archive.error());
+        auto page = skin ? SkinPreviewPage::of(path, *archive, *skin)
+                         : std::unexpected(skin.error().description());
+        if (!page)
+            page = SkinPreviewPage::failure(path, page.error());
+        if (const auto error = write(card.preview, asBytes(marked(PreviewDocument::html(*page)))))
             return std::unexpected(*error);
-
-        const auto skin = SkinParser::parse(path, {}, SkinParser::Sheets::croppedToSprites);
         if (!skin) {
             card.error = skin.error().description();
             return card;
