@@ -18,10 +18,15 @@ install() {
 }
 
 # What the library and the programs are built with and from.
+install_library_packages() {
+    install g++ cmake ninja-build \
+        libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev libseccomp-dev
+}
+
+# The same for the presets.
 install_build_packages() {
-    install g++ cmake ninja-build ccache \
-        libdeflate-dev libpng-dev zlib1g-dev libutf8proc-dev libmd-dev \
-        libseccomp-dev
+    install_library_packages
+    install ccache
 }
 
 # What the benchmarks measure with and against.
