@@ -1,6 +1,6 @@
 #include "SkinKit/Windows/Desktop/DesktopRenderer.h"
 #include "SkinKit/Windows/WindowDrawing.h"
-#include "tests/support/Collage.h"
+#include "tests/support/WindowChecks.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,6 @@
 #include <functional>
 
 using namespace SkinKit;
-using support::expectSame;
 using support::noisySkin;
 
 namespace {
@@ -116,7 +115,7 @@ TEST_P(AnyWindow, ReplicatesItsPixelsAtLargerScales)
         Canvas expected({whole_.width() * factor, whole_.height() * factor});
         expected.scale(factor);
         expected.draw(whole_, Point{0, 0});
-        expectSame(window_.render(skin_, scale, Clip::none), expected.image());
+        EXPECT_EQ(window_.render(skin_, scale, Clip::none), expected.image());
     }
 }
 
@@ -133,7 +132,7 @@ TEST_P(AnyWindow, IsDrawnOntoACanvasAndTouchesNothingElse)
     const auto before = canvas.state();
     window_.draw(canvas, {20, 30}, skin_, -3, Clip::none);
     expected.draw(whole_, Point{20, 30});
-    expectSame(canvas.image(), expected.image());
+    EXPECT_EQ(canvas.image(), expected.image());
     EXPECT_EQ(canvas.state().scale, before.scale);
     EXPECT_EQ(canvas.state().originX, before.originX);
     EXPECT_EQ(canvas.state().originY, before.originY);
@@ -147,13 +146,13 @@ TEST_P(AnyWindow, IsClippedToItsOwnSectionOfTheRegionWhenAsked)
         skin_.region.sections[section] = {};
     for (const auto& section : window_.sections)
         skin_.region.sections.erase(section);
-    expectSame(window_.render(skin_, 1, Clip::toRegion), whole_);
+    EXPECT_EQ(window_.render(skin_, 1, Clip::toRegion), whole_);
 
     for (const auto& section : window_.sections)
         skin_.region.sections[section] = {
             {{3, 0}, {270, 2}, {100, 110}}
         };
-    expectSame(window_.render(skin_, 1, Clip::none), whole_);
+    EXPECT_EQ(window_.render(skin_, 1, Clip::none), whole_);
     if (window_.sections.size() != 1) // the desktop clips each window by itself
         return;
     const Image large = window_.render(skin_, 2, Clip::none);
@@ -168,8 +167,8 @@ TEST_P(AnyWindow, IsClippedToItsOwnSectionOfTheRegionWhenAsked)
                 << x << ", " << y;
 
     skin_.region.sections[window_.sections[0]] = {}; // no polygons: nothing is inside
-    expectSame(window_.render(skin_, 1, Clip::toRegion),
-               {PixelBuffer::transparent(window_.size), Image::Alpha::any});
+    EXPECT_EQ(window_.render(skin_, 1, Clip::toRegion),
+              Image(PixelBuffer::transparent(window_.size), Image::Alpha::any));
 }
 
 TEST(WindowRenderer, CutsWhatAWindowPaintsOutsideItself)
@@ -178,7 +177,7 @@ TEST(WindowRenderer, CutsWhatAWindowPaintsOutsideItself)
     Canvas expected({20, 20});
     WindowRenderer<Spilling>::draw(canvas, {5, 6}, Skin{}, {}, 2, Clip::none);
     expected.fill({5, 6, 8, 6}, {1, 2, 3});
-    expectSame(canvas.image(), expected.image());
+    EXPECT_EQ(canvas.image(), expected.image());
 }
 
 TEST(WindowRenderer, RejectsAPlaylistThatNoRasterCanHold)
