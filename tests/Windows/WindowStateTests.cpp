@@ -57,26 +57,14 @@ Playlist threeTracks()
 TEST(WindowState, ShowsOnTheMainWindow)
 {
     using enum Transport;
-    constexpr auto left = [](Main& s) { s.status.timeMode = TimeMode::remaining; };
     expectFollows<MainWindowRenderer>(Main::webampScreenshot(), noisySkin(), {
-        {[](Main& s) { s.status.transport = paused; },  {"MAIN_PAUSED_INDICATOR", {26, 28}}},
-        {[](Main& s) { s.status.transport = stopped; }, {"MAIN_STOPPED_INDICATOR", {26, 28}}},
-        {[](Main& s) { s.status.transport = stopped; }, {"MAIN_STEREO", {239, 41}}},
         {[](Main& s) { s.status.transport = loading; },
          {"MAIN_WORKING_INDICATOR", {24, 28}, Rect{24, 28, 3, 9}}},
         {[](Main& s) { s.focused = false; },            {"MAIN_TITLE_BAR", {0, 0}}},
-        {left,                                          {"MINUS_SIGN", {38, 26}}},
-        {left,                                          {"DIGIT_2", {90, 26}}},
         {[](Main& s) { s.status.elapsed = 754; },       {"DIGIT_1", {48, 26}}},
-        {[](Main& s) { s.status.channels = 1; },        {"MAIN_MONO_SELECTED", {212, 41}}},
-        {[](Main& s) { s.status.channels = 1; },        {"MAIN_STEREO", {239, 41}}},
         {[](Main& s) { s.status.channels = 6; },        {"MAIN_MONO", {212, 41}}},
         {[](Main& s) { s.status.channels.reset(); },    {"MAIN_STEREO", {239, 41}}},
         {[](Main& s) { s.volume = -3; },                {"MAIN_VOLUME_THUMB", {107, 58}}},
-        {[](Main& s) { s.volume = 3; },                 {"MAIN_VOLUME_THUMB", {158, 58}}},
-        {[](Main& s) { s.volume = 3; },
-         {"MAIN_VOLUME_BACKGROUND", {107, 57}, Rect{107, 57, 51, 13}, 27}},
-        {[](Main& s) { s.balance = -9; },               {"MAIN_BALANCE_THUMB", {177, 58}}},
         {[](Main& s) { s.balance = -9; },
          {"MAIN_BALANCE_BACKGROUND", {177, 57}, Rect{191, 57, 24, 13}, 27}},
         {[](Main& s) { s.position = 2; },               {"MAIN_POSITION_SLIDER_THUMB", {235, 72}}},
@@ -86,19 +74,17 @@ TEST(WindowState, ShowsOnTheMainWindow)
         {[](Main& s) { s.eqOpen = false; },             {"MAIN_EQ_BUTTON", {219, 58}}},
         {[](Main& s) { s.playlistOpen = false; },       {"MAIN_PLAYLIST_BUTTON", {242, 58}}},
     });
-    const Skin plain = noisySkin({"NUMS_EX"}); // whose minus is a dash further down
-    expectFollows<MainWindowRenderer>(Main::webampScreenshot(), plain,
-                                      {{left, {"MINUS_SIGN", {38, 32}}}});
+    expectFollows<MainWindowRenderer>(Main::webampScreenshot(), noisySkin({"NUMS_EX"}), {
+        {[](Main& s) { s.status.timeMode = TimeMode::remaining; }, {"MINUS_SIGN", {38, 32}}},
+    });
 }
 
 TEST(WindowState, ShowsOnTheShadedMainWindow)
 {
     using enum MainWindowLayout::TitleButton;
     expectFollows<MainWindowRenderer>(shadedMain(), noisySkin(), {
-        {[](Main& s) { s.position = -1; },      {"MAIN_SHADE_POSITION_THUMB_LEFT", {226, 4}}},
         {[](Main& s) { s.position = 0.34; },    {"MAIN_SHADE_POSITION_THUMB", {231, 4}}},
         {[](Main& s) { s.position = 2; },       {"MAIN_SHADE_POSITION_THUMB_RIGHT", {240, 4}}},
-        {[](Main& s) { s.position.reset(); },   {"MAIN_SHADE_POSITION_BACKGROUND", {226, 4}}},
         {[](Main& s) { s.pressed = options; },  {"MAIN_OPTIONS_BUTTON_DEPRESSED", {6, 3}}},
         {[](Main& s) { s.pressed = minimize; }, {"MAIN_MINIMIZE_BUTTON_DEPRESSED", {244, 3}}},
         {[](Main& s) { s.pressed = shade; },    {"MAIN_SHADE_BUTTON_SELECTED_DEPRESSED", {254, 3}}},
@@ -129,8 +115,6 @@ TEST(WindowState, ShowsOnTheEqualizer)
     });
     const auto shaded = EQ{.shaded = true, .volume = 0.5F};
     expectFollows<EQWindowRenderer>(shaded, skin, {
-        {[](EQ&) {},                       {"EQ_SHADE_VOLUME_SLIDER_CENTER", {108, 4}}},
-        {[](EQ&) {},                       {"EQ_SHADE_BALANCE_SLIDER_CENTER", {184, 4}}},
         {[](EQ& s) { s.volume = 0; },      {"EQ_SHADE_VOLUME_SLIDER_LEFT", {61, 4}}},
         {[](EQ& s) { s.volume = 1; },      {"EQ_SHADE_VOLUME_SLIDER_RIGHT", {155, 4}}},
         {[](EQ& s) { s.balance = -7; },    {"EQ_SHADE_BALANCE_SLIDER_LEFT", {164, 4}}},
@@ -190,14 +174,12 @@ TEST(WindowState, ShowsInTheTextsOfThePlaylist)
 TEST(WindowState, ShowsTheSameInTwoLayersAsInOne)
 {
     const Skin skin = noisySkin();
-    for (const int scale : {INT_MIN, 1, 3})
-        for (const bool focused : {false, true}) {
-            auto state = Main::webampScreenshot();
-            state.focused = focused;
-            const Image base = MainWindowRenderer::renderBase(skin, focused, scale);
-            EXPECT_EQ(MainWindowRenderer::renderDynamic(base, skin, state, scale),
-                      MainWindowRenderer::render(skin, state, scale, Clip::none));
-        }
+    const Main state{.focused = false, .volume = 0.3F};
+    for (const int scale : {INT_MIN, 3}) {
+        const Image base = MainWindowRenderer::renderBase(skin, state.focused, scale);
+        EXPECT_EQ(MainWindowRenderer::renderDynamic(base, skin, state, scale),
+                  MainWindowRenderer::render(skin, state, scale, Clip::none));
+    }
 }
 
 TEST(WindowState, ShowsNothingOfMissingSheets)
