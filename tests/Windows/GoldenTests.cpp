@@ -63,33 +63,26 @@ MainWindowState shadedSpectrum()
 
 EQWindowState equalizer(bool shaded)
 {
-    return {
-        .shaded = shaded,
-        .pressed = EQWindowState::Band{5},
-        .automatic = true,
-        .preamp = 60,
-        .bands = {100, 80, 65, 50, 30, 0, 20, 50, 90, 100},
-        .volume = 0.5F,
-        .balance = -1,
-    };
+    auto state = DesktopState::webampScreenshot().equalizer;
+    state.shaded = shaded;
+    state.pressed = EQWindowState::Band{5};
+    state.automatic = true;
+    state.volume = 0.5F;
+    state.balance = -1;
+    return state;
 }
 
 PlaylistWindowState playlist(bool shaded, PlaylistLayout::Steps steps)
 {
-    return {
-        .entries = {{"DJ Nico Parda - Parda Rattling Intro", 5.0},
-                    {"Sj\u00F8h\u00E6sten - St\u00F6rst (Live @ Troms\u00F8)", 254.0, true},
-                    {"A Name \u2013 With a \u201CTitle\u201D That Is Longer Than Its Row", 3725.0},
-                    {"\u591C\u306E\u6B4C"},
-                    {"jazzy_quilt-01.mp3", 61.0},
-                    {"Not in Sight", 10.0}},
-        .current = 2,
-        .steps = steps,
-        .scrollPosition = 100,
-        .status = {.transport = Transport::playing, .elapsed = 83, .duration = 3725},
-        .openMenu = PlaylistLayout::Menu::list,
-        .shaded = shaded
-    };
+    auto state = DesktopState::webampScreenshot().playlist;
+    state.shaded = shaded;
+    state.steps = steps;
+    state.current = 7; // whose name is too long
+    state.scrollPosition = 60;
+    state.status.transport = Transport::stopped;
+    state.openMenu = PlaylistLayout::Menu::list;
+    state.entries.push_back({"\u591C\u306E\u6B4C"});
+    return state;
 }
 
 template <class Renderer>
