@@ -31,7 +31,8 @@ ol { list-style: none; padding-left: 0; color: #4040FF; }
 </head>
 <body>
 <div class="h">Velmar Generated PlayList</div>
-<p><span class="t">4</span> tracks in playlist, average track length: <span class="t">0:45</span></p>
+<p><span class="t">4</span> tracks in playlist, average track length: <span class="t">)"
+                                               R"(0:45</span></p>
 <p>Playlist length: <span class="t">1:30</span></p>
 <p class="t">Playlist files:</p>
 <ol>

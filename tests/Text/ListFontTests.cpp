@@ -38,7 +38,7 @@ TEST(ListFont, ShowsEveryTextAsReadersReadIt)
         {"\u00C9t\u00E9 9~",                   glyphs(U"Ete 9~")},
         {"E\u0301te\u0301",                    glyphs(U"Ete")},          // separate marks
         {"Stra\u00DFe \u00C6on",               glyphs(U"Strasse Aeon")},
-        {"q\u0323x",                           glyphs(U"qx")},           // a mark that does not compose
+        {"q\u0323x",                           glyphs(U"qx")},           // without a composed form
         {"\u2018a\u2019 \u201Cb\u201D \u2013", glyphs(U"'a' \"b\" -")},
         {"a\tb\u2003c\u3000\r\n",              glyphs(U"a b c  ")},
         {"1\u00A0",                            glyphs(U"1\u00A0")},

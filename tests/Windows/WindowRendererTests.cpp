@@ -178,13 +178,8 @@ TEST(WindowRenderer, RejectsAPlaylistThatNoRasterCanHold)
 {
     DesktopState state;
     state.playlist.steps = {INT_MAX, INT_MAX};
-    Canvas canvas({10, 10});
     EXPECT_EQ(DesktopRenderer::size(state, 1), std::nullopt);
-    for (const bool shaded : {false, true}) {
-        state.playlist.shaded = shaded;
-        EXPECT_EQ(PlaylistWindowRenderer::size(state.playlist, 1), std::nullopt);
-        EXPECT_DEATH(
-            PlaylistWindowRenderer::draw(canvas, {0, 0}, Skin{}, state.playlist, 1, Clip::none),
-            "raster");
-    }
+    EXPECT_EQ(PlaylistWindowRenderer::size(state.playlist, 1), std::nullopt);
+    Canvas canvas({10, 10});
+    EXPECT_DEATH(DesktopRenderer::draw(canvas, {0, 0}, {}, state, 1, Clip::none), "raster");
 }

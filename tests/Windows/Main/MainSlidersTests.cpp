@@ -32,7 +32,8 @@ TEST(MainSliders, ReadTheValueUnderThePointer)
         {-500, 0}, {114, 0}, {139.5, 0.5}, {165, 1}, {500, 1}, {infinity, 1}, {NAN, 0},
     });
     for (const auto& slider : {balance, shadePosition, eqShadeVolume, eqShadeBalance})
-        EXPECT_EQ(slider.fractionForPointerX(slider.thumbX(0.5) + slider.thumbSize.width / 2.0), 0.5);
+        EXPECT_EQ(slider.fractionForPointerX(slider.thumbX(0.5) + slider.thumbSize.width / 2.0),
+                  0.5);
 }
 
 TEST(MainSliders, ChooseTheFrameOfAStrip)

@@ -20,15 +20,8 @@ constexpr int largest = std::numeric_limits<int>::max();
 TEST(PlaylistLayout, ClosesTheFrameAtEverySize)
 {
     EXPECT_EQ(Steps(-1, smallest), Steps::zero());
-    for (const Steps steps : {
-             Steps{0,       0      },
-             Steps{1,       0      },
-             Steps{2,       1      },
-             Steps{3,       3      },
-             Steps{8,       11     },
-             Steps{largest, 0      },
-             Steps{largest, largest}
-    }) {
+    for (const int count : {0, 1, 2, 3, 8, largest}) {
+        const Steps steps(count, count);
         int x = 0;
         for (const Piece& piece : topRow(false, steps)) {
             ASSERT_EQ(piece.rect, (Rect{x, 0, piece.rect.width, topHeight})) << piece.sprite;
@@ -36,7 +29,7 @@ TEST(PlaylistLayout, ClosesTheFrameAtEverySize)
         }
         EXPECT_EQ(x, right(steps));
         EXPECT_LE(bottomRow(steps)[1].rect.right(), bottomRow(steps)[2].rect.x);
-        EXPECT_EQ(visualizerBackground(steps).has_value(), steps.width() >= 3);
+        EXPECT_EQ(visualizerBackground(steps).has_value(), count >= 3);
         EXPECT_EQ(menuEntries(Menu::remove, steps).back().rect, menuButton(Menu::remove, steps));
     }
 }
@@ -47,14 +40,16 @@ TEST(PlaylistLayout, TurnsSizesIntoRowsAndBack)
     expectTable<int, int>([](int steps) { return visibleRows({0, steps}); }, {
         {0, 4}, {1, 6}, {3, 11}, {10, 26},
     });
-    using Size = std::pair<double, double>;
-    expectTable<Size, Steps>([](Size by) { return stepsAfterDrag({3, 3}, by.first, by.second); }, {
+    using Pixels = std::pair<double, double>;
+    expectTable<Pixels, Steps>(
+        [](Pixels by) { return stepsAfterDrag({3, 3}, by.first, by.second); }, {
         {{12, 14}, {3, 3}},         {{12.5, 14.5}, {4, 4}}, {{13, 15}, {4, 4}},
         {{-12.5, -14.5}, {3, 3}},   {{-13, -15}, {2, 2}},   {{-1000, -1000}, {0, 0}},
         {{1e300, 1e300}, {largest, largest}},               {{NAN, infinity}, {0, 0}},
     });
-    expectTable<Size, Steps>([](Size size) { return stepsForPixelSize(size.first, size.second); }, {
-        {{274, 115}, {0, 0}}, {{300, 145}, {1, 1}}, {{299.9, 174}, {0, 2}}, {{NAN, infinity}, {0, 0}},
+    expectTable<Pixels, Steps>([](Pixels of) { return stepsForPixelSize(of.first, of.second); }, {
+        {{274, 115}, {0, 0}}, {{300, 145}, {1, 1}}, {{299.9, 174}, {0, 2}},
+        {{NAN, infinity}, {0, 0}},
     });
 }
 
