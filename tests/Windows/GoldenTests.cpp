@@ -6,17 +6,28 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 using namespace SkinKit;
 
 namespace {
 
-// As much as can differ from the presets: counting down, paused, mono, scrolled, at the sliders'
-// ends, and a spectrum of every height.
+constexpr MainWindowState (*playing)() = MainWindowState::webampScreenshot;
+
+// A spectrum of every height up to `highest`, its peaks `gap` pixels above.
+MainWindowState::Spectrum spectrum(int highest, int gap)
+{
+    MainWindowState::Spectrum spectrum;
+    for (int x = 0; x < 75; ++x) {
+        spectrum.heights.push_back(x / 4 * 7 % (highest + 1));
+        spectrum.peaks.push_back(spectrum.heights.back() + gap);
+    }
+    return spectrum;
+}
+
+// As much as can differ from the presets.
 MainWindowState countingDown()
 {
-    auto state = MainWindowState::webampScreenshot();
+    auto state = playing();
     state.status.timeMode = TimeMode::remaining;
     state.status.transport = Transport::paused;
     state.status.channels = 1;
@@ -25,103 +36,90 @@ MainWindowState countingDown()
     state.volume = 1;
     state.balance = -0.7F;
     state.shuffle = false;
-    MainWindowState::Spectrum spectrum;
-    for (int x = 0; x < 75; ++x) {
-        const int height = x / 4 * 7 % 17;
-        spectrum.heights.push_back(height);
-        spectrum.peaks.push_back(height + 2);
-    }
-    state.visualizer = spectrum;
+    state.visualizer = spectrum(16, 2);
     return state;
 }
 
-MainWindowState shaded()
+MainWindowState tracing(bool shaded)
 {
-    auto state = MainWindowState::webampScreenshot();
+    auto state = MainWindowState::idle();
+    MainWindowState::Oscilloscope trace;
+    for (int x = 0; x < 75; ++x)
+        trace.samples.push_back(static_cast<float>(x * x % 33 - 16) / 32);
+    state.visualizer = trace;
+    state.shaded = shaded;
+    return state;
+}
+
+MainWindowState shadedSpectrum()
+{
+    auto state = playing();
     state.shaded = true;
     state.status.timeMode = TimeMode::remaining;
     state.status.duration = 1234;
-    MainWindowState::Spectrum spectrum;
-    for (int x = 0; x < 75; ++x) {
-        spectrum.heights.push_back(x / 4 * 7 % 11);
-        spectrum.peaks.push_back(x / 4 * 7 % 11 + 1);
-    }
-    state.visualizer = spectrum;
+    state.visualizer = spectrum(10, 1);
     return state;
 }
 
-Skin sample(const std::string& name)
+EQWindowState equalizer(bool shaded)
 {
-    return SkinParser::parse(std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "examples/skins" /
-                             (name + ".wsz"))
-        .value();
+    auto state = DesktopState::webampScreenshot().equalizer;
+    state.shaded = shaded;
+    state.pressed = EQWindowState::Band{5};
+    state.automatic = true;
+    state.volume = 0.5F;
+    state.balance = -1;
+    return state;
+}
+
+PlaylistWindowState playlist(bool shaded, PlaylistLayout::Steps steps)
+{
+    auto state = DesktopState::webampScreenshot().playlist;
+    state.shaded = shaded;
+    state.steps = steps;
+    state.current = 7; // whose name is too long
+    state.scrollPosition = 60;
+    state.status.transport = Transport::stopped;
+    state.openMenu = PlaylistLayout::Menu::list;
+    state.entries.push_back({"\u591C\u306E\u6B4C"});
+    return state;
+}
+
+template <class Renderer>
+void expectGolden(std::string_view golden, const std::string& skin,
+                  const typename Renderer::State& state, int scale, Clip clip)
+{
+    const auto path = std::filesystem::path(SKINKIT_SOURCE_FOLDER) / "examples/skins" / skin;
+    support::expectGolden(
+        Renderer::render(*SkinParser::parse(path.string() + ".wsz"), state, scale, clip), golden);
 }
 
 }
 
-// Our own skins as they look in the windows: what no rule alone would catch.
-TEST(Golden, MainWindowsLookAsTheyDid)
+// Our own skins as they look in the windows.
+// clang-format off
+TEST(Golden, WindowsLookAsTheyDid)
 {
-    const auto playing = MainWindowState::webampScreenshot();
-    struct Row {
-        std::string_view golden;
-        std::string skin;
-        MainWindowState state;
-        int scale;
-        Clip clip;
-    };
-    const Row rows[] = {
-        {"graphite-playing",     "graphite", playing,                 1, Clip::none    },
-        {"graphite-idle",        "graphite", MainWindowState::idle(), 1, Clip::none    },
-        {"aurora-playing",       "aurora",   playing,                 1, Clip::none    },
-        {"arcade-idle",          "arcade",   MainWindowState::idle(), 1, Clip::none    },
-        {"lagoon-clipped-2x",    "lagoon",   playing,                 2, Clip::toRegion},
-        {"lagoon-counting-down", "lagoon",   countingDown(),          1, Clip::toRegion},
-        {"lagoon-shaded-2x",     "lagoon",   shaded(),                2, Clip::toRegion},
-    };
-    for (const auto& row : rows)
-        support::expectGolden(
-            MainWindowRenderer::render(sample(row.skin), row.state, row.scale, row.clip),
-            row.golden);
+    constexpr auto main = expectGolden<MainWindowRenderer>;
+    constexpr auto eq = expectGolden<EQWindowRenderer>;
+    constexpr auto list = expectGolden<PlaylistWindowRenderer>;
+    const auto idle = MainWindowState::idle();
+    main("graphite-playing",          "graphite", playing(),                 1, Clip::none);
+    main("graphite-idle",             "graphite", idle,                      1, Clip::none);
+    main("aurora-playing",            "aurora",   playing(),                 1, Clip::none);
+    main("arcade-idle",               "arcade",   idle,                      1, Clip::none);
+    main("lagoon-clipped-2x",         "lagoon",   playing(),                 2, Clip::toRegion);
+    main("lagoon-counting-down",      "lagoon",   countingDown(),            1, Clip::toRegion);
+    main("lagoon-shaded-2x",          "lagoon",   shadedSpectrum(),          2, Clip::toRegion);
+    main("graphite-shaded",           "graphite", shadedSpectrum(),          1, Clip::none);
+    main("graphite-tracing-2x",       "graphite", tracing(false),            2, Clip::none);
+    main("graphite-shaded-tracing-3x", "graphite", tracing(true),            3, Clip::none);
+    eq("lagoon-equalizer",            "lagoon",   equalizer(false),          1, Clip::toRegion);
+    eq("lagoon-equalizer-shaded",     "lagoon",   equalizer(true),           1, Clip::toRegion);
+    list("lagoon-playlist",           "lagoon",   playlist(false, {3, 0}),   1, Clip::none);
+    list("lagoon-playlist-tall",      "lagoon",   playlist(false, {4, 2}),   1, Clip::none);
+    list("lagoon-playlist-shaded",    "lagoon",   playlist(true, {3, 0}),    1, Clip::none);
+    expectGolden<DesktopRenderer>(
+        "lagoon-desktop", "lagoon", DesktopState::webampScreenshot(), 1, Clip::toRegion);
 }
-
-TEST(Golden, EqualizersLookAsTheyDid)
-{
-    EQWindowState state{
-        .pressed = EQWindowState::Band{5},
-        .automatic = true,
-        .preamp = 60,
-        .bands = {100, 80, 65, 50, 30, 0, 20, 50, 90, 100},
-        .volume = 0.5F,
-        .balance = -1
-    };
-    const Skin skin = sample("lagoon");
-    support::expectGolden(EQWindowRenderer::render(skin, state, 1, Clip::toRegion),
-                          "lagoon-equalizer");
-    state.shaded = true;
-    support::expectGolden(EQWindowRenderer::render(skin, state, 1, Clip::toRegion),
-                          "lagoon-equalizer-shaded");
-}
-
-TEST(Golden, PlaylistsLookAsTheyDid)
-{
-    PlaylistWindowState state{
-        .entries = {{"DJ Nico Parda - Parda Rattling Intro", 5.0},
-                    {"Sj\u00F8h\u00E6sten - St\u00F6rst (Live @ Troms\u00F8)", 254.0, true},
-                    {"A Name \u2013 With a \u201CTitle\u201D That Is Longer Than Its Row", 3725.0},
-                    {"\u591C\u306E\u6B4C"},
-                    {"jazzy_quilt-01.mp3", 61.0},
-                    {"Not in Sight", 10.0}},
-        .current = 2,
-        .steps = {3, 0},
-        .scrollPosition = 100,
-        .status = {.transport = Transport::playing, .elapsed = 83, .duration = 3725},
-        .openMenu = PlaylistLayout::Menu::list,
-    };
-    const Skin skin = sample("lagoon");
-    support::expectGolden(PlaylistWindowRenderer::render(skin, state, 1, Clip::none),
-                          "lagoon-playlist");
-    state.shaded = true;
-    support::expectGolden(PlaylistWindowRenderer::render(skin, state, 1, Clip::none),
-                          "lagoon-playlist-shaded");
-}
+// clang-format on

@@ -1,12 +1,9 @@
 #include "tests/support/Golden.h"
 
-#include "SkinKit/Graphics/Canvas.h"
-#include "SkinKit/Graphics/ImageDiff.h"
 #include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/System/InputFile.h"
 #include "SkinKit/System/OutputFile.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -37,14 +34,9 @@ void expectGolden(const Image& image, std::string_view name)
     ASSERT_TRUE(golden) << path << " can't be read";
     if (*golden == image)
         return;
-
-    Canvas sheet({2 * golden->width() + image.width(), std::max(golden->height(), image.height())});
-    sheet.draw(*golden, Point{0, 0});
-    sheet.draw(ImageDiff::diffImage(*golden, image), Point{golden->width(), 0});
-    sheet.draw(image, Point{2 * golden->width(), 0});
-    const auto mismatch = std::filesystem::absolute(std::string(name) + ".mismatch.png");
-    PNGWriter::write(sheet.image(), mismatch);
-    ADD_FAILURE() << "not as in " << path << "; see " << mismatch;
+    const auto actual = std::filesystem::absolute(std::string(name) + ".actual.png");
+    PNGWriter::write(image, actual);
+    ADD_FAILURE() << "not as in " << path << "; see " << actual;
 }
 
 void expectGoldenText(std::string_view text, std::string_view file)
