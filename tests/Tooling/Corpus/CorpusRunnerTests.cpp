@@ -146,13 +146,14 @@ TEST_F(CorpusRun, KeepsOldResultsUnderAnotherNameUnlessItResumesByTheOldListing)
 
     notes.clear();
     add("b/b.wsz", "b");
+    add("c.wsz", "c");
     EXPECT_EQ(resume(), (Totals{.files = 1, .unique = 1, .attempted = 0}));
     ASSERT_EQ(notes.size(), 1U);
     EXPECT_TRUE(notes[0].contains("/listing.json: listing of 2")) << notes[0];
     EXPECT_TRUE(
-        notes[0].ends_with(" reused, 1 new file ignored; to start over, run without --resume"));
+        notes[0].ends_with(" reused, 2 new files ignored; to start over, run without --resume"));
     folder.write("a/out/listing.json", bytes("[{]")); // no listing: made again
-    EXPECT_EQ(resume(), (Totals{.files = 2, .unique = 2, .attempted = 1}));
+    EXPECT_EQ(resume(), (Totals{.files = 3, .unique = 3, .attempted = 2}));
 }
 
 TEST_F(CorpusRun, DropsTheListingOfAnotherRunBeforeAll)

@@ -73,6 +73,7 @@ Records collection()
         result("broken", "failed", "Unreadable archive: Not a zip archive"),
         result("bare", "failed", "No classic skin bitmaps found"),
         result("silent", "failed", {}),
+        result("silent too", "failed", {}),
         {.event = "result", .path = "modern", .name = "modern", .md5 = "03aa", .entries = 99,
          .status = "modern", .warnings = {{"Missing gen.bmp"}}, .ms = 99},
         {.event = "result", .path = "big", .name = "big", .md5 = "05aa", .status = "memory",
