@@ -2,7 +2,6 @@
 #include "tests/support/BMPWriter.h"
 #include "tests/support/Program.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -85,7 +84,7 @@ protected:
     ~FailingCalls() override { fs::current_path(before_); }
 
     // Runs a command while nothing fails.
-    static Outcome run(std::string_view line, const char* program = SKINTOOL_PROGRAM)
+    static Outcome run(const std::string& line, const char* program = SKINTOOL_PROGRAM)
     {
         return support::run(program, support::words(line),
                             {.variables = {support::variableForTheShutIn}});

@@ -2,7 +2,6 @@
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/Words.h"
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -174,7 +173,7 @@ TEST_F(Surroundings, LeaveAWholePictureOrTheOldOneWhenKilled)
     for (int tries = 0; tries < 300 && (killed < 30 || done < 3); ++tries) {
         folder_.write("a.png", old);
         const auto life = std::chrono::microseconds(400 * (tries % 50));
-        const auto outcome = support::runAndKill(SKINTOOL_PROGRAM, support::words(drawing), life);
+        const auto outcome = skintool(drawing, {.life = life});
         const bool ended = outcome.status == 0;
         ++(ended ? done : killed);
         const auto content = support::readFile("a.png");

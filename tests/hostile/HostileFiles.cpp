@@ -7,7 +7,6 @@
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/Words.h"
 #include "tests/support/ZipWriter.h"
 
 #include <gtest/gtest.h>
@@ -258,30 +257,34 @@ ByteBuffer sharingCursor(const ByteBuffer& picture)
     return file.bytes();
 }
 
+constexpr PNGHeader largestPNG{.width = width, .height = height};
 constexpr PNGHeader deepestPNG{
     .width = width, .height = height, .depth = 16, .colorType = 6, .isInterlaced = true};
 
 // A PNG of zeros, every row filtered in the way that takes longest.
-ByteBuffer deepPNGOfZeros()
+ByteBuffer pngOfZeros(const PNGHeader& header)
 {
-    struct Pass {
-        std::size_t columns, rows; // one in so many
+    using Pass = std::pair<std::size_t, std::size_t>; // one in so many columns, and rows
+    std::vector<Pass> passes{
+        {1, 1}
     };
+    if (header.isInterlaced)
+        passes = {
+            {8, 8},
+            {8, 8},
+            {4, 8},
+            {4, 4},
+            {2, 4},
+            {2, 2},
+            {1, 2}
+        };
     ByteBuffer rows;
-    for (const auto& pass : std::initializer_list<Pass>{
-             {8, 8},
-             {8, 8},
-             {4, 8},
-             {4, 4},
-             {2, 4},
-             {2, 2},
-             {1, 2}
-    })
-        for (std::size_t y = 0; y < height / pass.rows; ++y) {
+    for (const auto& [columns, lines] : passes)
+        for (std::size_t y = 0; y < header.height / lines; ++y) {
             rows.push_back(4);
-            rows.resize(rows.size() + width / pass.columns * 8, 0);
+            rows.resize(rows.size() + header.width / columns * header.depth / 2, 0);
         }
-    return pngFile(deepestPNG, pngChunk("IDAT", zlibStream(rows)));
+    return pngFile(header, pngChunk("IDAT", zlibStream(rows)));
 }
 
 // A picture of one pixel with as many copies of a chunk before its pixels as fit.
@@ -359,8 +362,16 @@ constexpr HostileFile files[] = {
         append(sheet.pixels, ByteBuffer{0, 1});
         writeSheets(file, "bmp", sheet.bytes());
     }},
-    {"SheetsDeepPNG", "sixteen sheets of 4096 x 2048, PNG, 16-bit and interlaced",
-     [](const path& file) { writeSheets(file, "png", deepPNGOfZeros()); }},
+    {"Sheets4Bit", "sixteen sheets of 4096 x 2048, 4-bit", [](const path& file) {
+        BMPFile sheet{.width = width, .height = height, .bitCount = 4};
+        sheet.palette.assign(16, {1, 2, 3});
+        sheet.pixels.resize(std::size_t{width} / 2 * height, 0);
+        writeSheets(file, "bmp", sheet.bytes());
+    }},
+    {"SheetsPNG", "the same, PNG with alpha",
+     [](const path& file) { writeSheets(file, "png", pngOfZeros(largestPNG)); }},
+    {"SheetsDeepPNG", "the same, 16-bit and interlaced",
+     [](const path& file) { writeSheets(file, "png", pngOfZeros(deepestPNG)); }},
     {"PNGTexts", "sixteen PNGs full of compressed texts of 64 MiB each",
      [](const path& file) { writeSheets(file, "png", pngFullOf(compressedText())); }},
     {"PNGManyChunks", "sixteen PNGs of 600,000 empty chunks",

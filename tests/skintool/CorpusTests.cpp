@@ -47,16 +47,15 @@ protected:
     {
         for (int kills = 0; kills < maxKills; ++kills) {
             const auto life = longestLife * std::uniform_real_distribution<double>(0, 1)(random_);
-            const auto outcome = support::runAndKill(
-                SKINTOOL_PROGRAM, support::words("corpus skins --out out --resume"),
-                std::chrono::duration_cast<std::chrono::microseconds>(life));
+            const auto outcome =
+                support::run(SKINTOOL_PROGRAM, support::words("corpus skins --out out --resume"),
+                             {.life = std::chrono::duration_cast<std::chrono::microseconds>(life)});
             if (outcome.status == 0)
                 return kills;
             EXPECT_EQ(outcome.status, 128 + SIGKILL) << outcome.err;
-            if (fs::exists(file))
-                fs::resize_file(file,
-                                fs::file_size(file) -
-                                    std::min<std::uintmax_t>(fs::file_size(file), random_() % 40));
+            const auto size = fs::exists(file) ? fs::file_size(file) : 0;
+            if (size > 0)
+                fs::resize_file(file, size - std::min<std::uintmax_t>(size, random_() % 40));
         }
         return maxKills;
     }

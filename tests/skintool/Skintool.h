@@ -3,7 +3,6 @@
 #include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/support/Words.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +21,7 @@ protected:
     }
     ~SkintoolTest() override { std::filesystem::current_path(elsewhere); }
 
-    static Outcome skintool(std::string_view line, long limitBytes = 0)
+    static Outcome skintool(const std::string& line, long limitBytes = 0)
     {
         return support::run(SKINTOOL_PROGRAM, support::words(line), limitBytes);
     }
