@@ -26,26 +26,6 @@ protected:
 
 }
 
-TEST_F(JournalTest, GrowsByLinesBehindWhatIsThereAndBelongsToOneAtATime)
-{
-    EXPECT_FALSE(Journal::open(path)->append("one"));
-    {
-        auto journal = Journal::open(path);
-        EXPECT_EQ(journal->size(), 4);
-        EXPECT_FALSE(journal->append(""));
-        EXPECT_EQ(text("file"), "one\n\n");
-        EXPECT_FALSE(journal->cut(4));
-        EXPECT_FALSE(journal->append("two"));
-        EXPECT_EQ(Journal::open(path).error(), std::errc::device_or_resource_busy);
-    }
-    folder.write("file", bytes("one\ntw")); // cut off
-    auto journal = Journal::open(path);
-    for (int i = 0; i < 2; ++i)
-        EXPECT_FALSE(journal->closeCutLine());
-    EXPECT_FALSE(journal->append("three"));
-    EXPECT_EQ(text("file"), "one\ntw\nthree\n");
-}
-
 TEST_F(JournalTest, AddsNothingToAFileThatNoLongerHasItsName)
 {
     const std::function<void()> rows[] = {

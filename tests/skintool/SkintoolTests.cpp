@@ -10,8 +10,6 @@
 #include "SkinKit/Windows/Main/MainWindowRenderer.h"
 #include "SkinKit/Windows/Playlist/PlaylistWindowRenderer.h"
 
-#include <map>
-
 using namespace SkinKit;
 namespace fs = std::filesystem;
 using support::bytes;

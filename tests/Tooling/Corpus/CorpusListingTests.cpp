@@ -73,21 +73,6 @@ TEST(CorpusListing, FailsForAFolderThatCantBeReadAndGoesOnBesideOneTooDeep)
     EXPECT_EQ(scan->unreadFolders.front().error, std::errc::filename_too_long);
 }
 
-TEST(CorpusListing, TellsFilesApartWhoseNamesAreNotText)
-{
-    const TemporaryFolder folder;
-    for (const std::string name : {"x\xFE.wsz", "x\xFF.wsz", "x\uFFFD.wsz", "y\xFF.wsz"})
-        folder.write(name, bytes(name));
-    const auto files = CorpusListing::scan(folder.path()).value().files;
-    EXPECT_EQ(paths(files),
-              (Names{"x\uFFFD.wsz", "x\uFFFD (2).wsz", "x\uFFFD (3).wsz", "y\uFFFD.wsz"}));
-    EXPECT_EQ(files[0].pathBytes, std::nullopt);
-    for (const CorpusFile& file : files)
-        EXPECT_EQ(support::readFile(folder.path() / file.location()),
-                  bytes(file.location().native()));
-    EXPECT_EQ(CorpusListing::parse(CorpusListing::json(files)), files);
-}
-
 TEST(CorpusListing, FingerprintsWholeFiles)
 {
     const TemporaryFolder folder;
