@@ -222,7 +222,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, FailingCallsOf, testing::Values(
     Command{"Gallery",             "gallery in/skins --out out", fewFailures, reasons},
     // A crash log that can't be read is left out.
     Command{"Report",              "corpus-report in/results.jsonl --markdown out/report.md "
-                                   "--json out/summary.json --env in/machine.json --crashes in/logs",
+                                   "--json out/summary.json --env in/machine.json "
+                                   "--crashes in/logs",
             allFailures, {"(0 crash logs)", "\"crashLogs\": []"}},
     Command{"Thumbnail", "in/skin.wsz out/a.png", allFailures, {}, SHARED_THUMBNAILER, true}),
     [](const auto& row) { return row.param.name; });

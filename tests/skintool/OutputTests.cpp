@@ -39,22 +39,26 @@ TEST_F(SkintoolTest, NeverOverwritesAnInput)
     const struct { std::string line, output, reason; } rows[] = {
         {"--png ./all.png all.png",                       "./all.png",        itself},
         {"--png sk/main.png sk",                          "sk/main.png",      part},
-        {"--png sk/new.bmp sk/",                          "sk/new.bmp",       part}, // changes the skin, too
+        {"--png sk/new.bmp sk/",                          "sk/new.bmp",       part}, // would be one
         {"--png hard sk",                                 "hard",             part},
         {"--png refs/all.png --compare refs all.png",     "refs/all.png",     reference},
-        {"--png refs2/all.png --compare refs2 all.png",   "refs2/all.png",    reference}, // not there yet
+        {"--png refs2/all.png --compare refs2 all.png",   "refs2/all.png",    reference}, // new
         {"--png refs/new.png --compare refs sk",          "refs/new.diff.png", reference},
         {"windows sk/. --out sk",                         "sk/main.png",      part},
         {"windows all.png --out .",                       "./all.png",        itself},
         {"preview all.png --out all.png",                 "all.png",          itself},
         {"preview sk --out sk/",                          "sk/",              itself},
         {"preview sk --out link",                         "link",             part},
-        {"gallery skins --out site", "site/index.html", "exists and was not made by skintool gallery"},
-        {"corpus skins --out run --manifest run/listing.json", "run/listing.json", "is the manifest itself"},
-        {"corpus skins --out run2",  "run2/results.jsonl", "would be read as a skin of the collection"},
+        {"gallery skins --out site",
+         "site/index.html", "exists and was not made by skintool gallery"},
+        {"corpus skins --out run --manifest run/listing.json",
+         "run/listing.json", "is the manifest itself"},
+        {"corpus skins --out run2",
+         "run2/results.jsonl", "would be read as a skin of the collection"},
         {report + "--markdown r.jsonl",                   "r.jsonl",          results},
         {report + "--json hard.jsonl",                    "hard.jsonl",       results},
-        {report + "--env env.json --json env.json", "env.json", "is the environment's description itself"},
+        {report + "--env env.json --json env.json",
+         "env.json", "is the environment's description itself"},
         {report + "--crashes logs --json logs/new",       "logs/new",         log},
         {report + "--crashes logs --json refs/into-logs", "refs/into-logs",   log},
     };

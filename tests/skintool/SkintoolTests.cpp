@@ -39,17 +39,17 @@ TEST_F(SkintoolTest, PrintsHelpVersionAndUsageErrorsForEveryForm)
     const std::string versionLine = "skintool " + std::string(version) + "\n";
     // clang-format off
     const struct { std::string form, wrong, error; std::string_view usage; } rows[] = {
-        {"",              "",                     "missing <skin.wsz | folder>", SkintoolOptions::usage},
+        {"",              "",            "missing <skin.wsz | folder>", SkintoolOptions::usage},
         {"",              " --scale 2 a",
-         "--state, --scale, --compare and --no-region need --png",               SkintoolOptions::usage},
+         "--state, --scale, --compare and --no-region need --png",     SkintoolOptions::usage},
         {"",              " a --bad\x1B\u202E\U000E0041",
-         "unknown option: --bad\\x1B\\u202E\\U000E0041",                         SkintoolOptions::usage},
-        {"",              " a --help",            "unknown option: --help",      SkintoolOptions::usage},
-        {"info",          "",                     "missing <skin.wsz | folder>", InfoOptions::usage},
-        {"windows",       " a",                   "missing --out <dir>",         WindowsOptions::usage},
-        {"preview",       "",                     "missing <skin.wsz | folder>", PreviewOptions::usage},
-        {"gallery",       "",                     "missing <dir>",               GalleryOptions::usage},
-        {"corpus",        "",                     "missing <dir>",               CorpusOptions::usage},
+         "unknown option: --bad\\x1B\\u202E\\U000E0041",                SkintoolOptions::usage},
+        {"",              " a --help",   "unknown option: --help",      SkintoolOptions::usage},
+        {"info",          "",            "missing <skin.wsz | folder>", InfoOptions::usage},
+        {"windows",       " a",          "missing --out <dir>",         WindowsOptions::usage},
+        {"preview",       "",            "missing <skin.wsz | folder>", PreviewOptions::usage},
+        {"gallery",       "",            "missing <dir>",               GalleryOptions::usage},
+        {"corpus",        "",            "missing <dir>",               CorpusOptions::usage},
         {"corpus-report", " r --json s",          "missing --markdown <report.md>",
          CorpusReportOptions::usage},
     };
@@ -91,14 +91,17 @@ TEST_F(SkintoolTest, RendersArchivesAndFoldersAsTheLibraryDoes)
     cutSkin().unpack("unpacked");
     const auto skin = *cutSkin().parse();
     // clang-format off
-    const struct { std::string line; MainWindowState main; DesktopState desktop; int scale; Clip clip; } rows[] = {
-        {"cut.wsz", MainWindowState::webampScreenshot(), DesktopState::webampScreenshot(), 1, Clip::toRegion},
-        {"unpacked/ --no-region --scale 2",
-         MainWindowState::webampScreenshot(), DesktopState::webampScreenshot(), 2, Clip::none},
-        {"cut.wsz --state idle", MainWindowState::idle(), DesktopState::idle(), 1, Clip::toRegion},
+    const auto webamp = std::pair(MainWindowState::webampScreenshot(),
+                                  DesktopState::webampScreenshot());
+    const auto idle = std::pair(MainWindowState::idle(), DesktopState::idle());
+    const std::tuple<std::string, decltype(webamp), int, Clip> rows[] = {
+        {"cut.wsz",                         webamp, 1, Clip::toRegion},
+        {"unpacked/ --no-region --scale 2", webamp, 2, Clip::none},
+        {"cut.wsz --state idle",            idle,   1, Clip::toRegion},
     };
     // clang-format on
-    for (const auto& [line, main, state, scale, clip] : rows) {
+    for (const auto& [line, states, scale, clip] : rows) {
+        const auto& [main, state] = states;
         EXPECT_EQ(skintool("--png out.png " + line), silence());
         EXPECT_EQ(PNGWriter::read("out.png"), MainWindowRenderer::render(skin, main, scale, clip));
 
@@ -137,10 +140,12 @@ TEST_F(SkintoolTest, FailsWithOneLineAndLeavesEveryFileAlone)
     const std::pair<std::string, std::string> rows[] = {
         {"--png old.png bad\x1B.wsz",           noZip},
         {"--png old.png none",                  "none: Unreadable archive" + noFile},
-        {"--png old.png modern.wsz",            "modern.wsz: Modern (Winamp 3/5) skin; not supported"},
+        {"--png old.png modern.wsz",
+         "modern.wsz: Modern (Winamp 3/5) skin; not supported"},
         {"--png new.png empty.wsz",             "empty.wsz: No classic skin bitmaps found"},
         {"--png new.png skin.wsz --scale 130",  "--scale 130 is too large"},
-        {"--png old.png skin.wsz --scale 9223372036854775807", "--scale 9223372036854775807 is too large"},
+        {"--png old.png skin.wsz --scale 9223372036854775807",
+         "--scale 9223372036854775807 is too large"},
         {"--png none/out.png skin.wsz",         "none/out.png" + noFile},
         {"--png /dev/full skin.wsz",            "/dev/full: No space left on device"},
         {"info none",                           "none: Unreadable archive" + noFile},

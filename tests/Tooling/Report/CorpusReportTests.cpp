@@ -53,7 +53,8 @@ std::string linesOf(const JSON& json)
 Records collection()
 {
     const auto result = [](std::string path, std::string status, std::optional<std::string> error) {
-        return CorpusRecord{.event = "result", .path = path, .name = path.substr(path.find('/') + 1),
+        return CorpusRecord{.event = "result", .path = path,
+                            .name = path.substr(path.find('/') + 1),
                             .status = status, .error = error};
     };
     auto dead = result("x/dead", "crashed", {});
