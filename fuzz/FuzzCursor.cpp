@@ -13,8 +13,8 @@ std::int64_t pixelsOf(const StaticCursor& cursor)
     std::int64_t pixels = 0;
     for (const auto& [image, hotSpot, bitCount] : cursor.images) {
         fuzzing::require(image.width() <= CursorPicture::maxSide &&
-                         image.height() <= CursorPicture::maxSide && bitCount > 0);
-        fuzzing::require(contains(Rect{0, 0, image.width(), image.height()}, hotSpot));
+                         image.height() <= CursorPicture::maxSide && bitCount > 0 &&
+                         contains(Rect{0, 0, image.width(), image.height()}, hotSpot));
         fuzzing::requireSound(image);
         pixels += std::int64_t{image.width()} * image.height();
     }
@@ -23,13 +23,12 @@ std::int64_t pixelsOf(const StaticCursor& cursor)
 
 std::int64_t pixelsOf(const AnimatedCursor& cursor)
 {
+    fuzzing::require(!cursor.steps.empty() && cursor.defaultJiffies >= 1);
+    for (const auto& [frame, jiffies] : cursor.steps)
+        fuzzing::require(frame >= 0 && frame < std::ssize(cursor.frames) && jiffies >= 1);
     std::int64_t pixels = 0;
     for (const auto& frame : cursor.frames)
         pixels += pixelsOf(frame);
-    fuzzing::require(!cursor.steps.empty() && cursor.defaultJiffies >= 1);
-    for (const auto& step : cursor.steps)
-        fuzzing::require(step.frame >= 0 && step.frame < std::ssize(cursor.frames) &&
-                         step.jiffies >= 1);
     return pixels;
 }
 

@@ -29,19 +29,17 @@ bool hasInvisibles(std::string_view text)
 void requireHarmless(std::string_view bytes, const std::string& text)
 {
     const std::string visible = TerminalText::visible(bytes);
-    fuzzing::require(isTextWithout("", visible) && !hasInvisibles(visible));
-    fuzzing::require(
-        isTextWithout("<>\"'", HTMLText::escaped(bytes, HTMLText::Apostrophe::escaped)));
-
-    // No bar that would end the cell, nor a bracket that would start a link.
+    const std::string html = HTMLText::escaped(bytes, HTMLText::Apostrophe::escaped);
     const std::string cell = Markdown::cell(text);
-    fuzzing::require(isTextWithout("<>", cell) && !hasInvisibles(cell));
-    for (std::size_t i = 0; i < cell.size(); ++i) {
+    fuzzing::require(isTextWithout("", visible) && !hasInvisibles(visible) &&
+                     isTextWithout("<>\"'", html) && isTextWithout("<>", cell) &&
+                     !hasInvisibles(cell));
+    // No bar that would end the cell, nor a bracket that would start a link.
+    for (std::size_t i = 0; i < cell.size(); ++i)
         if (cell[i] == '\\')
             ++i;
         else
             fuzzing::require(!std::string_view("|`*[]~$@").contains(cell[i]));
-    }
     // The target of a link ends where it is closed.
     const std::string link = Markdown::link("a", text);
     fuzzing::require(link == "a" || (Unicode::lowercased(link).starts_with("[a](http") &&
@@ -51,9 +49,10 @@ void requireHarmless(std::string_view bytes, const std::string& text)
 // A skin's read-me, whole or cut.
 void requireReadme(const ByteBuffer& content)
 {
-    const auto shown = SkinPreviewPage::readme(SkinArchive({
+    SkinArchive::Table files{
         {"readme.txt", content}
-    }));
+    };
+    const auto shown = SkinPreviewPage::readme(SkinArchive(std::move(files)));
     fuzzing::require(!shown ||
                      (isTextWithout("", *shown) && shown->size() <= 20'480 + 3 && !shown->empty()));
 }

@@ -3,7 +3,6 @@
 #include "tests/support/BMPWriter.h"
 #include "tests/support/CursorWriter.h"
 #include "tests/support/PNGFile.h"
-#include "tests/support/SkinBuilder.h"
 #include "tests/support/ZipWriter.h"
 
 #include <array>
@@ -153,15 +152,6 @@ void addPNGs(Files& files)
         pngFile({.isInterlaced = true}, pngChunk("IDAT", zlibStream(ByteBuffer(5, 0), 0)));
 }
 
-// The files stored, not compressed, so that a changed byte is a changed byte of a file.
-ByteBuffer storedZip(const std::vector<std::pair<const char*, ByteBuffer>>& files)
-{
-    ZipWriter zip;
-    for (const auto& [name, content] : files)
-        zip.add({.name = name, .data = content, .method = 0});
-    return zip.bytes();
-}
-
 void addArchives(Files& files)
 {
     files["Archive/plain.zip"] = ZipWriter()
@@ -183,27 +173,24 @@ void addArchives(Files& files)
     append(embedded, bytes("and behind: PK\x05\x06"));
     files["Archive/embedded.zip"] = embedded;
 
-    files["Skin/small.wsz"] = SkinBuilder()
-                                  .sheet("main.bmp", solidImage({275, 116}, {40, 60, 80}))
-                                  .sheet("text.bmp", *SkinKit::GeneratedBaseSkin::sheet("TEXT"))
-                                  .text("region.txt", region)
-                                  .text("viscolor.txt", "1,2,3\n4 5 6\n")
-                                  .text("pledit.txt", "[Text]\nNormal=#12345\n")
-                                  .zip();
     const ByteBuffer sheet = encodeBMP(smallPicture(), 8);
-    files["Skin/sheets.wsz"] = storedZip({
+    const std::pair<const char*, ByteBuffer> skin[] = {
         {"main.bmp", encodeRLE(smallPicture(), 8)},
         {"nums_ex.png", smallPNG(8, 6)},
         {"pledit.bmp", smallPNG(4, 3)},
         {"volume.bmp", sheet},
-        {"eqmain.bmp", sheet},
+        {"text.bmp", encodeBMP(*SkinKit::GeneratedBaseSkin::sheet("TEXT"), 4)},
         {"region.txt", bytes(region)},
-        {"normal.cur", curFile(cursorPicture(encodeBMP(smallPicture(), 4)))}
-    });
-    files["Skin/modern.wal"] = storedZip({
-        {"skin.xml", bytes("<x/>")},
-        {"main.bmp", sheet        }
-    });
+        {"viscolor.txt", bytes("1,2,3\n4 5 6\n")},
+        {"pledit.txt", bytes("[Text]\nNormal=#12345\n")},
+        {"normal.cur", curFile(cursorPicture(encodeBMP(smallPicture(), 4)))},
+    };
+    // Stored, not compressed, so that a changed byte is a changed byte of a file.
+    ZipWriter sheets;
+    for (const auto& [name, content] : skin)
+        sheets.add({.name = name, .data = content, .method = 0});
+    files["Skin/sheets.wsz"] = sheets.bytes();
+    files["Skin/modern.wal"] = ZipWriter().add({.name = "skin.xml"}).add("main.bmp", sheet).bytes();
 }
 
 }

@@ -1,25 +1,30 @@
-#include "tests/hostile/HostileFiles.h"
-
 #include "SkinKit/Base/Unicode.h"
 #include "SkinKit/Formats/SkinCursors.h"
 #include "SkinKit/Sprites/SkinSprites.h"
 #include "tests/support/BMPWriter.h"
 #include "tests/support/CursorWriter.h"
 #include "tests/support/PNGFile.h"
+#include "tests/support/Program.h"
 #include "tests/support/SkinBuilder.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/support/ZipWriter.h"
+
+#include <gtest/gtest.h>
 
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-namespace hostile {
+// Skins made to cost whoever opens them as much as possible, memory, time, or both, one for each
+// class of cost; what the programs make of them, and at what cost. With --print, a table of that
+// in Markdown.
 namespace {
 
 using namespace support;
@@ -259,19 +264,25 @@ constexpr PNGHeader deepestPNG{
 // A PNG of zeros, every row filtered in the way that takes longest.
 ByteBuffer pngOfZeros(const PNGHeader& header)
 {
-    struct Pass {
-        std::uint32_t columns, rows; // one in so many
+    using Pass = std::pair<std::size_t, std::size_t>; // one in so many columns, and rows
+    std::vector<Pass> passes{
+        {1, 1}
     };
-    // clang-format off
-    constexpr Pass interlacing[] = {{8, 8}, {8, 8}, {4, 8}, {4, 4}, {2, 4}, {2, 2}, {1, 2}};
-    constexpr Pass whole[] = {{1, 1}};
-    // clang-format on
+    if (header.isInterlaced)
+        passes = {
+            {8, 8},
+            {8, 8},
+            {4, 8},
+            {4, 4},
+            {2, 4},
+            {2, 2},
+            {1, 2}
+        };
     ByteBuffer rows;
-    for (const auto& pass : header.isInterlaced ? std::span<const Pass>(interlacing) : whole)
-        for (std::uint32_t y = 0; y < header.height / pass.rows; ++y) {
+    for (const auto& [columns, lines] : passes)
+        for (std::size_t y = 0; y < header.height / lines; ++y) {
             rows.push_back(4);
-            rows.resize(rows.size() + std::size_t{header.width} / pass.columns * header.depth / 2,
-                        0);
+            rows.resize(rows.size() + header.width / columns * header.depth / 2, 0);
         }
     return pngFile(header, pngChunk("IDAT", zlibStream(rows)));
 }
@@ -295,8 +306,20 @@ ByteBuffer compressedText()
     return pngChunk("zTXt", content);
 }
 
+struct HostileFile {
+    std::string_view name; // letters and digits
+    std::string_view what;
+    // Makes the file or folder that is then opened.
+    void (*make)(const path& path);
+
+    friend std::ostream& operator<<(std::ostream& stream, const HostileFile& file)
+    {
+        return stream << file.what;
+    }
+};
+
 // clang-format off
-constexpr HostileFile table[] = {
+constexpr HostileFile files[] = {
     // Archives and folders.
     {"LyingBombs", "65,535 entries that share one stream of 1 GiB and say 1,000 bytes",
      [](const path& file) { writeSharing(file, deflatedZeros(1024), 1000); }},
@@ -401,13 +424,7 @@ constexpr HostileFile table[] = {
 };
 // clang-format on
 
-}
-
-std::span<const HostileFile> files()
-{
-    return table;
-}
-
+// In a process of its own, so that this one's memory stays as small as it was.
 void make(const HostileFile& file, const path& path)
 {
     const pid_t child = ::fork();
@@ -420,4 +437,94 @@ void make(const HostileFile& file, const path& path)
         throw std::runtime_error("can't make " + std::string(file.name));
 }
 
+// A program, every form of it that opens a single skin, and what one file may cost it. Each file's
+// largest cost of all forms is printed, and the result of the first.
+struct Program {
+    const char* path;
+    std::vector<const char*> forms;
+    double processorSeconds;
+    double peakMiB;
+};
+const Program programs[] = {
+    {SKINTOOL_PROGRAM,
+     {"-v --state idle --png OUT SKIN", "--state webamp --scale 8 --png OUT SKIN",
+      "info --json SKIN", "preview --out OUT SKIN", "windows --out OUT SKIN"},
+     5,                                                                           640},
+    {THUMBNAILER_PROGRAM, {"SKIN OUT", "-s 4096 SKIN OUT"},                    3, 256},
+};
+
+// The outcomes of the forms, up to the first that fails: the others load the skin alike.
+std::vector<Outcome> tryForms(const Program& program, const std::filesystem::path& skin)
+{
+    const support::TemporaryFolder folder;
+    std::vector<Outcome> outcomes;
+    for (const char* const form : program.forms) {
+        auto words = support::words(form);
+        std::ranges::replace(words, "SKIN", skin.string());
+        std::ranges::replace(words, "OUT", (folder / form).string());
+        outcomes.push_back(support::run(program.path, words, {.maxProcessorSeconds = 20}));
+        if (outcomes.back().status != 0)
+            break;
+    }
+    return outcomes;
+}
+
+void printCells(const std::vector<Outcome>& outcomes, const std::string& skin)
+{
+    std::string line = outcomes[0].err.substr(0, outcomes[0].err.find('\n'));
+    if (const auto place = line.find(skin + ": "); place != line.npos)
+        line.erase(0, place + skin.size() + 2);
+    if (outcomes[0].status == 0)
+        line.insert(0, line.empty() ? "drawn" : "drawn; ");
+    const auto most = [&](double Outcome::* cost) {
+        return std::ranges::max(outcomes, {}, cost).*cost;
+    };
+    std::printf(" %s | %.2f | %.0f |", line.c_str(), most(&Outcome::processorSeconds),
+                most(&Outcome::peakMiB));
+}
+
+void printTable()
+{
+    std::puts("| file | what it is | skintool | s | MiB | velmar-thumbnailer | s | MiB |\n"
+              "|---|---|---|---:|---:|---|---:|---:|");
+    for (const HostileFile& file : files) {
+        const support::TemporaryFolder folder;
+        make(file, folder / "skin");
+        std::printf("| %s | %s |", file.name.data(), file.what.data());
+        for (const Program& program : programs)
+            printCells(tryForms(program, folder / "skin"), folder / "skin");
+        std::puts("");
+        std::fflush(stdout);
+    }
+}
+
+class Hostile : public testing::TestWithParam<HostileFile> {};
+
+}
+
+TEST_P(Hostile, CostsNoMoreThanTheBounds)
+{
+    const support::TemporaryFolder folder;
+    make(GetParam(), folder / "skin");
+    for (const Program& program : programs)
+        for (const Outcome& outcome : tryForms(program, folder / "skin")) {
+            // It ends in order, either way, and says in a line what is wrong.
+            EXPECT_TRUE(outcome.status == 0 ||
+                        (outcome.status == 2 && std::ranges::count(outcome.err, '\n') == 1))
+                << outcome;
+            EXPECT_LT(outcome.processorSeconds, program.processorSeconds) << program.path;
+            EXPECT_LT(outcome.peakMiB, program.peakMiB) << program.path;
+        }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, Hostile, testing::ValuesIn(files),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    if (argc < 2 || std::string_view(argv[1]) != "--print")
+        return RUN_ALL_TESTS();
+    printTable();
+    return 0;
 }

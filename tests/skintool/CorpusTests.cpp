@@ -1,14 +1,8 @@
-#include "SkinKit/Tooling/CommandLine/CorpusOptions.h"
-#include "SkinKit/Tooling/Corpus/CorpusRunner.h"
-#include "tests/support/BMPWriter.h"
+#include "SkinKit/Tooling/Corpus/CorpusRecord.h"
+#include "tests/skintool/Skintool.h"
 #include "tests/support/Collection.h"
 #include "tests/support/Pictures.h"
-#include "tests/support/Program.h"
-#include "tests/support/SkinBuilder.h"
-#include "tests/support/TemporaryFolder.h"
 #include "tests/support/ZipWriter.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
@@ -20,63 +14,32 @@ using namespace SkinKit;
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 using support::bytes;
-using support::Outcome;
-using support::TemporaryFolder;
 
 namespace {
 
-using Words = std::vector<std::string>;
-
-// One that takes long to read and a lot of memory, by sheets that are as large as may be.
-ByteBuffer slowArchive()
-{
-    const auto largest = support::encodeRLE(support::solidImage({4096, 2048}, {1, 2, 3}), 8);
-    support::ZipWriter zip;
-    for (const auto* name : {"main.bmp", "text.bmp", "titlebar.bmp", "volume.bmp", "posbar.bmp",
-                             "eqmain.bmp", "pledit.bmp", "gen.bmp"})
-        zip.add(name, largest);
-    return zip.bytes();
-}
-
-class Corpus : public testing::Test {
+class Corpus : public SkintoolTest {
 protected:
-    Words command(const Words& more = {}) const
+    static Outcome run(const std::string& more = {})
     {
-        Words words{"corpus", skins.string(), "--out", out.string()};
-        words.insert(words.end(), more.begin(), more.end());
-        return words;
+        return skintool("corpus skins --out out " + more);
     }
-    Outcome run(const Words& more = {}, long limitBytes = 0) const
+    static void addSamples(std::size_t count)
     {
-        return support::run(SKINTOOL_PROGRAM, command(more), limitBytes);
+        support::writeCollection("skins", support::readFolder(SKINKIT_SAMPLES), count);
     }
-    void add(const std::string& name, ByteView content) const
+    // Skins that take long to read and a lot of memory, by sheets that are as large as may be; so
+    // many that the watchdog finds one being read, however late it wakes.
+    static void addSlowSkins()
     {
-        fs::create_directories(skins);
-        folder.write("skins/" + name, content);
-    }
-
-    // Enough of them that the watchdog finds one in hand, however late it wakes.
-    void addSlowSkins() const
-    {
-        const auto archive = slowArchive();
-        for (std::size_t i = 0; i < slowSkins; ++i)
-            add(std::to_string(i) + ".wsz", support::withComment(archive, std::to_string(i)));
+        const auto largest = support::encodeRLE(support::solidImage({4096, 2048}, {1, 2, 3}), 8);
+        support::ZipWriter zip;
+        for (const auto* name : {"main.bmp", "text.bmp", "titlebar.bmp", "volume.bmp", "posbar.bmp",
+                                 "eqmain.bmp", "pledit.bmp", "gen.bmp"})
+            zip.add(name, largest);
+        support::writeCollection("skins", {zip.bytes()}, slowSkins);
     }
 
-    std::vector<CorpusRecord> records() const
-    {
-        return CorpusRecords::readAll(out / "results.jsonl").value();
-    }
-    // As when the process died while it wrote.
-    void tearLastLine(std::uintmax_t bytes) const
-    {
-        std::error_code missing;
-        const auto size = fs::file_size(out / "results.jsonl", missing);
-        if (!missing)
-            fs::resize_file(out / "results.jsonl", size - std::min(size, bytes));
-    }
-
+    static std::vector<CorpusRecord> records() { return CorpusRecords::readAll(file).value(); }
     static constexpr int maxKills = 1000;
 
     // Kills the run at random moments, tearing its last line, until one ends by itself; how often.
@@ -85,18 +48,20 @@ protected:
         for (int kills = 0; kills < maxKills; ++kills) {
             const auto life = longestLife * std::uniform_real_distribution<double>(0, 1)(random_);
             const auto outcome =
-                support::runAndKill(SKINTOOL_PROGRAM, command({"--resume"}),
-                                    std::chrono::duration_cast<std::chrono::microseconds>(life));
+                support::run(SKINTOOL_PROGRAM, support::words("corpus skins --out out --resume"),
+                             {.life = std::chrono::duration_cast<std::chrono::microseconds>(life)});
             if (outcome.status == 0)
                 return kills;
             EXPECT_EQ(outcome.status, 128 + SIGKILL) << outcome.err;
-            tearLastLine(random_() % 40);
+            const auto size = fs::exists(file) ? fs::file_size(file) : 0;
+            if (size > 0)
+                fs::resize_file(file, size - std::min<std::uintmax_t>(size, random_() % 40));
         }
         return maxKills;
     }
 
     // The results by path, without what no two runs have in common. Fails when a path has two.
-    std::map<std::string, CorpusRecord> results() const
+    static std::map<std::string, CorpusRecord> results()
     {
         std::map<std::string, CorpusRecord> byPath;
         for (auto record : records()) {
@@ -110,9 +75,7 @@ protected:
     }
 
     static constexpr std::size_t slowSkins = 8;
-    const TemporaryFolder folder;
-    const fs::path skins = folder / "skins";
-    const fs::path out = folder / "out";
+    inline static const fs::path file = "out/results.jsonl";
 
 private:
     std::mt19937 random_{20240717};
@@ -122,39 +85,23 @@ private:
 
 TEST_F(Corpus, RunsACollectionAndSaysWhereTheResultsAre)
 {
-    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 5);
-    add("broken.wsz", bytes("no archive"));
-    add("twin.zip", bytes("no archive"));
-    const auto outcome = run();
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "files:     7\n"
-                           "unique:    6\n"
-                           "attempted: 6 in this run\n"
-                           "results:   " +
-                               (out / "results.jsonl").string() + "\n");
-    EXPECT_EQ(outcome.err, "[1/6] ok 100.0% partial 0.0% failed 0.0% modern 0.0%\n"
-                           "[6/6] ok 83.3% partial 0.0% failed 16.7% modern 0.0%\n");
+    addSamples(5);
+    write("skins/broken.wsz", bytes("no archive"));
+    write("skins/twin.zip", bytes("no archive"));
+    EXPECT_EQ(run(), (Outcome{0,
+                              "files:     7\nunique:    6\nattempted: 6 in this run\n"
+                              "results:   out/results.jsonl\n",
+                              "[1/6] ok 100.0% partial 0.0% failed 0.0% modern 0.0%\n"
+                              "[6/6] ok 83.3% partial 0.0% failed 16.7% modern 0.0%\n"}));
     EXPECT_EQ(results().size(), 7U);
     EXPECT_EQ(results().at("twin.zip").of, "broken.wsz");
-
-    EXPECT_TRUE(run({"--resume"}).out.contains("\nattempted: 0 in this run\n"));
-    EXPECT_EQ(run({"--timeout", "0"}).err,
-              "skintool: --timeout needs a positive number of seconds\n" +
-                  std::string(CorpusOptions::usage) + "\n");
+    EXPECT_TRUE(run("--resume").out.contains("\nattempted: 0 in this run\n"));
 }
 
-TEST_F(Corpus, WritesNothingForACollectionThatIsNotThere)
-{
-    const auto outcome = run();
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "skintool: " + skins.string() + ": No such file or directory\n");
-    EXPECT_FALSE(fs::exists(out));
-}
-
-TEST_F(Corpus, EndsWith124WhenASkinTakesTooLongAndGoesOnWithTheNext)
+TEST_F(Corpus, EndsWhenASkinTakesTooMuchTimeOrMemoryAndGoesOnWithTheNext)
 {
     addSlowSkins();
-    const auto outcome = run({"--timeout", "0.001"});
+    const auto outcome = run("--timeout 0.001");
     EXPECT_EQ(outcome.status, 124);
     const auto verdict = records().back();
     EXPECT_EQ(verdict.status, "timeout");
@@ -162,61 +109,39 @@ TEST_F(Corpus, EndsWith124WhenASkinTakesTooLongAndGoesOnWithTheNext)
     EXPECT_TRUE(outcome.err.ends_with("skintool: " + *verdict.path + ": " + *verdict.error + "\n"))
         << outcome.err;
 
-    EXPECT_EQ(run({"--resume"}).status, 0);
-    const auto found = results();
-    EXPECT_EQ(found.size(), slowSkins);
-    for (const auto& [path, record] : found)
-        EXPECT_EQ(record.status == "timeout", path == verdict.path) << path;
-}
-
-TEST_F(Corpus, EndsWith125WhenTheProcessTakesTooMuchMemory)
-{
-    addSlowSkins();
-    EXPECT_EQ(run({"--timeout", "3", "--max-memory", "1"}).status, 125);
+    EXPECT_EQ(run("--resume --max-memory 1").status, 125);
     EXPECT_EQ(records().back().status, "memory");
     EXPECT_EQ(records().back().error, "footprint over 1 MiB");
-}
 
-TEST_F(Corpus, StopsWhenTheDiskIsFullAndKeepsWhatIsWritten)
-{
-    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 50);
-    constexpr long limit = 8000;
-    const auto outcome = run({}, limit);
-    EXPECT_EQ(outcome.status, 2);
-    EXPECT_TRUE(outcome.err.ends_with("skintool: " + (out / "results.jsonl").string() +
-                                      ": File too large\n"))
-        << outcome.err;
-    EXPECT_GT(results().size(), 5U);
-    EXPECT_EQ(run({"--resume"}).status, 0);
-    EXPECT_EQ(results().size(), 50U);
-    for (const auto& [path, record] : results())
-        EXPECT_EQ(record.status, "ok") << path; // none counts as crashed
+    EXPECT_EQ(run("--resume").status, 0);
+    EXPECT_EQ(results().size(), slowSkins);
+    EXPECT_EQ(results().at(*verdict.path).status, "timeout");
 }
 
 TEST_F(Corpus, SaysThatItWasInterruptedAndEndsByTheSignal)
 {
     addSlowSkins();
     const auto outcome = support::run("/bin/bash", {"-c", R"sh(
-        "$1" corpus "$2" --out "$3" &
-        until [ -s "$3/results.jsonl" ]; do sleep 0.01; done
+        "$1" corpus skins --out out &
+        until [ -s out/results.jsonl ]; do sleep 0.01; done
         kill -TERM $!
         wait $!)sh",
-                                                    "script", SKINTOOL_PROGRAM, skins, out});
+                                                    "script", SKINTOOL_PROGRAM});
     EXPECT_EQ(outcome.status, 128 + SIGTERM);
     const auto left = std::to_string(slowSkins - results().size());
     EXPECT_TRUE(
         outcome.err.ends_with("skintool: interrupted, " + left + " left, continue with --resume\n"))
         << outcome.err;
-    EXPECT_EQ(run({"--resume"}).status, 0);
+    EXPECT_EQ(run("--resume").status, 0);
     EXPECT_EQ(results().size(), slowSkins);
 }
 
 TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
 {
-    support::writeCollection(skins, support::readFolder(SKINKIT_SAMPLES), 60);
-    add("broken.wsz", bytes("no archive"));
-    add("twin.wsz", bytes("no archive"));
-    add("modern.wsz", support::SkinBuilder().text("skin.xml", "").zip());
+    addSamples(60);
+    for (const auto* name : {"skins/broken.wsz", "skins/twin.wsz"})
+        write(name, bytes("no archive"));
+    write("skins/modern.wsz", support::SkinBuilder().text("skin.xml", "").zip());
     const auto start = Clock::now();
     ASSERT_EQ(run().status, 0);
     const auto undisturbedTime = Clock::now() - start;
@@ -225,7 +150,7 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
     // Killed sooner when that was too seldom: the first run may have been a slow one.
     int kills = 0;
     for (auto longestLife = undisturbedTime / 5; kills <= 3; longestLife /= 4) {
-        fs::remove_all(out);
+        fs::remove_all("out");
         kills = killUntilDone(std::chrono::duration<double>(longestLife));
         ASSERT_LT(kills, maxKills);
     }
@@ -241,7 +166,7 @@ TEST_F(Corpus, LosesNothingWhenItIsKilledAgainAndAgain)
     EXPECT_LE(crashes, kills);
 
     // A line that was cut off stands alone.
-    std::ifstream lines(out / "results.jsonl");
+    std::ifstream lines(file);
     int cut = 0;
     for (std::string line; std::getline(lines, line);)
         if (!CorpusRecord::parse(line)) {

@@ -10,13 +10,6 @@ namespace support {
 
 namespace fs = std::filesystem;
 
-ByteBuffer withComment(ByteBuffer archive, std::string_view comment)
-{
-    put16(archive, archive.size() - 2, static_cast<std::uint32_t>(comment.size()));
-    append(archive, SkinKit::asBytes(comment));
-    return archive;
-}
-
 std::vector<ByteBuffer> readFolder(const fs::path& folder)
 {
     std::vector<fs::path> paths(fs::directory_iterator(folder), fs::directory_iterator{});
@@ -35,8 +28,10 @@ void writeCollection(const fs::path& folder, const std::vector<ByteBuffer>& mode
         const auto below = folder / std::to_string(i / skinsInAFolder);
         fs::create_directories(below);
         const std::string number = std::to_string(i);
-        const auto bytes = withComment(models[i % models.size()], number);
-        std::ofstream(below / (number + ".wsz"), std::ios::binary) << SkinKit::asText(bytes);
+        auto archive = models[i % models.size()];
+        put16(archive, archive.size() - 2, static_cast<std::uint32_t>(number.size()));
+        append(archive, bytes(number));
+        std::ofstream(below / (number + ".wsz"), std::ios::binary) << SkinKit::asText(archive);
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "SkinKit/Tooling/CommandLine/CommandLine.h"
-#include "tests/support/Words.h"
+#include "tests/support/Program.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ template <typename Options>
 void expectParsed(std::initializer_list<CommandLineRow<Options>> rows)
 {
     for (const auto& row : rows) {
-        const auto parsed = Options::parse(words(row.line));
+        const auto parsed = Options::parse(words(std::string(row.line)));
         EXPECT_EQ(parsed, row.expected)
             << row.line << (parsed ? "" : ": " + parsed.error().description);
     }

@@ -20,11 +20,6 @@ void redirect(int stream, const std::filesystem::path& path, int flags)
     ::close(descriptor);
 }
 
-std::string textOf(const std::filesystem::path& path)
-{
-    return std::string(SkinKit::asText(readFile(path)));
-}
-
 using Words = std::vector<std::string>;
 
 void limit(__rlimit_resource resource, long most)
@@ -54,9 +49,9 @@ std::vector<char*> pointersTo(Words& words)
     return pointers;
 }
 
-// Runs a program to its end; `whileRunning` is called with its process number.
-Outcome run(const std::filesystem::path& program, const Words& arguments, const Setting& setting,
-            const auto& whileRunning)
+}
+
+Outcome run(const std::filesystem::path& program, const Words& arguments, const Setting& setting)
 {
     const TemporaryFolder folder;
     // There before the program is, which may be killed at once.
@@ -81,37 +76,21 @@ Outcome run(const std::filesystem::path& program, const Words& arguments, const 
     }
     int status = 0;
     rusage used{};
-    if (child > 0)
-        whileRunning(child);
+    if (child > 0 && setting.life) {
+        std::this_thread::sleep_for(*setting.life);
+        ::kill(child, SIGKILL);
+    }
     if (child < 0 || ::wait4(child, &status, 0, &used) != child)
         throw std::runtime_error("can't run " + program.string());
     const auto seconds = [](const timeval& time) {
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
     };
+    const auto textOf = [](const auto& path) {
+        return std::string(SkinKit::asText(readFile(path)));
+    };
     return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), textOf(out),
             textOf(err), seconds(used.ru_utime) + seconds(used.ru_stime),
             static_cast<double>(used.ru_maxrss) / 1024};
-}
-
-}
-
-Outcome run(const std::filesystem::path& program, const Words& arguments, long limitBytes)
-{
-    return run(program, arguments, Setting{.maxFileBytes = limitBytes});
-}
-
-Outcome run(const std::filesystem::path& program, const Words& arguments, const Setting& setting)
-{
-    return run(program, arguments, setting, [](pid_t) {});
-}
-
-Outcome runAndKill(const std::filesystem::path& program, const Words& arguments,
-                   std::chrono::microseconds life)
-{
-    return run(program, arguments, Setting(), [life](pid_t child) {
-        std::this_thread::sleep_for(life);
-        ::kill(child, SIGKILL);
-    });
 }
 
 }

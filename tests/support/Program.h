@@ -2,7 +2,10 @@
 
 #include <chrono>
 #include <filesystem>
+#include <iterator>
+#include <optional>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -39,6 +42,8 @@ struct Setting {
     unsigned seconds = 0;               // until SIGALRM ends it
     std::vector<std::string> variables; // "NAME=value", besides those that we have
     std::vector<int> closedStreams;     // of 0, 1 and 2
+    // After which SIGKILL ends it.
+    std::optional<std::chrono::microseconds> life;
 };
 
 // Runs a program to its end, with nothing on standard input.
@@ -46,11 +51,17 @@ Outcome run(const std::filesystem::path& program, const std::vector<std::string>
             const Setting& setting);
 
 // The same with a limit on the size of every file it writes, unless it is 0.
-Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
-            long limitBytes = 0);
+inline Outcome run(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+                   long limitBytes = 0)
+{
+    return run(program, arguments, Setting{.maxFileBytes = limitBytes});
+}
 
-// Kills the program (SIGKILL) when it still runs after that time.
-Outcome runAndKill(const std::filesystem::path& program, const std::vector<std::string>& arguments,
-                   std::chrono::microseconds life);
+// A command line as its arguments, none of which has a blank in it.
+inline std::vector<std::string> words(const std::string& line)
+{
+    std::istringstream stream(line);
+    return {std::istream_iterator<std::string>(stream), {}};
+}
 
 }
