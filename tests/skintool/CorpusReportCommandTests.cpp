@@ -47,6 +47,8 @@ TEST_F(ReportCommand, SaysWhatCannotBeReadAndWritesNothing)
     EXPECT_EQ(run(), failure("r.jsonl: No such file or directory"));
     write("r.jsonl", support::bytes("[\n{\"path\":\"a.wsz\"}\n]\n")); // a listing
     EXPECT_EQ(run(), failure("no results in r.jsonl"));
+    write("r.jsonl", support::bytes("{\"event\":\"push\"}\n{\"event\":\"end\"}\n"));
+    EXPECT_EQ(run(), failure("no results in r.jsonl"));
     writeResults("ok");
     EXPECT_EQ(run("--env none"), failure("none: No such file or directory"));
     EXPECT_EQ(run("--crashes none"), failure("none: No such file or directory"));

@@ -11,12 +11,13 @@ TEST_F(SkintoolTest, NeverOverwritesAnInput)
 {
     const auto picture = *SkinKit::PNGWriter::data(support::solidImage({275, 116}, {1, 2, 3}));
     const auto archive = SkinBuilder().allSheets().zip();
-    for (const auto* name : {"refs2", "logs", "run2", "site"})
+    for (const auto* name : {"refs2", "logs", "run2", "run3", "site"})
         fs::create_directory(name);
     write("all.png", archive);
     write("refs/all.png", picture);
     write("refs/new.diff.png", picture);
     write("skins/a.wsz", archive);
+    write("skins/sub/b.wsz", archive);
     write("r.jsonl", bytes("{}\n"));
     write("env.json", bytes("{}"));
     write("run/listing.json", bytes("[]"));
@@ -28,6 +29,7 @@ TEST_F(SkintoolTest, NeverOverwritesAnInput)
     fs::create_symlink("new.diff.png", "refs/sk.png");
     fs::create_hard_link("sk/main.png", "hard");
     fs::create_hard_link("r.jsonl", "hard.jsonl");
+    fs::create_hard_link("skins/sub/b.wsz", "run3/results.jsonl");
 
     const std::string itself = "is the skin itself";
     const std::string part = "would be read as a file of the skin";
@@ -55,6 +57,10 @@ TEST_F(SkintoolTest, NeverOverwritesAnInput)
          "run/listing.json", "is the manifest itself"},
         {"corpus skins --out run2",
          "run2/results.jsonl", "would be read as a skin of the collection"},
+        {"corpus skins --out run3",
+         "run3/results.jsonl", "would be read as a skin of the collection"},
+        {"corpus skins --out run --manifest run/results.jsonl~",
+         "run/results.jsonl~", "is the manifest itself"}, // where earlier results would go
         {report + "--markdown r.jsonl",                   "r.jsonl",          results},
         {report + "--json hard.jsonl",                    "hard.jsonl",       results},
         {report + "--env env.json --json env.json",

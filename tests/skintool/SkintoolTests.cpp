@@ -1,4 +1,5 @@
 #include "tests/skintool/Skintool.h"
+#include "tests/support/ZipWriter.h"
 
 #include "SkinKit/Graphics/PNGWriter.h"
 #include "SkinKit/Pages/PreviewDocument.h"
@@ -83,6 +84,14 @@ TEST_F(SkintoolTest, SummarisesASkinAndItsNotesOnRequest)
     EXPECT_TRUE(
         outcome.out.ends_with("fallback: pledit.txt normal '\\x1B[31m\uFFFD' unusable; default\n"))
         << outcome;
+
+    write("locked.wsz",
+          support::ZipWriter{}
+              .add({.name = "main.bmp", .data = bytes("x"), .flags = 1})
+              .add("text.bmp", support::encodeBMP(support::solidImage({155, 18}, {}), 8))
+              .bytes());
+    EXPECT_EQ(skintool("locked.wsz").err,
+              "skintool: files left out because they are encrypted: 1\n");
 }
 
 TEST_F(SkintoolTest, RendersArchivesAndFoldersAsTheLibraryDoes)

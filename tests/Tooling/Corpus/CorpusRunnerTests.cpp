@@ -48,7 +48,8 @@ protected:
     {
         const CorpusRunner::Callbacks callbacks{
             .advance = [this](const auto& progress) { onStep(progress); },
-            .note = [this](const std::string& text) { notes.push_back(text); }};
+            .note = [this](const std::string& text) { notes.push_back(text); },
+            .isCancelled = [this] { return isCancelled(); }};
         const auto print = [this](const std::string& line) { lines.push_back(line); };
         return CorpusRunner(folder / "skins", folder / "a/out", config, hooks, print, callbacks)
             .run();
@@ -78,6 +79,7 @@ protected:
     // What processing a skin does, and the status that it gives.
     std::function<std::string(const fs::path&)> onSkin = [](const fs::path&) { return "ok"; };
     std::function<void(const CorpusRunner::Progress&)> onStep = [](const auto&) {};
+    std::function<bool()> isCancelled = [] { return false; };
     CorpusRunner::Hooks hooks{
         .process =
             [this](const fs::path& file) {
@@ -255,6 +257,29 @@ TEST_F(CorpusRun, EndsWhereAnotherRunWritesOrItsResultsAreDeleted)
     EXPECT_EQ(error(), results.string() + ": deleted or renamed while the run was writing to it");
     EXPECT_EQ(second, results.string() + ": another run is writing to it");
     EXPECT_EQ(processed, Names{"a.wsz"});
+}
+
+TEST_F(CorpusRun, StopsInEveryPhaseWhenItIsCancelled)
+{
+    using Phase = CorpusRunner::Progress::Phase;
+    add("a.wsz", "a");
+    add("b.wsz", "b");
+    add("twin.wsz", "a");
+    const std::pair<Phase, Totals> rows[] = {
+        {Phase::listing,    {.files = 3, .left = 3}                             },
+        {Phase::running,    {.files = 3, .unique = 2, .left = 2}                },
+        {Phase::duplicates, {.files = 3, .unique = 2, .attempted = 2, .left = 1}},
+    };
+    Phase current{};
+    onStep = [&](const auto& progress) { current = progress.phase; };
+    for (auto [phase, expected] : rows) {
+        isCancelled = [&] { return current == phase; };
+        expected.cancelled = true;
+        EXPECT_EQ(run(), expected);
+        EXPECT_EQ(fs::exists(folder / "a/out/listing.json"), phase != Phase::listing);
+        for (const auto& record : records())
+            EXPECT_TRUE(record.event != "end" && !record.of);
+    }
 }
 
 TEST_F(CorpusRun, OpensFilesWhoseNamesAreNotTextAlsoOnResume)
