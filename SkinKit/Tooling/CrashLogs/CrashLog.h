@@ -2,7 +2,6 @@
 
 #include "SkinKit/System/Files.h"
 
-
 #include <filesystem>
 #include <string>
 #include <string_view>
